@@ -1,0 +1,1 @@
+#error "net-snmp belongs to snmp/ alone"

@@ -1,0 +1,1 @@
+#error "JSON belongs to documents/ alone"

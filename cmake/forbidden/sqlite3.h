@@ -1,0 +1,1 @@
+#error "SQLite belongs to store/ alone"

@@ -1,0 +1,1 @@
+#error "workbooks belong to documents/ alone"

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sentrel {
+
+/// The line end of every text of several lines.
+inline constexpr std::string_view kCrLf = "\r\n";
+
+/// Removes blanks (U+0020 only) from both ends.
+std::string_view TrimBlanks(std::string_view text);
+
+/// All pieces between the separators: one more than there are separators. The separator must not
+/// be empty.
+std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
+
+/// Replaces every occurrence of `from` (not empty), left to right.
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
+
+/// Letters A to Z in upper case; everything else unchanged.
+std::string UpperCase(std::string_view text);
+
+}  // namespace sentrel
