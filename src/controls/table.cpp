@@ -21,7 +21,9 @@ Table::Table() : rows_(1) {}
 
 void Table::SetRows(int rows) {
   if (rows < 1) throw Failure("A table always has its header row.");
-  rows_.resize(static_cast<size_t>(rows), RowContent{std::vector<std::string>(columns_.size()), "", 0});
+  RowContent empty;
+  empty.cells.resize(columns_.size());
+  rows_.resize(static_cast<size_t>(rows), empty);
   KeepSelectionInside();
   Changed();
 }
@@ -105,7 +107,9 @@ const std::string& Table::Cell(int row, int col) const {
 
 void Table::SetCell(int row, int col, std::string text) {
   Require("column", col, 0, Cols());
-  RowAt(row).cells[static_cast<size_t>(col)] = std::move(text);
+  RowContent& content = RowAt(row);
+  content.cells[static_cast<size_t>(col)] = std::move(text);
+  content.version = ++lastVersion_;
   Changed();
 }
 
@@ -114,8 +118,10 @@ void Table::SetRowData(int row, std::string data) { RowAt(row).data = std::move(
 void Table::AddItem(const std::string& text, int index) {
   Require("row", index, 1, Rows() + 1);
   const auto pieces = Split(text, "\t");
-  RowContent row{{pieces.begin(), pieces.end()}, "", 0};
+  RowContent row;
+  row.cells.assign(pieces.begin(), pieces.end());
   row.cells.resize(columns_.size());
+  row.version = ++lastVersion_;
   rows_.insert(rows_.begin() + index, std::move(row));
   if (observer_) observer_->RowInserted(index);
   Changed();

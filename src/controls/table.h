@@ -76,6 +76,9 @@ class Table {
   /// UTF-8 text of a cell; CR LF separates its lines.
   const std::string& Cell(int row, int col) const;
   void SetCell(int row, int col, std::string text);
+  /// A number that changes with every change of a row's cells and is never used twice, so that a
+  /// view can keep what it worked out from them.
+  std::uint64_t RowVersion(int row) const { return RowAt(row).version; }
   /// A text hung on a row and never shown; empty on a row that was never given one.
   const std::string& RowData(int row) const { return RowAt(row).data; }
   void SetRowData(int row, std::string data);
@@ -90,6 +93,7 @@ class Table {
     std::vector<std::string> cells;
     std::string data;
     int height = 0;
+    std::uint64_t version = 0;
   };
   struct Column {
     int width = 0;
@@ -106,6 +110,7 @@ class Table {
   TableObserver* observer_ = nullptr;
   std::deque<RowContent> rows_;
   std::vector<Column> columns_;
+  std::uint64_t lastVersion_ = 0;
   int fixedCols_ = 0;
   int row_ = 0;
   int col_ = 0;
