@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "console/main_form.h"
 #include "console/row_builder.h"
@@ -10,7 +11,7 @@
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
 #include "settings/settings.h"
-#include "snmp/listener.h"
+#include "snmp/net_snmp_listener.h"
 
 namespace sentrel {
 
@@ -18,6 +19,8 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
+  /// Where what outlives a run is kept for this user, or for the machine when run as root.
+  std::string stateFolder;
 };
 
 /// The whole program, put together. Needs a QApplication. Members stand in the order in which they
