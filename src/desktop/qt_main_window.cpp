@@ -7,11 +7,20 @@
 
 #include "common/failure.h"
 
+namespace {
+
+/// The linker leaves out the resources of a static library unless they are asked for.
+void LoadResources() { Q_INIT_RESOURCE(desktop); }
+
+}  // namespace
+
 namespace sentrel {
 
 QtMainWindow::QtMainWindow(Table& table)
     : inner_(new QWidget(this)), view_(new TableView(table, inner_)) {
+  LoadResources();
   setObjectName("MainForm");
+  setWindowIcon(QIcon(":/icons/sentrel.svg"));
   setCentralWidget(inner_);
   inner_->installEventFilter(this);
   statusBar()->setObjectName("StatusBar");

@@ -79,6 +79,10 @@ void TableView::SyncTitles() {
     if (titles_.headerData(col, Qt::Horizontal).toString() != title) {
       titles_.setHeaderData(col, Qt::Horizontal, title);
     }
+    const bool centered = table_.ColAlignment(col) == Alignment::Center;
+    titles_.setHeaderData(col, Qt::Horizontal,
+                          int(centered ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter),
+                          Qt::TextAlignmentRole);
   }
   syncing_ = false;
 }

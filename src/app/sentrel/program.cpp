@@ -1,7 +1,6 @@
 #include "app/program.h"
 
 #include <QApplication>
-#include <QIcon>
 
 #include "console/globals.h"
 #include "desktop/table_accessible.h"
@@ -32,7 +31,6 @@ Program::Program(const ProgramOptions& options)
       mainForm_(window_, table_, listener_, messageBox_),
       endRequest_([this] { window_.Unload(); }) {
   QApplication::setApplicationName("Sentrel");
-  QApplication::setWindowIcon(QIcon(":/icons/sentrel.svg"));
   InstallTableAccessibility();
   window_.SetEvents(mainForm_);
 }
