@@ -14,6 +14,8 @@ void TrapGate::OnTrap(const Trap& trap) {
   resetTimer_.SetEnabled(true);
 }
 
-bool TrapGate::Accepts(const Trap&) const { return !settings_.Paused(); }
+bool TrapGate::Accepts(const Trap&) const {
+  return !settings_.Paused();
+}
 
 }  // namespace sentrel

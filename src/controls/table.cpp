@@ -113,7 +113,9 @@ void Table::SetCell(int row, int col, std::string text) {
   Changed();
 }
 
-void Table::SetRowData(int row, std::string data) { RowAt(row).data = std::move(data); }
+void Table::SetRowData(int row, std::string data) {
+  RowAt(row).data = std::move(data);
+}
 
 void Table::AddItem(const std::string& text, int index) {
   Require("row", index, 1, Rows() + 1);

@@ -21,7 +21,8 @@ void OnSignal(int) {
 }  // namespace
 
 void Wakeup::Wake() {
-  QMetaObject::invokeMethod(this, [this] { Run(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { Run(); }, Qt::QueuedConnection);
 }
 
 void Wakeup::Run() {

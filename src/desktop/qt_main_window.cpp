@@ -7,12 +7,11 @@
 
 #include "common/failure.h"
 
-namespace {
-
-/// The linker leaves out the resources of a static library unless they are asked for.
-void LoadResources() { Q_INIT_RESOURCE(desktop); }
-
-}  // namespace
+/// The linker leaves out the resources of a static library unless they are asked for, from outside
+/// any namespace.
+static void LoadResources() {
+  Q_INIT_RESOURCE(desktop);
+}
 
 namespace sentrel {
 
@@ -33,26 +32,38 @@ void QtMainWindow::SetCaption(const std::string& caption) {
   setWindowTitle(QString::fromStdString(caption));
 }
 
-void QtMainWindow::SetHelpContext(int number) { setProperty("helpContext", number); }
+void QtMainWindow::SetHelpContext(int number) {
+  setProperty("helpContext", number);
+}
 
 int QtMainWindow::TextWidth(const std::string& text) const {
   return fontMetrics().horizontalAdvance(QString::fromStdString(text));
 }
 
-int QtMainWindow::TextHeight(const std::string&) const { return fontMetrics().height(); }
+int QtMainWindow::TextHeight(const std::string&) const {
+  return fontMetrics().height();
+}
 
-int QtMainWindow::InnerWidth() const { return inner_->width(); }
+int QtMainWindow::InnerWidth() const {
+  return inner_->width();
+}
 
-int QtMainWindow::InnerHeight() const { return inner_->height() + StatusBarHeight(); }
+int QtMainWindow::InnerHeight() const {
+  return inner_->height() + StatusBarHeight();
+}
 
-int QtMainWindow::StatusBarHeight() const { return statusBar()->height(); }
+int QtMainWindow::StatusBarHeight() const {
+  return statusBar()->height();
+}
 
 void QtMainWindow::MoveTable(const Area& area) {
   if (area.width < 0 || area.height < 0) throw Failure("The window has no room for the table.");
   view_->setGeometry(area.left, area.top, area.width, area.height);
 }
 
-void QtMainWindow::Show() { show(); }
+void QtMainWindow::Show() {
+  show();
+}
 
 void QtMainWindow::Unload() {
   if (!unloaded_) {

@@ -13,10 +13,9 @@ std::string QtApplication::ProgramFolder() const {
 
 void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::string& title) {
   QWidget* owner = owner_.isVisible() ? &owner_ : nullptr;
-  QMessageBox box(
-      icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
-      QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
-      QMessageBox::Ok, owner);
+  QMessageBox box(icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
+                  QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
+                  QMessageBox::Ok, owner);
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.exec();
@@ -39,8 +38,8 @@ LocalTime SystemClock::Now() const {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
-  return {local.tm_year + 1900, local.tm_mon + 1,  local.tm_mday,
-          local.tm_hour,        local.tm_min,      local.tm_sec};
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+          local.tm_hour,        local.tm_min,     local.tm_sec};
 }
 
 SystemLocale::SystemLocale() {

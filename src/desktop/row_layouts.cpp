@@ -12,6 +12,9 @@ namespace {
 /// More layouts than any screen shows; beyond it, all are dropped and made anew when needed.
 constexpr size_t kMostLayouts = 512;
 
+/// A little air between lines.
+constexpr double kPitchOfSpacing = 1.2;
+
 }  // namespace
 
 const RowLayout& RowLayouts::Of(int row) {
@@ -33,6 +36,10 @@ void RowLayouts::SetFont(const QFont& font) {
   layouts_.clear();
 }
 
+int RowLayouts::LinePitch() const {
+  return qRound(QFontMetricsF(font_).lineSpacing() * kPitchOfSpacing);
+}
+
 RowLayout RowLayouts::MakeLayout(int row) const {
   RowLayout layout;
   qsizetype mostLines = 1;
@@ -41,7 +48,7 @@ RowLayout RowLayouts::MakeLayout(int row) const {
     layout.cells.push_back(CellLines(table_.Cell(row, col), font_, room));
     mostLines = std::max(mostLines, layout.cells.back().size());
   }
-  const int needed = static_cast<int>(mostLines) * QFontMetrics(font_).lineSpacing() + 2 * kMarginY;
+  const int needed = static_cast<int>(mostLines) * LinePitch() + 2 * kMarginY;
   layout.height = std::max(needed, table_.RowHeight(row));
   return layout;
 }

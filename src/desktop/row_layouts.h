@@ -27,10 +27,11 @@ class RowLayouts {
   /// Columns are as wide as the header shows them, which may be wider than the table's own width.
   void SetColumns(std::vector<int> widths);
   void SetFont(const QFont& font);
-  const QFont& Font() const { return font_; }
+  /// From one line of a cell to the next, in pixels.
+  int LinePitch() const;
 
   /// Blank pixels between a cell's text and its edges.
-  static constexpr int kMarginX = 5;
+  static constexpr int kMarginX = 3;
   static constexpr int kMarginY = 2;
 
  private:

@@ -54,9 +54,13 @@ int RowScroller::RowAt(int y) const {
   return row;
 }
 
-int RowScroller::Value() const { return lastRow_ == 0 ? 0 : ValueOf({top_, above_}); }
+int RowScroller::Value() const {
+  return lastRow_ == 0 ? 0 : ValueOf({top_, above_});
+}
 
-int RowScroller::Maximum() const { return lastRow_ == 0 ? 0 : ValueOf(Lowest()); }
+int RowScroller::Maximum() const {
+  return lastRow_ == 0 ? 0 : ValueOf(Lowest());
+}
 
 void RowScroller::SetValue(int value) {
   if (lastRow_ == 0) return;

@@ -29,7 +29,8 @@ class RowScroller {
   void ScrollBy(int pixels);
   /// Moves as little as shows the row whole, or its top where it is taller than the view.
   void MakeVisible(int row);
-  /// Takes the size of things into account: number of the last row (0 for none), height of the view.
+  /// Takes the size of things into account: number of the last row (0 for none), height of the
+  /// view.
   void SetExtent(int lastRow, int viewHeight);
 
   /// The row at a height of the view; the nearest one above or below the rows. 0 without rows.

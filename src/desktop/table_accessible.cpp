@@ -135,7 +135,9 @@ bool AccessibleCell::isValid() const {
   return row_ < table_.Content().Rows() && col_ < table_.Content().Cols();
 }
 
-QAccessibleInterface* AccessibleCell::parent() const { return &table_; }
+QAccessibleInterface* AccessibleCell::parent() const {
+  return &table_;
+}
 
 QString AccessibleCell::text(QAccessible::Text kind) const {
   if (kind != QAccessible::Name || !isValid()) return {};
@@ -145,10 +147,10 @@ QString AccessibleCell::text(QAccessible::Text kind) const {
 QRect AccessibleCell::rect() const {
   if (!isValid()) return {};
   TableView& view = table_.View();
-  const QRect place = row_ == 0 ? QRect(view.Header()->sectionViewportPosition(col_),
-                                        -view.Header()->height(), view.Header()->sectionSize(col_),
-                                        view.Header()->height())
-                                : view.CellRect(row_, col_);
+  const QRect place =
+      row_ == 0 ? QRect(view.Header()->sectionViewportPosition(col_), -view.Header()->height(),
+                        view.Header()->sectionSize(col_), view.Header()->height())
+                : view.CellRect(row_, col_);
   return {view.viewport()->mapToGlobal(place.topLeft()), place.size()};
 }
 
@@ -166,7 +168,9 @@ QAccessible::State AccessibleCell::state() const {
   return state;
 }
 
-bool AccessibleCell::isSelected() const { return table_.RowSelected(row_); }
+bool AccessibleCell::isSelected() const {
+  return table_.RowSelected(row_);
+}
 
 QList<QAccessibleInterface*> AccessibleCell::columnHeaderCells() const {
   return {table_.cellAt(0, col_)};
@@ -179,6 +183,8 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 
 }  // namespace
 
-void InstallTableAccessibility() { QAccessible::installFactory(MakeInterface); }
+void InstallTableAccessibility() {
+  QAccessible::installFactory(MakeInterface);
+}
 
 }  // namespace sentrel

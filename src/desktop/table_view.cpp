@@ -45,7 +45,9 @@ TableView::TableView(Table& table, QWidget* parent)
   RunFrame();
 }
 
-TableView::~TableView() { table_.SetObserver(nullptr); }
+TableView::~TableView() {
+  table_.SetObserver(nullptr);
+}
 
 void TableView::SetUpHeader() {
   header_->setModel(&titles_);
@@ -167,19 +169,21 @@ void TableView::PaintRow(QPainter& painter, int row, int top) {
 void TableView::PaintCell(QPainter& painter, const QRect& cell, const QStringList& lines,
                           Alignment alignment) {
   const QFontMetrics metrics = painter.fontMetrics();
-  const int spacing = metrics.lineSpacing();
+  const int pitch = layouts_.LinePitch();
+  const int lead = (pitch - metrics.height()) / 2;
   const QRect room = cell.adjusted(RowLayouts::kMarginX, 0, -RowLayouts::kMarginX, 0);
-  const int textHeight = static_cast<int>(lines.size()) * spacing;
+  const int textHeight = static_cast<int>(lines.size()) * pitch;
   int top = cell.top() + (cell.height() - textHeight) / 2;
   for (const QString& line : lines) {
     if (top > viewport()->height()) break;
-    if (top + spacing >= 0) {
+    if (top + pitch >= 0) {
       const int slack = room.width() - metrics.horizontalAdvance(line);
       const bool centered = alignment == Alignment::Center && slack > 0;
-      painter.drawText(centered ? room.left() + slack / 2 : room.left(), top + metrics.ascent(),
+      painter.drawText(centered ? room.left() + slack / 2 : room.left(),
+                       top + lead + metrics.ascent(),
                        slack < 0 ? metrics.elidedText(line, Qt::ElideRight, room.width()) : line);
     }
-    top += spacing;
+    top += pitch;
   }
 }
 
@@ -278,7 +282,9 @@ void TableView::mouseMoveEvent(QMouseEvent* event) {
   DragTo(y);
 }
 
-void TableView::mouseReleaseEvent(QMouseEvent*) { dragScroll_.stop(); }
+void TableView::mouseReleaseEvent(QMouseEvent*) {
+  dragScroll_.stop();
+}
 
 void TableView::DragTo(int y) {
   if (y < 0) scroller_.ScrollBy(y);

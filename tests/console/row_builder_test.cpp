@@ -56,8 +56,7 @@ TEST_F(RowBuilderTest, FillsTheCellsAndTheRecord) {
   EXPECT_EQ(table.Cell(1, 1), "192.0.2.7");
   EXPECT_EQ(table.Cell(1, 2), "public");
   EXPECT_EQ(table.Cell(1, 3), "1.3.6.1.4.1.9");
-  EXPECT_EQ(Details(1),
-            "1.3.6.1.2.1.1.3.0 = 12345\r\n1.3.6.1.6.3.1.1.4.1.0 = 1.3.6.1.6.3.1.1.5.3");
+  EXPECT_EQ(Details(1), "1.3.6.1.2.1.1.3.0 = 12345\r\n1.3.6.1.6.3.1.1.4.1.0 = 1.3.6.1.6.3.1.1.5.3");
   EXPECT_EQ(table.RowData(1),
             "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345::"
             "1.3.6.1.6.3.1.1.4.1.0=6=1.3.6.1.6.3.1.1.5.3::1.3.6.1.6.3.1.1.4.3.0=6=1.3.6.1.4.1.9");
@@ -166,9 +165,14 @@ TEST(RowRecord, EscapesOnlyWhatWouldBreakIt) {
     const char* field;
   };
   const Case cases[] = {
-      {"plain = text", "plain = text"}, {"a:b", "a:b"},        {"a::b", "a\\:\\:b"},
-      {":a", "\\:a"},                   {"a:", "a\\:"},        {"C:\\x", "C:\\\\x"},
-      {"", ""},                         {"fe80::1", "fe80\\:\\:1"},
+      {"plain = text", "plain = text"},
+      {"a:b", "a:b"},
+      {"a::b", "a\\:\\:b"},
+      {":a", "\\:a"},
+      {"a:", "a\\:"},
+      {"C:\\x", "C:\\\\x"},
+      {"", ""},
+      {"fe80::1", "fe80\\:\\:1"},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(RowRecord(TrapOf({{"1.2", c.value}})),
