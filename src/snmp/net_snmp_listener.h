@@ -39,7 +39,7 @@ class NetSnmpListener final : public SNMP {
   ~NetSnmpListener() override;
 
   std::int16_t StartListening() override;
-  ListenFailure Failure() const override { return failure_; }
+  ListenFailure WhyNotListening() const override { return failure_; }
   void StopListening() override;
   void CloseListener() override;
 
