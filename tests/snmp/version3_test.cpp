@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include <regex>
+#include <sstream>
 
 #include "listener_fixture.h"
 
@@ -50,10 +50,11 @@ class Version3Test : public ListenerTest {
   }
   std::string State() const { return ReadFile(folder_.Path() / "state" / "sentrel.conf"); }
   std::string Stored(const std::string& token) const {
-    const std::string state = State();
-    std::smatch match;
-    const bool found = std::regex_search(state, match, std::regex("\n" + token + " ([^\n]*)"));
-    return found ? match[1].str() : "";
+    std::istringstream lines(State());
+    for (std::string line; std::getline(lines, line);) {
+      if (line.starts_with(token + " ")) return line.substr(token.size() + 1);
+    }
+    return "";
   }
 };
 
