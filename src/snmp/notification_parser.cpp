@@ -152,7 +152,8 @@ int NotificationParser::Transmit(netsnmp_transport* transport, const void* bytes
 
 int NotificationParser::AfterParse(netsnmp_session* session, netsnmp_pdu*, int error) {
   auto& parser = *static_cast<NotificationParser*>(session->callback_magic);
-  parser.outcome_ = error == 0 ? Outcome::kUnsupportedPdu : OutcomeOfError(error);
+  if (error == SNMPERR_GENERR) error = session->s_snmp_errno;
+  parser.outcome_ = error == SNMPERR_SUCCESS ? Outcome::kUnsupportedPdu : OutcomeOfError(error);
   return 1;
 }
 
