@@ -13,13 +13,13 @@ namespace sentrel {
 
 const std::vector<FileFormat>& FileFormats() {
   static const std::vector<FileFormat> kFormats = {
-      {"CDF", "Comma-delimited file", "csv", CommaDelimited},
-      {"Text", "Text file", "txt", AlignedText},
-      {"TXT", "Text file", "txt", AlignedText},
-      {"HTML", "Web page", "html", HtmlPage},
-      {"MHTML", "Web archive", "mhtml", MimeArchive},
-      {"XLS", "Excel workbook", "xlsx", Workbook},
-      {"Excel", "Excel workbook", "xlsx", Workbook},
+      {"CDF", "Comma-delimited file", "csv", false, CommaDelimited},
+      {"Text", "Text file", "txt", true, AlignedText},
+      {"TXT", "Text file", "txt", true, AlignedText},
+      {"HTML", "Web page", "html", true, HtmlPage},
+      {"MHTML", "Web archive", "mhtml", true, MimeArchive},
+      {"XLS", "Excel workbook", "xlsx", false, Workbook},
+      {"Excel", "Excel workbook", "xlsx", false, Workbook},
   };
   return kFormats;
 }

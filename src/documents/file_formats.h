@@ -15,6 +15,8 @@ struct FileFormat {
   std::string_view caption;
   /// Without a dot.
   std::string_view extension;
+  /// Whether it also holds a text without a table.
+  bool forTexts;
   /// The bytes of the file.
   std::string (*write)(const TableContent& content, Progress& progress);
 };

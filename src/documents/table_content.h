@@ -32,7 +32,10 @@ struct TableContent {
   std::vector<std::vector<std::string>> rows;
 };
 
-/// Copies titles and cells of the columns, which are indices of the table, in the order given.
-void TakeColumns(const Table& table, const std::vector<int>& columns, TableContent& content);
+/// Copies titles and cells of the whole table.
+void TakeTable(const Table& table, TableContent& content);
+
+/// Drops all columns but those with the indices, which are in ascending order.
+void KeepColumns(const std::vector<std::size_t>& columns, TableContent& content);
 
 }  // namespace sentrel
