@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDebug>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
@@ -12,13 +13,30 @@ namespace sentrel {
 namespace {
 
 constexpr int kInterval = 5;      // milliseconds between looks
-constexpr int kMostLooks = 4000;  // then the window is not coming
+constexpr int kMostLooks = 1000;  // then the window is not coming
 
 QWidget* FindWindow(const QString& name) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && window->objectName() == name) return window;
   }
   return nullptr;
+}
+
+/// The dialog takes typed names only while the edit has the focus.
+void Focus(QWidget& dialog, QWidget& edit) {
+  dialog.activateWindow();
+  edit.setFocus();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return edit.hasFocus(); }));
+}
+
+/// So that a test that went wrong ends.
+void CloseDialogs() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (auto* dialog = qobject_cast<QDialog*>(window)) {
+      qWarning() << "open:" << dialog->objectName() << dialog->windowTitle();
+      dialog->reject();
+    }
+  }
 }
 
 }  // namespace
@@ -29,7 +47,8 @@ User::User() {
 }
 
 User::~User() {
-  EXPECT_TRUE(steps_.empty()) << "no window " << steps_.front().window.toStdString();
+  EXPECT_FALSE(gaveUp_) << "the expected window did not come";
+  EXPECT_TRUE(steps_.empty());
 }
 
 void User::When(const QString& window, std::function<void(QWidget&)> act) {
@@ -48,6 +67,7 @@ void User::NameFile(const QString& path) {
   When("ExportFile", [path](QWidget& dialog) {
     auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
     ASSERT_NE(edit, nullptr);
+    Focus(dialog, *edit);
     edit->selectAll();
     QTest::keyClicks(edit, path);
     QTest::keyClick(edit, Qt::Key_Return);
@@ -67,16 +87,17 @@ void User::Press(const QString& window, const QString& button) {
 }
 
 void User::Look() {
-  if (steps_.empty()) return;
-  if (QWidget* window = FindWindow(steps_.front().window)) {
+  if (gaveUp_) return CloseDialogs();
+  QWidget* window = steps_.empty() ? nullptr : FindWindow(steps_.front().window);
+  if (window) {
     const auto act = std::move(steps_.front().act);
     steps_.pop_front();
     looks_ = 0;
     act(*window);
+  } else if (!QApplication::activeModalWidget() && steps_.empty()) {
+    looks_ = 0;
   } else if (++looks_ > kMostLooks) {
-    ADD_FAILURE() << "no window " << steps_.front().window.toStdString();
-    steps_.clear();
-    for (QWidget* open : QApplication::topLevelWidgets()) open->close();
+    gaveUp_ = true;
   }
 }
 

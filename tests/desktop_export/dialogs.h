@@ -37,6 +37,7 @@ class User {
   std::list<Step> steps_;
   QTimer timer_;
   int looks_ = 0;
+  bool gaveUp_ = false;
 };
 
 }  // namespace sentrel
