@@ -1,6 +1,5 @@
 #include "desktop/export_page_text.h"
 
-#include <QFontMetricsF>
 #include <QTextLayout>
 #include <algorithm>
 
@@ -21,22 +20,26 @@ QStringList ToLines(const std::string& text) {
 
 }  // namespace
 
-double PageText::Width(const std::string& text) const {
-  const QFontMetricsF metrics(font_, device_);
+double PageText::Advance(const QString& line) {
+  const auto known = advances_.constFind(line);
+  if (known != advances_.constEnd()) return *known;
+  return *advances_.insert(line, metrics_.horizontalAdvance(line));
+}
+
+double PageText::Width(const std::string& text) {
   double widest = 0;
   for (const QString& line : ToLines(text)) {
-    widest = std::max(widest, metrics.horizontalAdvance(line.left(kMeasuredLetters)));
+    widest = std::max(widest, Advance(line.left(kMeasuredLetters)));
   }
   return widest;
 }
 
-QStringList PageText::Wrapped(const std::string& text, double width) const {
-  const QFontMetricsF metrics(font_, device_);
+QStringList PageText::Wrapped(const std::string& text, double width) {
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   QStringList pieces;
   for (const QString& line : ToLines(text)) {
-    if (line.size() <= kMeasuredLetters && metrics.horizontalAdvance(line) <= width) {
+    if (line.size() <= kMeasuredLetters && Advance(line) <= width) {
       pieces << line;
       continue;
     }

@@ -4,8 +4,6 @@
 #include <QFontMetricsF>
 #include <algorithm>
 
-#include "desktop/export_page_text.h"
-
 namespace sentrel {
 namespace {
 
@@ -35,23 +33,26 @@ QString Text(const std::string& text) {
 
 void TablePages::LayOut(QPagedPaintDevice& device, Progress& progress) {
   SetMeasures(device);
-  SetWidths(device);
+  PageText body(fonts_.body, device);
+  PageText bold(fonts_.bold, device);
+  SetWidths(body, bold);
   blocks_.clear();
   pages_.clear();
   inTable_ = false;
   StartPage();
   if (!content_.paragraph.empty()) {
-    Place(AddBlock(device, Kind::Paragraph, {content_.paragraph}));
+    PageText text(FontOf(Kind::Paragraph), device);
+    Place(AddBlock(text, Kind::Paragraph, {content_.paragraph}));
   }
   if (content_.columns.empty()) return;
   std::vector<std::string> titles;
   for (const ContentColumn& column : content_.columns) titles.push_back(column.title);
-  titles_ = AddBlock(device, Kind::Titles, titles);
+  titles_ = AddBlock(bold, Kind::Titles, titles);
   Place(titles_);
   inTable_ = true;
   for (std::size_t row = 0; row < content_.rows.size(); ++row) {
     progress.Advance(row, 2 * content_.rows.size());  // painting is the other half
-    Place(AddBlock(device, Kind::Row, content_.rows[row]));
+    Place(AddBlock(body, Kind::Row, content_.rows[row]));
   }
 }
 
@@ -75,9 +76,7 @@ void TablePages::SetMeasures(QPagedPaintDevice& device) {
   bodyBottom_ = area_.height() - LineHeight(fonts_.small, &device) - pitch_ * 0.5;
 }
 
-void TablePages::SetWidths(QPagedPaintDevice& device) {
-  const PageText body(fonts_.body, device);
-  const PageText bold(fonts_.bold, device);
+void TablePages::SetWidths(PageText& body, PageText& bold) {
   std::vector<double> wanted;
   for (std::size_t col = 0; col < content_.columns.size(); ++col) {
     double width = bold.Width(content_.columns[col].title);
@@ -87,9 +86,7 @@ void TablePages::SetWidths(QPagedPaintDevice& device) {
   widths_ = ShareWidth(wanted, area_.width());
 }
 
-std::size_t TablePages::AddBlock(QPagedPaintDevice& device, Kind kind,
-                                 const std::vector<std::string>& cells) {
-  const PageText text(FontOf(kind), device);
+std::size_t TablePages::AddBlock(PageText& text, Kind kind, const std::vector<std::string>& cells) {
   Block block{kind, {}, 0};
   for (std::size_t col = 0; col < cells.size(); ++col) {
     const double width = kind == Kind::Paragraph ? area_.width() : widths_[col];
@@ -190,13 +187,16 @@ void TablePages::PaintCell(QPainter& painter, const Block& block, const Piece& p
   const bool centered = !spans && content_.columns[col].alignment == Alignment::Center;
   const QStringList& lines = block.cells[col];
   const int end = std::min(piece.firstLine + piece.lines, static_cast<int>(lines.size()));
+  const QFontMetricsF metrics(painter.font(), painter.device());
   for (int line = piece.firstLine; line < end; ++line) {
+    const QString& text = lines[line];
+    double x = left + margin_;
+    if (centered || text.isRightToLeft()) {
+      const double spare = width - 2 * margin_ - metrics.horizontalAdvance(text);
+      x += centered ? spare / 2 : spare;
+    }
     const double top = piece.top + padding_ + (line - piece.firstLine) * pitch_;
-    const int across = centered                      ? Qt::AlignHCenter
-                       : lines[line].isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute
-                                                     : Qt::AlignLeft | Qt::AlignAbsolute;
-    painter.drawText(QRectF(left + margin_, top, width - 2 * margin_, pitch_),
-                     across | Qt::AlignTop | Qt::TextSingleLine | Qt::TextDontClip, lines[line]);
+    painter.drawText(QPointF(x, top + metrics.ascent()), text);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <vector>
 
+#include "desktop/export_page_text.h"
 #include "desktop/export_pages.h"
 #include "documents/table_content.h"
 
@@ -43,8 +44,8 @@ class TablePages : public Pages {
   };
 
   void SetMeasures(QPagedPaintDevice& device);
-  void SetWidths(QPagedPaintDevice& device);
-  std::size_t AddBlock(QPagedPaintDevice& device, Kind kind, const std::vector<std::string>& cells);
+  void SetWidths(PageText& body, PageText& bold);
+  std::size_t AddBlock(PageText& text, Kind kind, const std::vector<std::string>& cells);
   void Place(std::size_t block);
   void StartPage();
   double Height(int lines) const { return lines * pitch_ + 2 * padding_; }

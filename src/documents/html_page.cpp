@@ -24,11 +24,11 @@ table { width: 100%; margin-top: 1.25rem; border-collapse: collapse;
   font-variant-numeric: tabular-nums; }
 th { position: sticky; top: 0; padding: 0.5rem 0.75rem; text-align: left; white-space: nowrap;
   background: var(--head); box-shadow: inset 0 -2px var(--rule); }
-td { padding: 0.4rem 0.75rem; vertical-align: top; min-width: 6rem; white-space: pre-wrap;
-  overflow-wrap: anywhere; border-bottom: 1px solid var(--rule); }
-td:last-child { width: 50%; }
+td { padding: 0.4rem 0.75rem; vertical-align: top; max-width: 18rem; white-space: pre-wrap;
+  overflow-wrap: break-word; border-bottom: 1px solid var(--rule); }
+td:last-child { max-width: none; min-width: 14rem; overflow-wrap: anywhere; }
 tbody tr:nth-child(even) { background: var(--stripe); }
-.center { text-align: center; vertical-align: middle; }
+.center { text-align: center; }
 .empty { color: var(--faint); text-align: center; }
 footer { margin-top: 1rem; color: var(--faint); font-size: 0.8125rem; }
 @media print {

@@ -24,6 +24,9 @@ constexpr lxw_color_t kRuleColor = 0xC9D1DC;
 constexpr double kNarrowest = 12;  // in letters
 constexpr double kWidest = 70;
 constexpr double kFilterButton = 4;
+constexpr double kLineHeight = 15;  // in points
+constexpr double kTallest = 409;    // that a row may be
+constexpr std::size_t kMostHeaderUnits = 80;
 
 /// A file that is nowhere but in memory; the library writes to files alone.
 class MemoryFile {
@@ -137,11 +140,25 @@ class SheetWriter {
       format_set_bold(header);
       format_set_font_color(header, LXW_COLOR_WHITE);
       format_set_bg_color(header, kHeaderColor);
-      worksheet_set_column(sheet_, col, col, WidthOf(content_, col), nullptr);
+      widths_.push_back(WidthOf(content_, col));
+      worksheet_set_column(sheet_, col, col, widths_.back(), nullptr);
       Check(worksheet_write_string(sheet_, 0, col, content_.columns[col].title.c_str(), header));
     }
     worksheet_set_row(sheet_, 0, 24, nullptr);
     nextRow_ = 1;
+  }
+
+  /// Not every spreadsheet fits the height of a row to wrapped lines when it opens a file.
+  double HeightOf(const std::vector<std::string>& cells) const {
+    std::size_t most = 1;
+    for (std::size_t col = 0; col < cells.size(); ++col) {
+      std::size_t lines = 0;
+      for (const std::string_view line : LinesOf(cells[col])) {
+        lines += WrapLine(line, static_cast<std::size_t>(widths_[col])).size();
+      }
+      most = std::max(most, lines);
+    }
+    return std::min(static_cast<double>(most) * kLineHeight, kTallest);
   }
 
   /// A text that is too long for one cell goes on in the rows below.
@@ -159,6 +176,10 @@ class SheetWriter {
       } while (!rest.empty());
       rowsTaken = std::max(rowsTaken, row);
     }
+    const double height = HeightOf(cells);
+    for (lxw_row_t row = 0; row < rowsTaken; ++row) {
+      worksheet_set_row(sheet_, nextRow_ + row, height, nullptr);
+    }
     nextRow_ += rowsTaken;
   }
 
@@ -167,7 +188,9 @@ class SheetWriter {
     worksheet_repeat_rows(sheet_, 0, 0);
     worksheet_fit_to_pages(sheet_, 1, 0);
     if (content_.landscape) worksheet_set_landscape(sheet_);
-    worksheet_set_header(sheet_, "&L&B&F&R&D &T");
+    const std::string title(FirstUtf16Units(content_.title, kMostHeaderUnits));
+    const std::string header = "&L&B" + ReplaceAll(title, "&", "&&") + "&R" + content_.madeText;
+    worksheet_set_header(sheet_, header.c_str());
     worksheet_set_footer(sheet_, "&CPage &P of &N");
     if (Columns() == 0) return;
     const auto lastCol = static_cast<lxw_col_t>(Columns() - 1);
@@ -182,6 +205,7 @@ class SheetWriter {
   lxw_workbook* book_;
   lxw_worksheet* sheet_ = nullptr;
   std::vector<lxw_format*> cells_;
+  std::vector<double> widths_;  // in letters
   lxw_row_t nextRow_ = 0;
 };
 

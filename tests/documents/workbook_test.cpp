@@ -61,6 +61,19 @@ TEST_F(WorkbookTest, HasAHeaderThatStaysFiltersAndIsRepeatedOnPaper) {
   EXPECT_EQ(Query("docProps/core.xml", "string(//*[local-name()='title'])"), "SNMP Traps");
 }
 
+TEST_F(WorkbookTest, ARowIsAsTallAsItsLines) {
+  Save(HardTable());
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='row'][@r='2']/@ht)"), "30");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='row'][@r='8']/@ht)"), "45");
+  TableContent content = HardTable();
+  content.title = "A & B";
+  content.rows = {{"", "", "", "", std::string(20000, 'x')}};
+  Save(content);
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='row'][@r='2']/@ht)"), "409");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='oddHeader'])"),
+            "&L&BA && B&R05-Dec-26 03:49 PM");
+}
+
 TEST_F(WorkbookTest, ATextTooLongForACellGoesOnBelow) {
   TableContent content = HardTable();
   std::string text;

@@ -24,6 +24,9 @@ ListenerOptions ListenerOptionsFor(const ProgramOptions& options, const Applicat
 Program::Program(const ProgramOptions& options)
     : window_(table_),
       messageBox_(window_),
+      mousePointer_(window_),
+      exportEngines_({window_, clock_, locale_, messageBox_, exportMemory_}),
+      trapExport_(table_, mousePointer_, {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_),
       gate_(settings_, rows_, resetTimer_),
       wakeup_([this] { return listener_.Deliver(kDeliveryBudget); }),

@@ -8,8 +8,11 @@
 #include "console/trap_gate.h"
 #include "controls/table.h"
 #include "desktop/event_loop.h"
+#include "desktop/export_engine.h"
+#include "desktop/export_services.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "export/trap_export.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
 
@@ -45,6 +48,11 @@ class Program {
   Table table_;
   QtMainWindow window_;
   QtMessageBox messageBox_;
+  QtPrinters printers_;
+  QtMousePointer mousePointer_;
+  RunExportMemory exportMemory_;
+  QtEngineFactory exportEngines_;
+  TrapExport trapExport_;
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
