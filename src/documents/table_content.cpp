@@ -8,6 +8,7 @@ namespace {
 template <typename Item>
 void Keep(const std::vector<std::size_t>& indices, std::vector<Item>& items) {
   std::vector<Item> kept;
+  kept.reserve(indices.size());
   for (const std::size_t index : indices) kept.push_back(std::move(items.at(index)));
   items = std::move(kept);
 }

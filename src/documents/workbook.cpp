@@ -6,9 +6,9 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstring>
-#include <regex>
 #include <utility>
 
 #include "common/failure.h"
@@ -54,14 +54,25 @@ class MemoryFile {
   int descriptor_;
 };
 
-/// Sheets break lines at LF alone, and read "_x000D_" as a character's code.
+/// Whether a sheet would take what stands here for the code of a character: "_x000D_".
+bool IsCode(std::string_view text) {
+  const auto isHex = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };
+  return text.size() >= 7 && text.starts_with("_x") && text[6] == '_' &&
+         std::all_of(text.begin() + 2, text.begin() + 6, isHex);
+}
+
+/// Sheets break lines at LF alone.
 std::string SheetText(std::string_view text) {
-  static const std::regex kCode("_(?=x[0-9A-Fa-f]{4}_)");
-  std::string joined;
-  for (const std::string_view line : LinesOf(text)) joined.append(line).append("\n");
-  joined.pop_back();
-  if (joined.find("_x") == std::string::npos) return joined;
-  return std::regex_replace(joined, kCode, "_x005F_");
+  std::string sheet;
+  const char* separator = "";
+  for (std::string_view line : LinesOf(text)) {
+    sheet += separator;
+    separator = "\n";
+    for (; !line.empty(); line.remove_prefix(1)) {
+      sheet += IsCode(line) ? "_x005F_" : line.substr(0, 1);
+    }
+  }
+  return sheet;
 }
 
 double WidthOf(const TableContent& content, std::size_t col) {
