@@ -26,7 +26,7 @@ constexpr int kPatience = 5000;             // milliseconds
 }
 
 QString Tool(const QString& name) {
-  const QString path = QStandardPaths::findExecutable(name);
+  QString path = QStandardPaths::findExecutable(name);
   if (path.isEmpty()) {
     Fail(QString("The program %1, through which the desktop is reached, is not installed.")
              .arg(name));
