@@ -76,7 +76,7 @@ void ListenerTest::Start(const std::string& configuration, QueueLimits limits) {
   options.configuration_path = configured;
   options.queue = limits;
   listener_ = std::make_unique<NetSnmpListener>(options, *this, [this] { Wake(); });
-  ASSERT_EQ(listener_->StartListening(), 0) << listener_->Failure().reason;
+  ASSERT_EQ(listener_->StartListening(), 0) << listener_->WhyNotListening().reason;
   ASSERT_NE(listener_->Port(), 0);
 }
 
