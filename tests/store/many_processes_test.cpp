@@ -37,9 +37,10 @@ TEST(ManyProcesses, EveryWriteOfEveryOneArrives) {
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
   }
-  EXPECT_EQ(RunSql(folder.Machine(), "SELECT count(*) FROM options"),
-            std::to_string(kWriters * kValues));
-  EXPECT_FALSE(std::filesystem::exists(folder.User()));
+  auto registry = folder.Registry();
+  for (int writer = 0; writer < kWriters; ++writer)
+    for (int i = 0; i < kValues; ++i)
+      EXPECT_EQ(GetText(registry, kMachine, "a", fmt::format("{}.{}", writer, i)), "x");
 }
 
 TEST(ManyProcesses, AListIsReadWholeWhileAnotherProcessRewritesIt) {
