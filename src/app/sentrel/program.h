@@ -1,17 +1,20 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <filesystem>
 
 #include "console/main_form.h"
 #include "console/row_builder.h"
 #include "console/trap_gate.h"
 #include "controls/table.h"
+#include "decoding/decoder.h"
 #include "desktop/event_loop.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
+#include "store/posix_log_file.h"
+#include "store/sqlite_registry.h"
 
 namespace sentrel {
 
@@ -19,8 +22,9 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
-  /// Where what outlives a run is kept for this user, or for the machine when run as root.
-  std::string stateFolder;
+  /// Where what outlives a run is kept: by the machine, and by the user.
+  std::filesystem::path machineFolder = MachineStateFolder();
+  std::filesystem::path userFolder = UserStateFolder();
 };
 
 /// The whole program, put together. Needs a QApplication. Members stand in the order in which they
@@ -41,6 +45,7 @@ class Program {
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
+  SqliteRegistry registry_;
   Settings settings_;
   Table table_;
   QtMainWindow window_;
