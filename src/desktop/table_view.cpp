@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "common/failure.h"
+#include "desktop/table_accessible.h"
 
 namespace sentrel {
 namespace {
@@ -30,6 +31,7 @@ TableView::TableView(Table& table, QWidget* parent)
       layouts_(table),
       scroller_([this](int row) { return layouts_.Height(row); }),
       pacer_([this] { RunFrame(); }) {
+  InstallTableAccessibility();
   setObjectName("Table");
   setAccessibleName(tr("SNMP traps"));
   setFocusPolicy(Qt::StrongFocus);

@@ -3,7 +3,6 @@
 #include <QApplication>
 
 #include "console/globals.h"
-#include "desktop/table_accessible.h"
 
 namespace sentrel {
 namespace {
@@ -31,13 +30,12 @@ Program::Program(const ProgramOptions& options)
       mainForm_(window_, table_, listener_, messageBox_),
       endRequest_([this] { window_.Unload(); }) {
   QApplication::setApplicationName("Sentrel");
-  InstallTableAccessibility();
   window_.SetEvents(mainForm_);
 }
 
-int Program::Run() {
+bool Program::Start() {
   Main(application_, mainForm_);
-  return window_.isVisible() ? QApplication::exec() : 1;
+  return window_.isVisible();
 }
 
 }  // namespace sentrel

@@ -29,9 +29,9 @@ class Program {
  public:
   explicit Program(const ProgramOptions& options);
 
-  /// Runs until the window is closed, traps cannot be received, or the system asks the process to
-  /// end. Returns the exit code of the process.
-  int Run();
+  /// Begins to listen and shows the window. Returns false where traps cannot be received; the user
+  /// has been told by then.
+  bool Start();
 
   QtMainWindow& Window() { return window_; }
   const Table& Traps() const { return table_; }
