@@ -49,11 +49,8 @@ void LoadNoMibs() {
 }
 
 void KeepStateIn(const std::string& folder) {
-  set_persistent_directory(folder.c_str());
-  for (const int access :
-       {NETSNMP_DS_LIB_DISABLE_PERSISTENT_LOAD, NETSNMP_DS_LIB_DISABLE_PERSISTENT_SAVE}) {
-    netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, access, folder.empty() ? 1 : 0);
-  }
+  // An empty name would be the root folder; below this one nothing can be made.
+  set_persistent_directory(folder.empty() ? "/dev/null" : folder.c_str());
 }
 
 }  // namespace
