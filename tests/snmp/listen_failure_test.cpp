@@ -52,6 +52,17 @@ TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
   EXPECT_THAT(listener.WhyNotListening().remedy, HasSubstr("kill " + std::to_string(holder.Id())));
 }
 
+TEST_F(ListenFailureTest, ListenerRunsWithoutAFolderForItsState) {
+  ListenerOptions options;
+  options.port = 0;
+  NetSnmpListener listener(options, *this, [] {});
+  EXPECT_EQ(listener.StartListening(), 0);
+  listener.CloseListener();
+  options.state_folder = "/dev/null/not/possible";
+  NetSnmpListener other(options, *this, [] {});
+  EXPECT_EQ(other.StartListening(), 0);
+}
+
 TEST(ExplainListenFailure, NamesTheExactRemedy) {
   const ListenFailure with_helper = ExplainListenFailure(EACCES, 162, "/bin/sh");
   EXPECT_EQ(with_helper.reason, "This user may not open UDP port 162 (permission denied).");
