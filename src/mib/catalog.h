@@ -17,6 +17,10 @@ struct ResolvedType {
   /// In the order of their numbers.
   const NamedValue* values = nullptr;
   std::uint32_t valueCount = 0;
+  /// The type definition that it comes from; empty where an object itself tells its type, and
+  /// where the base image tells it.
+  std::string_view name;
+  std::string_view module;
 };
 
 inline constexpr std::uint32_t kNothing = 0xFFFFFFFF;

@@ -50,6 +50,12 @@ std::vector<ParsedFile> ParseAll(const std::vector<std::string>& files,
   return parsed;
 }
 
+/// Of two modules of one name: the newer one, or else the one that tells more.
+bool IsBetter(const Module& module, const Module& other) {
+  return std::pair(module.lastUpdated, module.definitions.size()) >
+         std::pair(other.lastUpdated, other.definitions.size());
+}
+
 }  // namespace
 
 Collection::Collection(std::vector<std::string> files, const ReadOptions& options)
@@ -61,7 +67,7 @@ Collection::Collection(std::vector<std::string> files, const ReadOptions& option
   Adopt(parsed);
 }
 
-/// Keeps the newest module of each name.
+/// Keeps the best module of each name.
 void Collection::Adopt(std::vector<ParsedFile>& parsed) {
   std::unordered_map<std::string_view, size_t> byName;
   for (std::uint32_t f = 0; f < parsed.size(); ++f) {
@@ -73,7 +79,7 @@ void Collection::Adopt(std::vector<ParsedFile>& parsed) {
         continue;
       }
       Module& other = modules_[known->second];
-      if (module.lastUpdated > other.lastUpdated) std::swap(module, other);
+      if (IsBetter(module, other)) std::swap(module, other);
       Report(module.file, {{}, module.line, "module " + Quote(module.name) +
                                                 " is left out: that of " + files_[other.file] +
                                                 " is used"});

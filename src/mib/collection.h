@@ -28,8 +28,8 @@ struct ReadOptions {
 /// All modules of a list of files.
 class Collection {
  public:
-  /// Reads the files on all processors. The order of the files decides between modules of one
-  /// name and one date; the newer one wins in any case. A file that cannot be read, or is larger
+  /// Reads the files on all processors. Of modules of one name the newest one wins, then the one that
+  /// defines most, then the first. A file that cannot be read, or is larger
   /// than 32 megabytes, is passed over with a message.
   Collection(std::vector<std::string> files, const ReadOptions& options);
 

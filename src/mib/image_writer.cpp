@@ -14,18 +14,25 @@
 namespace sentrel::mib {
 namespace {
 
-/// The texts of an image, equal ones once, each with a zero behind it.
+/// The texts of an image, each with a zero behind it.
 class StringPool {
  public:
   StringPool() : slots_(4096) { bytes_.push_back('\0'); }
 
+  /// For texts that hardly ever come twice.
+  std::uint32_t AddNew(std::string_view text) {
+    const auto offset = static_cast<std::uint32_t>(bytes_.size());
+    bytes_.append(text).push_back('\0');
+    return offset;
+  }
+
+  /// Equal texts come to stand at one place.
   std::uint32_t Add(std::string_view text) {
     if (text.empty()) return 0;
     const std::uint64_t hash = Hash(text);
     Slot& slot = SlotOf(text, hash);
     if (slot.offset == 0) {
-      slot = {static_cast<std::uint32_t>(bytes_.size()), static_cast<std::uint32_t>(hash)};
-      bytes_.append(text).push_back('\0');
+      slot = {AddNew(text), static_cast<std::uint32_t>(hash)};
       if (const auto offset = slot.offset; ++count_ * 2 > slots_.size()) {
         Grow();
         return offset;
@@ -141,7 +148,7 @@ std::vector<format::EntryRecord> MakeEntries(const Catalog& catalog, const Bread
   for (const Entry& entry : catalog.entries) {
     const auto node = entry.node == kNothing ? kNothing : nodes.placeOf[entry.node];
     records.push_back(
-        {strings.Add(entry.name), node, entry.type, static_cast<std::uint32_t>(entry.kind)});
+        {strings.AddNew(entry.name), node, entry.type, static_cast<std::uint32_t>(entry.kind)});
   }
   return records;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "mib/hash.h"
 #include "mib/token_reader.h"
 
 namespace sentrel::mib {
@@ -14,9 +15,7 @@ struct Wanted {
 };
 
 struct WantedHash {
-  size_t operator()(const Wanted& wanted) const {
-    return std::hash<std::string_view>()(wanted.name) * 2 + (wanted.isType ? 1 : 0);
-  }
+  size_t operator()(const Wanted& wanted) const { return Hash(wanted.name, wanted.isType ? 1 : 0); }
 };
 
 bool IsTypeEntry(const format::EntryRecord& entry) {

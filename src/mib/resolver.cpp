@@ -39,6 +39,10 @@ class Resolver {
   std::uint32_t ParentOf(std::uint32_t m, const Definition& definition, int depth);
   std::uint32_t TypeOf(std::uint32_t m, std::uint32_t d, int depth);
   std::uint32_t FindType(std::uint32_t m, const Definition& definition, int depth);
+  /// The type of a row is never the type of a value.
+  bool IsWorthKeeping(std::uint32_t type) const {
+    return type != kNothing && catalog_.types[type].base != BaseType::Row;
+  }
   bool IsInstance(std::uint32_t m, const Definition& definition) const;
   std::uint32_t Claim(std::uint32_t entry);
   void ReportRival(std::uint32_t m, const Definition& definition, const Entry& rival);
@@ -56,6 +60,8 @@ class Resolver {
   /// By module and definition.
   std::vector<std::vector<std::uint32_t>> nodeOf_;
   std::vector<std::vector<std::uint32_t>> typeOf_;
+  /// By base type, for those that say no more than that.
+  std::vector<std::uint32_t> plainTypes_ = std::vector<std::uint32_t>(256, kNothing);
   /// By position in the base image.
   std::vector<std::uint32_t> baseNodes_;
   std::vector<std::uint32_t> baseTypes_;
@@ -115,8 +121,12 @@ void Resolver::AddBaseTypes() {
     for (const format::ValueRecord& value : base_.Values(record)) {
       values.push_back({value.value, base_.Text(value.label)});
     }
-    baseTypes_.push_back(types_.Add({static_cast<BaseType>(record.base), base_.Text(record.hint),
-                                     values.data(), static_cast<std::uint32_t>(values.size())}));
+    ResolvedType type;
+    type.base = static_cast<BaseType>(record.base);
+    type.hint = base_.Text(record.hint);
+    type.values = values.data();
+    type.valueCount = static_cast<std::uint32_t>(values.size());
+    baseTypes_.push_back(types_.Add(type));
   }
 }
 
@@ -135,6 +145,7 @@ void Resolver::AddModule(std::uint32_t m) {
       if (entry.node == kNothing || IsInstance(m, definition)) continue;
     }
     if (entry.kind == Kind::Type || entry.kind == Kind::Object) entry.type = TypeOf(m, d, 0);
+    if (entry.kind == Kind::Type && !IsWorthKeeping(entry.type)) continue;
     catalog_.entries.push_back(entry);
     const std::uint32_t rival = Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
     if (rival != kNothing) ReportRival(m, definition, catalog_.entries[rival]);
@@ -222,6 +233,11 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
   if (named != kNothing) {
     if (definition.values.count == 0 && definition.hint.empty()) return named;
     type = catalog_.types[named];
+    type.name = type.module = {};
+  }
+  if (definition.kind == Kind::Type && type.base != BaseType::Row) {
+    type.name = definition.name;
+    type.module = modules_[m].name;
   }
   if (!definition.hint.empty()) type.hint = definition.hint;
   if (definition.values.count > 0 && type.base != BaseType::Bits) {
@@ -232,7 +248,10 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
     type.valueCount = definition.values.count;
     if (type.base == BaseType::None) type.base = BaseType::Integer;
   }
-  return types_.Add(type);
+  if (type.valueCount > 0 || !type.hint.empty() || !type.name.empty()) return types_.Add(type);
+  std::uint32_t& plain = plainTypes_[static_cast<size_t>(type.base)];
+  if (plain == kNothing) plain = types_.Add(type);
+  return plain;
 }
 
 /// Whether a value only names the one instance of a scalar object, { sysUpTime 0 }: that instance

@@ -28,6 +28,10 @@ std::uint64_t ReadDate(std::string_view text) {
   return digits == 12 ? date : 0;
 }
 
+bool IsModuleName(std::string_view word) {
+  return !word.empty() && !IsDefiningMacro(word) && BaseTypeOf(word) == BaseType::None;
+}
+
 class Parser {
  public:
   Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
@@ -75,7 +79,7 @@ bool Parser::FindModule() {
   int depth = 0;
   while (!reader_.AtEnd()) {
     const Token token = reader_.Take();
-    if (token.Is("DEFINITIONS") && !name.text.empty() && SkipToBegin()) {
+    if (token.Is("DEFINITIONS") && IsModuleName(name.text) && SkipToBegin()) {
       module_.name = reader_.Keep(name.text);
       module_.line = reader_.LineOf(name);
       ReadBody();
