@@ -17,7 +17,7 @@ peer() { snmptranslate -M "$folders" -m ALL "$@" 2>/dev/null; }
 
 # Every OID and the name that a user of the peer would see.
 peer -To | sed 's/^\.//' | sort -u >"$work/oids"
-xargs -n 20000 snmptranslate -M "$folders" -m ALL -Os <"$work/oids" 2>/dev/null >"$work/names"
+xargs -n 40000 snmptranslate -M "$folders" -m ALL -Os <"$work/oids" 2>/dev/null | grep . >"$work/names"
 
 # The labels of each object, out of the peer's picture of its tree: "+--name(3)" tells the node, a
 # line "Values:" below it its labels. BITS are drawn alike and have no named values.

@@ -35,8 +35,7 @@ class NameTable {
 
 class Binder {
  public:
-  explicit Binder(Module& module)
-      : module_(module), nodes_(Room(module)), types_(Room(module)) {}
+  explicit Binder(Module& module) : module_(module), nodes_(Room(module)), types_(Room(module)) {}
 
   void Run() {
     AddDefinitions(false);
@@ -107,6 +106,8 @@ class Binder {
 
 }  // namespace
 
-void Bind(Module& module) { Binder(module).Run(); }
+void Bind(Module& module) {
+  Binder(module).Run();
+}
 
 }  // namespace sentrel::mib

@@ -25,8 +25,8 @@ ParsedFile ParseOne(const std::string& path, const ReadOptions& options, SourceT
 }
 
 /// Reads the files on as many threads as there are processors, each with an arena of its own.
-std::vector<ParsedFile> ParseAll(const std::vector<std::string>& files,
-                                 const ReadOptions& options, std::deque<Arena>& arenas) {
+std::vector<ParsedFile> ParseAll(const std::vector<std::string>& files, const ReadOptions& options,
+                                 std::deque<Arena>& arenas) {
   std::vector<ParsedFile> parsed(files.size());
   std::atomic<size_t> next = 0;
   std::atomic<size_t> done = 0;
@@ -80,9 +80,10 @@ void Collection::Adopt(std::vector<ParsedFile>& parsed) {
       }
       Module& other = modules_[known->second];
       if (IsBetter(module, other)) std::swap(module, other);
-      Report(module.file, {{}, module.line, "module " + Quote(module.name) +
-                                                " is left out: that of " + files_[other.file] +
-                                                " is used"});
+      Report(module.file, {{},
+                           module.line,
+                           "module " + Quote(module.name) + " is left out: that of " +
+                               files_[other.file] + " is used"});
     }
   }
 }

@@ -28,9 +28,9 @@ struct ReadOptions {
 /// All modules of a list of files.
 class Collection {
  public:
-  /// Reads the files on all processors. Of modules of one name the newest one wins, then the one that
-  /// defines most, then the first. A file that cannot be read, or is larger
-  /// than 32 megabytes, is passed over with a message.
+  /// Reads the files on all processors. Of modules of one name the newest one wins, then the one
+  /// that defines most, then the first. A file that cannot be read, or is larger than 32 megabytes,
+  /// is passed over with a message.
   Collection(std::vector<std::string> files, const ReadOptions& options);
 
   /// Resolves everything; adds what is wrong to the messages. Called once. The catalog refers to

@@ -135,6 +135,8 @@ class Parser {
 
 }  // namespace
 
-ParsedFile ParseFacts(std::string_view text, Arena& arena) { return Parser(arena).Parse(text); }
+ParsedFile ParseFacts(std::string_view text, Arena& arena) {
+  return Parser(arena).Parse(text);
+}
 
 }  // namespace sentrel::mib

@@ -2,8 +2,8 @@
 
 namespace sentrel::mib {
 
-std::vector<Folder> StandardFolders(const std::string& programFolder,
-                                    const std::string& dataFolder, const std::string& homeFolder) {
+std::vector<Folder> StandardFolders(const std::string& programFolder, const std::string& dataFolder,
+                                    const std::string& homeFolder) {
   std::vector<Folder> folders;
   if (!programFolder.empty()) folders.push_back({programFolder + "/mibs", true});
   if (!dataFolder.empty()) folders.push_back({dataFolder + "/mibs", true});

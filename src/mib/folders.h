@@ -15,7 +15,7 @@ inline constexpr const char* kUserImageName = "user-mibs.image";
 /// Where the user's own modules may lie. The `mibs` folder within the program folder comes first,
 /// then `mibs` within the user's data folder, both with all folders below them, then the folders
 /// that net-snmp searches. Paths without a separator at the end; an empty one is left out.
-std::vector<Folder> StandardFolders(const std::string& programFolder,
-                                    const std::string& dataFolder, const std::string& homeFolder);
+std::vector<Folder> StandardFolders(const std::string& programFolder, const std::string& dataFolder,
+                                    const std::string& homeFolder);
 
 }  // namespace sentrel::mib

@@ -71,7 +71,9 @@ std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr
   return image;
 }
 
-std::shared_ptr<const Image> Image::Empty() { return std::shared_ptr<Image>(new Image); }
+std::shared_ptr<const Image> Image::Empty() {
+  return std::shared_ptr<Image>(new Image);
+}
 
 Image::Match Image::Find(std::span<const std::uint32_t> oid) const {
   Match match;

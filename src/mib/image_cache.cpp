@@ -24,7 +24,9 @@ std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
   return Image::Over(*bytes, bytes);
 }
 
-bool ImageCache::IsOutdated() const { return FingerprintOf(FindSources(folders_)) != current_; }
+bool ImageCache::IsOutdated() const {
+  return FingerprintOf(FindSources(folders_)) != current_;
+}
 
 std::shared_ptr<const Image> ImageCache::FromFile(std::uint64_t fingerprint) const {
   try {

@@ -53,8 +53,7 @@ bool ImportResolver::IsKnown(std::string_view module) const {
   return moduleByName_.contains(module) || baseByName_.contains(module);
 }
 
-Target ImportResolver::InModule(std::string_view module, std::string_view name,
-                                bool isType) const {
+Target ImportResolver::InModule(std::string_view module, std::string_view name, bool isType) const {
   Target target;
   if (module.empty()) return target;
   const auto found = moduleByName_.find(module);
@@ -69,8 +68,9 @@ Target ImportResolver::InDefinitions(std::uint32_t module, std::string_view name
                                      bool isType) const {
   const auto& definitions = modules_[module].definitions;
   const auto& byName = modules_[module].byName;
-  auto at = std::lower_bound(byName.begin(), byName.end(), name,
-                             [&](std::uint32_t i, auto text) { return definitions[i].name < text; });
+  auto at = std::lower_bound(byName.begin(), byName.end(), name, [&](std::uint32_t i, auto text) {
+    return definitions[i].name < text;
+  });
   for (; at != byName.end() && definitions[*at].name == name; ++at) {
     if ((definitions[*at].kind == Kind::Type) == isType) {
       return {Target::Place::Module, module, *at};
@@ -82,9 +82,9 @@ Target ImportResolver::InDefinitions(std::uint32_t module, std::string_view name
 Target ImportResolver::InBaseModule(const format::ModuleRecord& module, std::string_view name,
                                     bool isType) const {
   const auto entries = base_.Entries(module);
-  auto at = std::lower_bound(entries.begin(), entries.end(), name, [&](const auto& entry, auto text) {
-    return base_.Text(entry.name) < text;
-  });
+  auto at =
+      std::lower_bound(entries.begin(), entries.end(), name,
+                       [&](const auto& entry, auto text) { return base_.Text(entry.name) < text; });
   for (; at != entries.end() && base_.Text(at->name) == name; ++at) {
     if (IsTypeEntry(*at) == isType) {
       return {Target::Place::Base, 0,
@@ -136,9 +136,10 @@ void ImportResolver::FindAnywhere(std::vector<std::vector<Target>>& targets) {
       const Import& import = modules_[m].imports[i];
       if (!import.isUsed || targets[m][i].IsFound()) continue;
       const auto& candidates = wanted[{import.name, import.isType}];
-      const auto sameFile = std::find_if(candidates.begin(), candidates.end(), [&](const Target& t) {
-        return t.place == Target::Place::Module && modules_[t.module].file == modules_[m].file;
-      });
+      const auto sameFile =
+          std::find_if(candidates.begin(), candidates.end(), [&](const Target& t) {
+            return t.place == Target::Place::Module && modules_[t.module].file == modules_[m].file;
+          });
       if (sameFile != candidates.end()) {
         targets[m][i] = *sameFile;
       } else if (!candidates.empty()) {
@@ -157,8 +158,10 @@ void ImportResolver::ReportMissingModules(const Module& module) {
     if (IsKnown(import.module)) continue;
     reported = import.module;
     messages_.push_back({module.file,
-                         {{}, import.line, "module " + Quote(import.module) + " is missing, " +
-                                               Quote(import.name) + " is imported from it"}});
+                         {{},
+                          import.line,
+                          "module " + Quote(import.module) + " is missing, " + Quote(import.name) +
+                              " is imported from it"}});
   }
 }
 

@@ -38,8 +38,7 @@ class ImportResolver {
  private:
   Target InModule(std::string_view module, std::string_view name, bool isType) const;
   Target InDefinitions(std::uint32_t module, std::string_view name, bool isType) const;
-  Target InBaseModule(const format::ModuleRecord& module, std::string_view name,
-                      bool isType) const;
+  Target InBaseModule(const format::ModuleRecord& module, std::string_view name, bool isType) const;
   Target Nearby(std::uint32_t module, const Import& import) const;
   void FindAnywhere(std::vector<std::vector<Target>>& targets);
   void ReportMissingModules(const Module& module);

@@ -24,13 +24,14 @@ constexpr std::array<Class, 256> MakeClasses() {
 
 constexpr std::array<Class, 256> kClasses = MakeClasses();
 
-Class ClassOf(char c) { return kClasses[static_cast<unsigned char>(c)]; }
+Class ClassOf(char c) {
+  return kClasses[static_cast<unsigned char>(c)];
+}
 
 bool IsNumber(std::string_view word) {
   if (word[0] == '-') word.remove_prefix(1);
-  return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
-    return c >= '0' && c <= '9';
-  });
+  return !word.empty() &&
+         std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
 }  // namespace
@@ -73,7 +74,8 @@ void Lexer::SkipComment() {
     if (dashes != std::string_view::npos) {
       at_ = dashes + 2;
       // What is left of a ruler of dashes is no token.
-      if (at_ < lineEnd && text_[at_] == '-' && (at_ + 1 == lineEnd || text_[at_ + 1] != '-')) ++at_;
+      if (at_ < lineEnd && text_[at_] == '-' && (at_ + 1 == lineEnd || text_[at_ + 1] != '-'))
+        ++at_;
       return;
     }
   }

@@ -25,14 +25,16 @@ MappedFile::MappedFile(const std::string& path) {
   struct stat status {};
   const bool usable = fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
   const auto size = static_cast<size_t>(status.st_size);
-  void* place = usable ? mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file, 0)
-                       : MAP_FAILED;
+  void* place =
+      usable ? mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file, 0) : MAP_FAILED;
   const int error = usable ? errno : EINVAL;
   close(file);
   if (place == MAP_FAILED) Fail(path, error);
   bytes_ = {static_cast<const char*>(place), size};
 }
 
-MappedFile::~MappedFile() { munmap(const_cast<char*>(bytes_.data()), bytes_.size()); }
+MappedFile::~MappedFile() {
+  munmap(const_cast<char*>(bytes_.data()), bytes_.size());
+}
 
 }  // namespace sentrel::mib

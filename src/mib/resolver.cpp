@@ -26,6 +26,7 @@ class Resolver {
 
  private:
   void AddBase();
+  void AddBaseEntry(const format::EntryRecord& record);
   void AddBaseTypes();
   void AddModule(std::uint32_t m);
   /// The base image's entries are the first of the catalog, in the same order.
@@ -96,23 +97,27 @@ void Resolver::AddBase() {
                                    : OidTree::kRoot);
   }
   AddBaseTypes();
+  baseModules_ = static_cast<std::uint32_t>(base_.Modules().size());
   for (const format::ModuleRecord& module : base_.Modules()) {
-    const auto begin = static_cast<std::uint32_t>(catalog_.entries.size());
-    for (const format::EntryRecord& record : base_.Entries(module)) {
-      Entry entry;
-      entry.name = base_.Text(record.name);
-      entry.kind = static_cast<Kind>(record.kind);
-      entry.module = baseModules_;
-      if (record.node < baseNodes_.size()) entry.node = baseNodes_[record.node];
-      if (record.type < baseTypes_.size()) entry.type = baseTypes_[record.type];
-      catalog_.entries.push_back(entry);
-      Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
-    }
-    const auto count = static_cast<std::uint32_t>(catalog_.entries.size()) - begin;
-    catalog_.modules.push_back({base_.Text(module.name), module.lastUpdated, {begin, count}});
-    ++baseModules_;
+    const auto records = base_.Entries(module);
+    catalog_.modules.push_back({base_.Text(module.name),
+                                module.lastUpdated,
+                                {static_cast<std::uint32_t>(catalog_.entries.size()),
+                                 static_cast<std::uint32_t>(records.size())}});
+    for (const format::EntryRecord& record : records) AddBaseEntry(record);
   }
   baseEntries_ = catalog_.entries.size();
+}
+
+void Resolver::AddBaseEntry(const format::EntryRecord& record) {
+  Entry entry;
+  entry.name = base_.Text(record.name);
+  entry.kind = static_cast<Kind>(record.kind);
+  entry.module = static_cast<std::uint32_t>(catalog_.modules.size() - 1);
+  if (record.node < baseNodes_.size()) entry.node = baseNodes_[record.node];
+  if (record.type < baseTypes_.size()) entry.type = baseTypes_[record.type];
+  catalog_.entries.push_back(entry);
+  Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
 }
 
 void Resolver::AddBaseTypes() {
@@ -176,7 +181,8 @@ std::uint32_t Resolver::NodeOf(std::uint32_t m, std::uint32_t d, int depth) {
 }
 
 std::uint32_t Resolver::FindNode(std::uint32_t m, const Definition& definition, int depth) {
-  std::uint32_t node = definition.parentName.empty() ? OidTree::kRoot : ParentOf(m, definition, depth);
+  std::uint32_t node =
+      definition.parentName.empty() ? OidTree::kRoot : ParentOf(m, definition, depth);
   if (node == kNothing) return kNothing;
   const std::uint32_t length = catalog_.tree.Nodes()[node].depth + definition.numbers.count;
   if (length > OidTree::kDeepest) {
@@ -192,7 +198,8 @@ std::uint32_t Resolver::FindNode(std::uint32_t m, const Definition& definition, 
 
 std::uint32_t Resolver::ParentOf(std::uint32_t m, const Definition& definition, int depth) {
   const Target target = TargetOf(m, definition.parent);
-  if (target.place == Target::Place::Module) return NodeOf(target.module, target.definition, depth + 1);
+  if (target.place == Target::Place::Module)
+    return NodeOf(target.module, target.definition, depth + 1);
   if (target.place == Target::Place::Base) return BaseEntry(target).node;
   const std::string_view name = definition.parentName;
   if (name == "iso") return catalog_.tree.Child(OidTree::kRoot, 1);
@@ -272,7 +279,7 @@ bool Resolver::IsInstance(std::uint32_t m, const Definition& definition) const {
 /// Greater is stronger.
 auto Resolver::RankOf(const Entry& entry) const {
   const auto weight = entry.kind == Kind::Label ? 0 : entry.kind == Kind::Value ? 1 : 2;
-  const bool isOwn = entry.module >= baseModules_ || baseModules_ == 0;
+  const bool isOwn = entry.module >= baseModules_;
   return std::make_tuple(weight > 0, isOwn, weight, catalog_.modules[entry.module].lastUpdated);
 }
 
@@ -291,7 +298,8 @@ std::uint32_t Resolver::Claim(std::uint32_t index) {
 }
 
 void Resolver::ReportRival(std::uint32_t m, const Definition& definition, const Entry& rival) {
-  if (rival.name == definition.name || rival.kind == Kind::Label ||
+  // A value without numbers of its own, { other }, is meant as a second name.
+  if (rival.name == definition.name || definition.numbers.count == 0 || rival.kind == Kind::Label ||
       definition.kind == Kind::Label || rival.module < baseModules_) {
     return;
   }

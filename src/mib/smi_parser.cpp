@@ -159,7 +159,8 @@ void Parser::ReadStatement() {
     // Either the OID of a module that begins without an END before it, or nonsense.
     reader_.Take();
     reader_.SkipPast('{', '}');
-    if (!reader_.Peek().Is("DEFINITIONS")) reader_.Report(name, Quote(name.text) + " defines nothing");
+    if (!reader_.Peek().Is("DEFINITIONS"))
+      reader_.Report(name, Quote(name.text) + " defines nothing");
     return;
   }
   reader_.Report(name, Quote(name.text) + " defines nothing");

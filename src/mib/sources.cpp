@@ -84,11 +84,14 @@ void Walk::Visit(const std::string& path, int folder, const std::string& name, b
 
 /// The time of change tells of edits that keep size and time of modification, and of permissions.
 void Walk::Stamp(const struct stat& status) {
-  const std::int64_t parts[] = {
-      static_cast<std::int64_t>(status.st_ino), status.st_size,        status.st_mtim.tv_sec,
-      status.st_mtim.tv_nsec,                   status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
-  sources_.fingerprint = Hash({reinterpret_cast<const char*>(parts), sizeof parts},
-                              sources_.fingerprint);
+  const std::int64_t parts[] = {static_cast<std::int64_t>(status.st_ino),
+                                status.st_size,
+                                status.st_mtim.tv_sec,
+                                status.st_mtim.tv_nsec,
+                                status.st_ctim.tv_sec,
+                                status.st_ctim.tv_nsec};
+  sources_.fingerprint =
+      Hash({reinterpret_cast<const char*>(parts), sizeof parts}, sources_.fingerprint);
 }
 
 }  // namespace

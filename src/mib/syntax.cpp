@@ -9,13 +9,20 @@ namespace sentrel::mib {
 namespace {
 
 constexpr std::pair<std::string_view, BaseType> kBaseTypes[] = {
-    {"INTEGER", BaseType::Integer},        {"Integer32", BaseType::Integer},
-    {"Counter", BaseType::Counter32},      {"Counter32", BaseType::Counter32},
-    {"Gauge", BaseType::Gauge32},          {"Gauge32", BaseType::Gauge32},
-    {"Unsigned32", BaseType::Gauge32},     {"UInteger32", BaseType::Gauge32},
-    {"TimeTicks", BaseType::TimeTicks},    {"IpAddress", BaseType::IpAddress},
-    {"NetworkAddress", BaseType::IpAddress}, {"Opaque", BaseType::Opaque},
-    {"Counter64", BaseType::Counter64},    {"BITS", BaseType::Bits},
+    {"INTEGER", BaseType::Integer},
+    {"Integer32", BaseType::Integer},
+    {"Counter", BaseType::Counter32},
+    {"Counter32", BaseType::Counter32},
+    {"Gauge", BaseType::Gauge32},
+    {"Gauge32", BaseType::Gauge32},
+    {"Unsigned32", BaseType::Gauge32},
+    {"UInteger32", BaseType::Gauge32},
+    {"TimeTicks", BaseType::TimeTicks},
+    {"IpAddress", BaseType::IpAddress},
+    {"NetworkAddress", BaseType::IpAddress},
+    {"Opaque", BaseType::Opaque},
+    {"Counter64", BaseType::Counter64},
+    {"BITS", BaseType::Bits},
     {"NULL", BaseType::None},
 };
 
@@ -32,13 +39,13 @@ bool ReadNamedValue(TokenReader& reader, Module& module) {
   }
   const Token number = reader.Take();
   std::int64_t value = 0;
-  const bool fits = ReadNumber(number.text, true, value) &&
-                    value <= std::numeric_limits<std::int32_t>::max();
+  const bool fits =
+      ReadNumber(number.text, true, value) && value <= std::numeric_limits<std::int32_t>::max();
   if (number.kind == TokenKind::Number && fits) {
     module.values.push_back({static_cast<std::int32_t>(value), reader.Keep(label.text)});
   } else {
-    reader.Report(number, Quote(number.text) + " is not a number for the label " +
-                              Quote(label.text));
+    reader.Report(number,
+                  Quote(number.text) + " is not a number for the label " + Quote(label.text));
   }
   if (!reader.TakeMark(')')) reader.Report(reader.Peek(), "no ')' behind the number of a label");
   return true;
@@ -103,9 +110,9 @@ class OidValue {
     while (!reader_.TakeMark('}')) {
       const Token token = reader_.Peek();
       if (token.kind == TokenKind::Number) {
-        if (!Number(reader_.Take())) return false;
+        if (!Number(reader_.Take())) return GiveUp();
       } else if (token.kind == TokenKind::Word && !IsDefiningMacro(token.text)) {
-        if (!Word(reader_.Take())) return false;
+        if (!Word(reader_.Take())) return GiveUp();
       } else if (token.IsMark(',')) {
         reader_.Take();
       } else {
@@ -119,6 +126,11 @@ class OidValue {
   }
 
  private:
+  bool GiveUp() {
+    reader_.SkipPast('{', '}');
+    return false;
+  }
+
   std::uint32_t Count() const { return definition_.numbers.count; }
 
   bool Number(const Token& token) {

@@ -9,8 +9,9 @@ namespace {
 constexpr size_t kMessagesPerFile = 100;
 
 constexpr std::array<std::string_view, 9> kDefiningMacros = {
-    "OBJECT-TYPE",       "OBJECT-IDENTITY", "NOTIFICATION-TYPE",  "TRAP-TYPE",         "OBJECT-GROUP",
-    "NOTIFICATION-GROUP", "MODULE-IDENTITY", "MODULE-COMPLIANCE", "AGENT-CAPABILITIES"};
+    "OBJECT-TYPE",     "OBJECT-IDENTITY",   "NOTIFICATION-TYPE",
+    "TRAP-TYPE",       "OBJECT-GROUP",      "NOTIFICATION-GROUP",
+    "MODULE-IDENTITY", "MODULE-COMPLIANCE", "AGENT-CAPABILITIES"};
 
 /// Line ends in a text. Counts in blocks short enough for a byte, which the compiler turns into
 /// vector code: every byte of every file passes through here.

@@ -38,9 +38,10 @@ std::shared_ptr<const mib::Image> Database(const std::string& cacheName,
 }  // namespace
 
 std::shared_ptr<const mib::Image> ProgramDatabase() {
-  return Database(mib::kUserImageName,
-                  mib::StandardFolders(ProgramFolder(), UserFolder("XDG_DATA_HOME", "/.local/share"),
-                                       Variable("HOME")));
+  return Database(
+      mib::kUserImageName,
+      mib::StandardFolders(ProgramFolder(), UserFolder("XDG_DATA_HOME", "/.local/share"),
+                           Variable("HOME")));
 }
 
 std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders) {
