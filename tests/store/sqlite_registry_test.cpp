@@ -33,7 +33,7 @@ class OnDisk {
 
  private:
   StoreFolder folder_;
-  FixedClock clock_;
+  FakeClock clock_;
   SqliteRegistry registry_{folder_.Machine(), folder_.User(), clock_};
   std::unique_ptr<SqliteRegistry> reopened_;
 };

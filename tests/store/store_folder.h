@@ -9,16 +9,11 @@
 #include <functional>
 #include <string>
 
-#include "platform/clock.h"
+#include "fakes/fake_console.h"
 #include "store/database.h"
 #include "store/sqlite_registry.h"
 
 namespace sentrel {
-
-class FixedClock : public Clock {
- public:
-  LocalTime Now() const override { return {2026, 12, 5, 15, 49, 37}; }
-};
 
 /// A folder that everybody may use and that goes with all that is in it, with the paths of a
 /// machine's and a user's file.
@@ -53,7 +48,7 @@ class StoreFolder {
   }
 
   std::filesystem::path root_;
-  FixedClock clock_;
+  FakeClock clock_;
 };
 
 /// Runs a step in a process of its own, as a user without privileges. Its standard output, as far
