@@ -40,22 +40,7 @@ class OnDisk {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Sqlite, RegistryContract, OnDisk);
 
-class SqliteRegistryTest : public testing::Test {
- protected:
-  std::string Get(const std::string& name) {
-    auto registry = folder_.Registry();
-    return GetText(registry, kMachine, "a", name);
-  }
-  bool Set(const std::string& name, const std::string& text) {
-    auto registry = folder_.Registry();
-    return SetText(registry, kMachine, "a", name, text);
-  }
-  bool Delete(const std::string& name) {
-    auto registry = folder_.Registry();
-    return DeleteText(registry, kMachine, "a", name);
-  }
-  StoreFolder folder_;
-};
+using SqliteRegistryTest = StoreTest;
 
 TEST_F(SqliteRegistryTest, ReadingLeavesNothingOnDisk) {
   auto registry = folder_.Registry();
