@@ -9,12 +9,16 @@ namespace {
 constexpr int kLongestText = 1 << 20;
 
 int WaitForLock(void* patience, int) {
-  if (static_cast<const Patience*>(patience)->IsOver()) return 0;
-  std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  return 1;
+  return static_cast<const Patience*>(patience)->WaitALittle() ? 1 : 0;
 }
 
 }  // namespace
+
+bool Patience::WaitALittle() const {
+  if (std::chrono::steady_clock::now() >= end_) return false;
+  std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  return true;
+}
 
 bool DatabaseFailure::IsDamage() const {
   const int primary = code_ & 0xFF;

@@ -16,7 +16,8 @@ namespace sentrel {
 class Patience {
  public:
   void Renew() { end_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(800); }
-  bool IsOver() const { return std::chrono::steady_clock::now() >= end_; }
+  /// Returns false at once when it is over.
+  bool WaitALittle() const;
 
  private:
   std::chrono::steady_clock::time_point end_;

@@ -130,7 +130,7 @@ bool RegistryFile::OpenSound() {
   try {
     database->SetUp();
   } catch (const DatabaseFailure& failure) {
-    if (failure.IsDamage()) SetAside(path_, *database, clock_.Now());
+    if (failure.IsDamage()) SetAside(path_, *database, clock_.Now(), patience_);
     if (!failure.IsUnfinishedWrite()) return false;
     database = OpenRecoveredCopy(path_, patience_);
   }

@@ -9,13 +9,15 @@ namespace sentrel {
 namespace fs = std::filesystem;
 namespace {
 
-/// One process at a time may rename in a folder. A process that does not get the lock leaves the
-/// matter to the one that has it.
+/// One process at a time may rename in a folder.
 class FolderLock {
  public:
-  explicit FolderLock(const fs::path& folder)
-      : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
-        held_(descriptor_ >= 0 && flock(descriptor_, LOCK_EX | LOCK_NB) == 0) {}
+  FolderLock(const fs::path& folder, const Patience& patience)
+      : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (descriptor_ < 0) return;
+    while (!(held_ = flock(descriptor_, LOCK_EX | LOCK_NB) == 0) && patience.WaitALittle()) {
+    }
+  }
   ~FolderLock() {
     if (descriptor_ >= 0) close(descriptor_);
   }
@@ -26,7 +28,7 @@ class FolderLock {
 
  private:
   int descriptor_;
-  bool held_;
+  bool held_ = false;
 };
 
 fs::path UnusedName(const fs::path& file, const LocalTime& now) {
@@ -41,8 +43,9 @@ fs::path UnusedName(const fs::path& file, const LocalTime& now) {
 
 }  // namespace
 
-void SetAside(const fs::path& file, const Database& open, const LocalTime& now) {
-  const FolderLock lock(file.parent_path());
+void SetAside(const fs::path& file, const Database& open, const LocalTime& now,
+              const Patience& patience) {
+  const FolderLock lock(file.parent_path(), patience);
   if (!lock.IsHeld() || open.HasMoved()) return;
   const fs::path name = UnusedName(file, now);
   std::error_code ignored;

@@ -15,7 +15,7 @@ using testing::UnorderedElementsAre;
 constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
 constexpr auto kUser = RegistryRoot::HKEY_CURRENT_USER;
 
-class Damage : public testing::Test {
+class Damage : public StoreTest {
  protected:
   void SetUp() override {
     auto registry = folder_.Registry();
@@ -26,14 +26,6 @@ class Damage : public testing::Test {
     registry.EndBatch();
   }
 
-  std::string Get(const std::string& name) {
-    auto registry = folder_.Registry();
-    return GetText(registry, kMachine, "a", name);
-  }
-  bool Set(const std::string& name, const std::string& text) {
-    auto registry = folder_.Registry();
-    return SetText(registry, kMachine, "a", name, text);
-  }
   std::vector<std::string> Names() {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder_.Machine().parent_path()))
@@ -45,8 +37,6 @@ class Damage : public testing::Test {
     file.seekp(offset);
     file << std::string(count, '\xA5');
   }
-
-  StoreFolder folder_;
 };
 
 TEST_F(Damage, SetsTheFileAsideAndBeginsAFreshOne) {
@@ -78,6 +68,19 @@ TEST_F(Damage, AReadSetsAsideTooAndASecondTimeFindsAnotherName) {
   }
   EXPECT_THAT(Names(), UnorderedElementsAre("registry.db", "registry.db.damaged-20261205-154937",
                                             "registry.db.damaged-20261205-154937-2"));
+}
+
+TEST_F(Damage, OfManyProcessesThatFindItOneSetsTheFileAside) {
+  constexpr int kWriters = 6;
+  for (int round = 0; round < 10; ++round) {
+    Overwrite(0, 100);
+    for (int writer = 0; writer < kWriters; ++writer)
+      if (fork() == 0) _exit(Set(fmt::format("{}.{}", round, writer), "x") ? 0 : 1);
+    for (int status = 0; wait(&status) > 0;) EXPECT_EQ(status, 0);
+    for (int writer = 0; writer < kWriters; ++writer)
+      EXPECT_EQ(Get(fmt::format("{}.{}", round, writer)), "x");
+    EXPECT_EQ(Names().size(), static_cast<std::size_t>(round + 2));
+  }
 }
 
 TEST_F(Damage, AJournalGoesWithItsFile) {
