@@ -5,8 +5,14 @@
 
 #include "console/main_form.h"
 #include "console/row_builder.h"
+#include "console/table_commands.h"
+#include "console/toggles.h"
+#include "console/tool_dispatch.h"
+#include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
+#include "controls/status_bar.h"
 #include "controls/table.h"
+#include "controls/tool_bars.h"
 #include "desktop/event_loop.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
@@ -19,7 +25,8 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
-  /// Where what outlives a run is kept for this user, or for the machine when run as root.
+  /// Where what outlives a run is kept for this user, or for the machine when run as root. Empty
+  /// for the places that the system has for it.
   std::string stateFolder;
 };
 
@@ -38,19 +45,30 @@ class Program {
   const NetSnmpListener& Listener() const { return listener_; }
 
  private:
+  /// What the tools run beyond the main window's own commands.
+  Commands OtherCommands();
+
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
   Settings settings_;
   Table table_;
+  ToolBars toolBars_;
+  StatusBar statusBar_;
   QtMainWindow window_;
   QtMessageBox messageBox_;
+  QtClipboard clipboard_;
+  QtFileSystem files_;
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
   Wakeup wakeup_;
   NetSnmpListener listener_;
+  Toggles toggles_;
+  ToolbarLayout layout_;
+  TableCommands tableCommands_;
   MainForm mainForm_;
+  ToolDispatch dispatch_;
   EndRequest endRequest_;
 };
 
