@@ -15,6 +15,11 @@ static void LoadResources() {
 }
 
 namespace sentrel {
+namespace {
+
+constexpr int kStatusMargin = 4;
+
+}  // namespace
 
 QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
     : table_(table),
@@ -27,7 +32,9 @@ QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
   setCentralWidget(inner_);
   inner_->installEventFilter(this);
   statusBar()->setObjectName("StatusBar");
-  statusBar()->addWidget(new QLabel, 1);
+  auto* statusText = new QLabel;
+  statusText->setContentsMargins(kStatusMargin, 0, 0, 0);
+  statusBar()->addWidget(statusText, 1);
   status_.SetObserver([this] { ShowStatus(); });
   connect(view_, &TableView::MenuKeyPressed, this, &QtMainWindow::PressRightButtonAt);
   const QSize room = screen()->availableSize();

@@ -294,8 +294,8 @@ void TableView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void TableView::PressMenuKey() {
-  const QRect cell = CellRect(std::max(table_.Row(), 1), 0);
-  const QRect seen = cell.intersected(viewport()->rect());
+  const QRect row = table_.Rows() > 1 ? CellRect(std::max(table_.Row(), 1), 0) : QRect();
+  const QRect seen = row.intersected(viewport()->rect());
   emit MenuKeyPressed(seen.isEmpty() ? QPoint() : seen.center());
 }
 
