@@ -25,23 +25,34 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
 }  // namespace
 
 Program::Program(const ProgramOptions& options)
-    : registry_(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile, clock_),
+    : application_(options.userFolder),
+      registry_(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile, clock_),
       settings_(registry_),
       newMibs_([this] { return AdoptMibs(); }),
       mibs_(MibLibrarySetup(application_), [this] { newMibs_.Wake(); }),
       decoder_(mibs_, settings_),
       lookup_(decoder_),
       log_(settings_, clock_, locale_, logFile_),
-      window_(table_),
+      window_(table_, toolBars_, statusBar_),
       messageBox_(window_),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
-      mainForm_(window_, table_, listener_, messageBox_),
+      toggles_(settings_, toolBars_, statusBar_),
+      layout_(application_, files_, toolBars_),
+      tableCommands_(table_, clipboard_, toolBars_),
+      mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
+      dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }) {
   QApplication::setApplicationName("Sentrel");
   window_.SetEvents(mainForm_);
+  table_.SetEvents(&tableCommands_);
+  toolBars_.SetEvents(&dispatch_);
+}
+
+Commands Program::OtherCommands() {
+  return {};
 }
 
 bool Program::Start() {

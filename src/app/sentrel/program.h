@@ -6,9 +6,15 @@
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
 #include "console/row_builder.h"
+#include "console/table_commands.h"
+#include "console/toggles.h"
+#include "console/tool_dispatch.h"
+#include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
 #include "console/trap_log.h"
+#include "controls/status_bar.h"
 #include "controls/table.h"
+#include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
 #include "desktop/qt_main_window.h"
@@ -48,6 +54,8 @@ class Program {
 
  private:
   bool AdoptMibs();
+  /// What the tools run beyond the main window's own commands.
+  Commands OtherCommands();
 
   QtApplication application_;
   SystemClock clock_;
@@ -61,14 +69,22 @@ class Program {
   PosixLogFile logFile_;
   TrapLog log_;
   Table table_;
+  ToolBars toolBars_;
+  StatusBar statusBar_;
   QtMainWindow window_;
   QtMessageBox messageBox_;
+  QtClipboard clipboard_;
+  QtFileSystem files_;
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;
+  Toggles toggles_;
+  ToolbarLayout layout_;
+  TableCommands tableCommands_;
   MainForm mainForm_;
+  ToolDispatch dispatch_;
   EndRequest endRequest_;
 };
 
