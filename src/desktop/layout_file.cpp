@@ -12,7 +12,7 @@
 namespace sentrel {
 namespace {
 
-constexpr qint64 kLargestFile = 256 * 1024;
+constexpr qint64 kLargestFile = 262'144;
 
 QByteArray Packed(const WindowLayout& layout) {
   const QByteArray lines = "Sentrel toolbars 1\nwindow " + layout.window.toBase64() + "\nbands " +
@@ -41,7 +41,7 @@ WindowLayout ReadLayout(const QString& path) {
   if (!file.open(QFile::ReadOnly)) throw Failure("The layout file cannot be read.");
   const QByteArray content = file.read(kLargestFile);
   const QList<QByteArray> lines = content.split('\n');
-  const WindowLayout layout{Part(lines, 1), Part(lines, 2)};
+  WindowLayout layout{Part(lines, 1), Part(lines, 2)};
   if (Packed(layout) != content) throw Failure("The layout file is damaged.");
   return layout;
 }

@@ -25,8 +25,9 @@ QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
     : table_(table),
       status_(status),
       inner_(new QWidget(this)),
-      view_(new TableView(table, inner_)),
-      tools_((LoadResources(), new QtToolBars(toolBars, *this))) {
+      view_(new TableView(table, inner_)) {
+  LoadResources();
+  tools_ = new QtToolBars(toolBars, *this);
   setObjectName("MainForm");
   setWindowIcon(QIcon(":/icons/sentrel.svg"));
   setCentralWidget(inner_);

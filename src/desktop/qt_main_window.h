@@ -45,7 +45,7 @@ class QtMainWindow : public QMainWindow, public MainWindow {
   MainWindowEvents* events_ = nullptr;
   QWidget* inner_;
   TableView* view_;
-  QtToolBars* tools_;
+  QtToolBars* tools_ = nullptr;
   bool unloaded_ = false;
 };
 
