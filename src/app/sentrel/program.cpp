@@ -1,7 +1,10 @@
 #include "app/program.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 
+#include "app/folders.h"
 #include "console/globals.h"
 
 namespace sentrel {
@@ -10,10 +13,11 @@ namespace {
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
 
-ListenerOptions ListenerOptionsFor(const ProgramOptions& options, const Application& application) {
+ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& application) {
+  const bool root = geteuid() == 0;
   return {.port = options.port,
           .port_helper = application.ProgramFolder() + "/sentrel-port",
-          .state_folder = options.stateFolder,
+          .state_folder = root ? options.machineFolder : options.userFolder,
           .configuration_path = "",
           .queue = {}};
 }
@@ -21,21 +25,45 @@ ListenerOptions ListenerOptionsFor(const ProgramOptions& options, const Applicat
 }  // namespace
 
 Program::Program(const ProgramOptions& options)
-    : window_(table_),
+    : application_(options.userFolder),
+      registry_(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile, clock_),
+      settings_(registry_),
+      newMibs_([this] { return AdoptMibs(); }),
+      mibs_(MibLibrarySetup(application_), [this] { newMibs_.Wake(); }),
+      decoder_(mibs_, settings_),
+      lookup_(decoder_),
+      log_(settings_, clock_, locale_, logFile_),
+      window_(table_, toolBars_, statusBar_),
       messageBox_(window_),
-      rows_(settings_, table_, window_, clock_, locale_),
-      gate_(settings_, rows_, resetTimer_),
-      wakeup_([this] { return listener_.Deliver(kDeliveryBudget); }),
-      listener_(ListenerOptionsFor(options, application_), gate_, [this] { wakeup_.Wake(); }),
-      mainForm_(window_, table_, listener_, messageBox_),
+      rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
+      gate_(settings_, rows_, decoder_, resetTimer_),
+      newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
+      listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
+      toggles_(settings_, toolBars_, statusBar_),
+      layout_(application_, files_, toolBars_),
+      tableCommands_(table_, clipboard_, toolBars_),
+      mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
+      dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }) {
   QApplication::setApplicationName("Sentrel");
   window_.SetEvents(mainForm_);
+  table_.SetEvents(&tableCommands_);
+  toolBars_.SetEvents(&dispatch_);
+}
+
+Commands Program::OtherCommands() {
+  return {};
 }
 
 bool Program::Start() {
   Main(application_, mainForm_);
   return window_.isVisible();
+}
+
+bool Program::AdoptMibs() {
+  mibs_.Adopt();
+  decoder_.Forget();
+  return false;
 }
 
 }  // namespace sentrel
