@@ -13,13 +13,17 @@
 namespace sentrel {
 
 /// How long one undertaking may wait for locks that other processes hold, all its steps together.
+/// Over until it is renewed.
 class Patience {
  public:
-  void Renew() { end_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(800); }
+  explicit Patience(std::chrono::milliseconds length) : length_(length) {}
+
+  void Renew() { end_ = std::chrono::steady_clock::now() + length_; }
   /// Returns false at once when it is over.
   bool WaitALittle() const;
 
  private:
+  std::chrono::milliseconds length_;
   std::chrono::steady_clock::time_point end_;
 };
 

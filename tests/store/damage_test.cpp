@@ -134,7 +134,7 @@ TEST_F(Damage, AFullDiskLosesTheWriteAndNothingElse) {
 void DieWhileWriting(const fs::path& file) {
   const pid_t child = fork();
   if (child == 0) {
-    const Patience none;
+    const Patience none{std::chrono::milliseconds(0)};
     Database database(file, none);
     database.Execute("PRAGMA cache_size = 1");
     database.Execute("BEGIN IMMEDIATE");
