@@ -13,11 +13,25 @@ namespace {
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
 
+/// The SNMP library would make the folder readable to its user alone, but the machine's options in
+/// it are for all users.
+void MakeStateFolder(const std::filesystem::path& folder, bool ofMachine) {
+  using std::filesystem::perms;
+  std::error_code ignored;
+  if (!std::filesystem::create_directories(folder, ignored)) return;
+  const perms others =
+      perms::group_read | perms::group_exec | perms::others_read | perms::others_exec;
+  std::filesystem::permissions(
+      folder, ofMachine ? perms::owner_all | others : perms(perms::owner_all), ignored);
+}
+
 ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& application) {
   const bool root = geteuid() == 0;
+  const std::filesystem::path& folder = root ? options.machineFolder : options.userFolder;
+  MakeStateFolder(folder, root);
   return {.port = options.port,
           .port_helper = application.ProgramFolder() + "/sentrel-port",
-          .state_folder = root ? options.machineFolder : options.userFolder,
+          .state_folder = folder,
           .configuration_path = "",
           .queue = {}};
 }
