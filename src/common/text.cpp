@@ -31,8 +31,9 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 
 std::string UpperCase(std::string_view text) {
   std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+  std::transform(result.begin(), result.end(), result.begin(), [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  });
   return result;
 }
 

@@ -12,6 +12,16 @@ struct Area {
   int height = 0;
 };
 
+/// Told of what happens to the main window, on the event loop. Must not throw.
+class MainWindowEvents {
+ public:
+  virtual ~MainWindowEvents() = default;
+  /// The size of the inner area has changed.
+  virtual void Form_Resize() = 0;
+  /// The window closes for good; comes once, also for a window that was never shown.
+  virtual void Form_Unload() = 0;
+};
+
 /// What the logic asks of the main window. Called on the event loop.
 class MainWindow {
  public:

@@ -28,11 +28,11 @@ struct ListenFailure {
 class SNMP {
  public:
   virtual ~SNMP() = default;
-  /// Enables trap reception. Greater than 0 means that it could not be enabled; Failure() then
-  /// tells why. Never throws.
+  /// Enables trap reception. Greater than 0 means that it could not be enabled; WhyNotListening()
+  /// then tells why. Never throws.
   virtual std::int16_t StartListening() = 0;
   /// The reason of the last StartListening that failed.
-  virtual ListenFailure Failure() const = 0;
+  virtual ListenFailure WhyNotListening() const = 0;
   /// Ends reception: no OnTrap comes after it. Throws Failure.
   virtual void StopListening() = 0;
   /// Releases what the listener holds. Called once, after StopListening. Throws Failure.

@@ -15,7 +15,9 @@ const LocaleTexts kSpanish = {
     "a. m.",
     "p. m."};
 
-LocalTime At(int hour, int minute) { return {2026, 12, 5, hour, minute, 37}; }
+LocalTime At(int hour, int minute) {
+  return {2026, 12, 5, hour, minute, 37};
+}
 
 TEST(FormatTime, FollowsTheDesignatorOfTheLanguage) {
   struct Case {

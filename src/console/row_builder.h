@@ -1,0 +1,42 @@
+#pragma once
+
+#include "console/oid_lookup.h"
+#include "console/selection_keeper.h"
+#include "console/trap_log.h"
+#include "controls/table.h"
+#include "platform/clock.h"
+#include "platform/main_window.h"
+#include "platform/trap.h"
+#include "settings/settings.h"
+
+namespace sentrel {
+
+/// The table holds this many traps at most; the oldest goes first.
+inline constexpr int kMostTraps = 999;
+
+/// Turns an accepted trap into the newest row of the table.
+class RowBuilder {
+ public:
+  /// All of these must outlive the builder.
+  RowBuilder(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
+             const Locale& locale, OidLookup& lookup, TrapLog& log);
+
+  /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond kMostTraps and keeps the selection on the same
+  /// traps. Painting is off meanwhile and on again afterwards, also after a failure.
+  void AddTrap(const Trap& trap);
+
+ private:
+  void FillRow(const Trap& trap);
+  int HeightFor(const std::string& summaryText) const;
+
+  const Settings& settings_;
+  Table& table_;
+  const MainWindow& window_;
+  const Clock& clock_;
+  const Locale& locale_;
+  OidLookup& lookup_;
+  TrapLog& log_;
+  SelectionKeeper selection_;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "platform/trap.h"
+
+namespace sentrel {
+
+/// The trap as one undecoded text, which the table keeps with its row:
+/// SOURCEIP=address::COMMUNITY=community, then ::OID=type=value for each binding in order.
+///
+/// So that any text survives, a backslash stands before a backslash, and before each ":" that
+/// touches another ":" or an end of its text. Ordinary texts stand as they are.
+std::string RowRecord(const Trap& trap);
+
+/// Number of bindings that a reader may touch: the shortest of the trap's three lists.
+size_t BindingCount(const Trap& trap);
+
+}  // namespace sentrel

@@ -1,0 +1,167 @@
+#include "controls/table.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "common/failure.h"
+#include "common/text.h"
+
+namespace sentrel {
+namespace {
+
+void Require(const char* what, int index, int first, int end) {
+  if (index < first || index >= end) throw Failure(fmt::format("There is no {} {}.", what, index));
+}
+
+}  // namespace
+
+Table::Table() : rows_(1) {}
+
+void Table::SetRows(int rows) {
+  if (rows < 1) throw Failure("A table always has its header row.");
+  RowContent empty;
+  empty.cells.resize(columns_.size());
+  rows_.resize(static_cast<size_t>(rows), empty);
+  KeepSelectionInside();
+  Changed();
+}
+
+void Table::SetCols(int cols) {
+  if (cols < 0) throw Failure("A table cannot have fewer than no columns.");
+  columns_.resize(static_cast<size_t>(cols));
+  for (RowContent& row : rows_) row.cells.resize(columns_.size());
+  KeepSelectionInside();
+  Changed();
+}
+
+void Table::SetFixedCols(int cols) {
+  Require("fixed column count", cols, 0, Cols() + 1);
+  fixedCols_ = cols;
+  Changed();
+}
+
+void Table::SetRow(int row) {
+  Require("row", row, 0, Rows());
+  row_ = rowSel_ = row;
+  KeepSelectionInside();
+  Changed();
+}
+
+void Table::SetCol(int col) {
+  Require("column", col, 0, Cols());
+  col_ = colSel_ = col;
+  KeepSelectionInside();
+  Changed();
+}
+
+void Table::SetRowSel(int row) {
+  Require("row", row, 0, Rows());
+  rowSel_ = row;
+  Changed();
+}
+
+void Table::SetColSel(int col) {
+  Require("column", col, 0, Cols());
+  colSel_ = col;
+  KeepSelectionInside();
+  Changed();
+}
+
+void Table::SetWholeRows(bool wholeRows) {
+  wholeRows_ = wholeRows;
+  KeepSelectionInside();
+  Changed();
+}
+
+void Table::SetRedraw(int redraw) {
+  painting_ = redraw != 0;
+  if (painting_ && std::exchange(changedUnpainted_, false)) Changed();
+}
+
+void Table::SetRowHeight(int row, int height) {
+  RowAt(row).height = height;
+  Changed();
+}
+
+void Table::SetColWidth(int col, int width) {
+  ColumnAt(col).width = width;
+  Changed();
+}
+
+void Table::SetColAlignment(int col, Alignment alignment) {
+  ColumnAt(col).alignment = alignment;
+  Changed();
+}
+
+void Table::SetRuleColor(std::uint32_t color) {
+  ruleColor_ = color;
+  Changed();
+}
+
+const std::string& Table::Cell(int row, int col) const {
+  Require("column", col, 0, Cols());
+  return RowAt(row).cells[static_cast<size_t>(col)];
+}
+
+void Table::SetCell(int row, int col, std::string text) {
+  Require("column", col, 0, Cols());
+  RowContent& content = RowAt(row);
+  content.cells[static_cast<size_t>(col)] = std::move(text);
+  content.version = ++lastVersion_;
+  Changed();
+}
+
+void Table::SetRowData(int row, std::string data) {
+  RowAt(row).data = std::move(data);
+}
+
+void Table::AddItem(const std::string& text, int index) {
+  Require("row", index, 1, Rows() + 1);
+  const auto pieces = Split(text, "\t");
+  RowContent row;
+  row.cells.assign(pieces.begin(), pieces.end());
+  row.cells.resize(columns_.size());
+  row.version = ++lastVersion_;
+  rows_.insert(rows_.begin() + index, std::move(row));
+  if (observer_) observer_->RowInserted(index);
+  Changed();
+}
+
+void Table::RemoveItem(int index) {
+  Require("row", index, 1, Rows());
+  rows_.erase(rows_.begin() + index);
+  KeepSelectionInside();
+  if (observer_) observer_->RowRemoved(index);
+  Changed();
+}
+
+const Table::RowContent& Table::RowAt(int row) const {
+  Require("row", row, 0, Rows());
+  return rows_[static_cast<size_t>(row)];
+}
+
+const Table::Column& Table::ColumnAt(int col) const {
+  Require("column", col, 0, Cols());
+  return columns_[static_cast<size_t>(col)];
+}
+
+void Table::KeepSelectionInside() {
+  const int lastRow = Rows() - 1;
+  const int lastCol = std::max(Cols() - 1, 0);
+  row_ = std::min(row_, lastRow);
+  rowSel_ = std::min(rowSel_, lastRow);
+  col_ = wholeRows_ ? 0 : std::min(col_, lastCol);
+  colSel_ = wholeRows_ ? lastCol : std::min(colSel_, lastCol);
+}
+
+void Table::Changed() {
+  if (!painting_) {
+    changedUnpainted_ = true;
+  } else if (observer_) {
+    observer_->TableChanged();
+  }
+}
+
+}  // namespace sentrel

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sentrel {
+
+/// Told of changes of a Table. RowInserted and RowRemoved come at once, also while painting is off,
+/// so that a view can keep its place; they must be cheap and must not change the table.
+class TableObserver {
+ public:
+  virtual ~TableObserver() = default;
+  virtual void RowInserted(int row) = 0;
+  virtual void RowRemoved(int row) = 0;
+  /// Something that is painted has changed. Comes while painting is on, and once when it is turned
+  /// on again after changes.
+  virtual void TableChanged() = 0;
+};
+
+enum class Alignment { Left = 1, Center = 4 };
+
+/// A grid of texts whose row 0 is the header. It holds rows, sizes and the selection, and knows no
+/// toolkit: a view paints from it. Used on the event loop only.
+///
+/// Heights and widths are in the unit of the window's text measures. A row or column that does not
+/// exist is refused with a Failure. Inserting and removing near either end costs the same whatever
+/// the number of rows.
+class Table {
+ public:
+  Table();
+
+  /// At most one observer, which must outlive the table or be taken away with nullptr.
+  void SetObserver(TableObserver* observer) { observer_ = observer; }
+
+  /// Number of rows, the header included. Writing a smaller number drops the last rows; the header
+  /// stays.
+  int Rows() const { return static_cast<int>(rows_.size()); }
+  void SetRows(int rows);
+  int Cols() const { return static_cast<int>(columns_.size()); }
+  void SetCols(int cols);
+  /// Columns at the left that do not scroll sideways.
+  int FixedCols() const { return fixedCols_; }
+  void SetFixedCols(int cols);
+
+  /// The cursor cell, where the selection began. Writing either moves the cursor and takes the
+  /// opposite corner along.
+  int Row() const { return row_; }
+  void SetRow(int row);
+  int Col() const { return col_; }
+  void SetCol(int col);
+  /// The opposite corner of the selection; may lie above or left of the cursor.
+  int RowSel() const { return rowSel_; }
+  void SetRowSel(int row);
+  int ColSel() const { return colSel_; }
+  void SetColSel(int col);
+  /// Whether a selection always spans all columns.
+  bool WholeRows() const { return wholeRows_; }
+  void SetWholeRows(bool wholeRows);
+
+  /// 0 stops painting, anything else starts it again.
+  void SetRedraw(int redraw);
+
+  int RowHeight(int row) const { return RowAt(row).height; }
+  void SetRowHeight(int row, int height);
+  int ColWidth(int col) const { return ColumnAt(col).width; }
+  void SetColWidth(int col, int width);
+  Alignment ColAlignment(int col) const { return ColumnAt(col).alignment; }
+  void SetColAlignment(int col, Alignment alignment);
+  /// Colour of the horizontal rules between rows, 0xRRGGBB.
+  std::uint32_t RuleColor() const { return ruleColor_; }
+  void SetRuleColor(std::uint32_t color);
+
+  /// UTF-8 text of a cell; CR LF separates its lines.
+  const std::string& Cell(int row, int col) const;
+  void SetCell(int row, int col, std::string text);
+  /// A number that changes with every change of a row's cells and is never used twice, so that a
+  /// view can keep what it worked out from them.
+  std::uint64_t RowVersion(int row) const { return RowAt(row).version; }
+  /// A text hung on a row and never shown; empty on a row that was never given one.
+  const std::string& RowData(int row) const { return RowAt(row).data; }
+  void SetRowData(int row, std::string data);
+
+  /// Inserts a row at the index, 1 to Rows(). The text holds its cells, separated by tabs.
+  void AddItem(const std::string& text, int index);
+  /// Removes the row at the index, 1 to Rows() - 1; the rows below move up by one.
+  void RemoveItem(int index);
+
+ private:
+  struct RowContent {
+    std::vector<std::string> cells;
+    std::string data;
+    int height = 0;
+    std::uint64_t version = 0;
+  };
+  struct Column {
+    int width = 0;
+    Alignment alignment = Alignment::Left;
+  };
+
+  const RowContent& RowAt(int row) const;
+  const Column& ColumnAt(int col) const;
+  RowContent& RowAt(int row) { return const_cast<RowContent&>(std::as_const(*this).RowAt(row)); }
+  Column& ColumnAt(int col) { return const_cast<Column&>(std::as_const(*this).ColumnAt(col)); }
+  void KeepSelectionInside();
+  void Changed();
+
+  TableObserver* observer_ = nullptr;
+  std::deque<RowContent> rows_;
+  std::vector<Column> columns_;
+  std::uint64_t lastVersion_ = 0;
+  int fixedCols_ = 0;
+  int row_ = 0;
+  int col_ = 0;
+  int rowSel_ = 0;
+  int colSel_ = 0;
+  bool wholeRows_ = false;
+  std::uint32_t ruleColor_ = 0;
+  bool painting_ = true;
+  bool changedUnpainted_ = false;
+};
+
+}  // namespace sentrel

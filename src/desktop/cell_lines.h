@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QFont>
+#include <QStringList>
+#include <string>
+
+namespace sentrel {
+
+/// A line of a cell takes at most this many lines on the screen; an ellipsis stands for the rest.
+inline constexpr int kMostWrappedLines = 8;
+
+/// The lines to paint for the text of a cell, each at most `width` pixels wide. Characters that
+/// would disturb the picture (control characters, directional overrides) are made visible instead
+/// of obeyed.
+QStringList CellLines(const std::string& text, const QFont& font, int width);
+
+}  // namespace sentrel

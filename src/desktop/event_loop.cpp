@@ -1,0 +1,52 @@
+#include "desktop/event_loop.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <memory>
+
+namespace sentrel {
+namespace {
+
+constexpr int kEndSignals[] = {SIGTERM, SIGINT, SIGHUP};
+
+volatile sig_atomic_t signalPipe = -1;
+
+void OnSignal(int) {
+  const char byte = 0;
+  [[maybe_unused]] const auto written = write(signalPipe, &byte, 1);
+}
+
+}  // namespace
+
+void Wakeup::Wake() {
+  QMetaObject::invokeMethod(
+      this, [this] { Run(); }, Qt::QueuedConnection);
+}
+
+void Wakeup::Run() {
+  if (job_()) Wake();
+}
+
+EndRequest::EndRequest(std::function<void()> job) {
+  if (pipe2(pipe_, O_CLOEXEC | O_NONBLOCK) != 0) pipe_[0] = pipe_[1] = -1;
+  signalPipe = pipe_[1];
+  notifier_ = std::make_unique<QSocketNotifier>(pipe_[0], QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this, job = std::move(job)] {
+    char byte = 0;
+    while (read(pipe_[0], &byte, 1) > 0) {
+    }
+    job();
+  });
+  for (const int signal : kEndSignals) std::signal(signal, OnSignal);
+}
+
+EndRequest::~EndRequest() {
+  for (const int signal : kEndSignals) std::signal(signal, SIG_DFL);
+  notifier_.reset();
+  close(pipe_[0]);
+  close(pipe_[1]);
+}
+
+}  // namespace sentrel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+
+namespace sentrel {
+
+/// Runs a job on the event loop when another thread asks for it.
+class Wakeup : public QObject {
+  Q_OBJECT
+ public:
+  /// The job runs once or more after each call of Wake. It returns whether it wants to run again
+  /// at once, behind the events that wait already.
+  explicit Wakeup(std::function<bool()> job) : job_(std::move(job)) {}
+
+  /// May be called on any thread.
+  void Wake();
+
+ private:
+  void Run();
+
+  std::function<bool()> job_;
+};
+
+/// Runs a job on the event loop when the system asks the process to end (SIGTERM, SIGINT, SIGHUP).
+/// One at a time.
+class EndRequest {
+ public:
+  explicit EndRequest(std::function<void()> job);
+  ~EndRequest();
+  EndRequest(const EndRequest&) = delete;
+  EndRequest& operator=(const EndRequest&) = delete;
+
+ private:
+  int pipe_[2];
+  std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}  // namespace sentrel

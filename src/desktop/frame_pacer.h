@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <functional>
+
+namespace sentrel {
+
+/// Turns any number of requests into at most one frame per interval. The first request after a
+/// quiet time is served at once, so that a single trap shows without delay.
+class FramePacer {
+ public:
+  /// Runs the frame on the event loop.
+  explicit FramePacer(std::function<void()> frame);
+
+  void Request();
+
+ private:
+  void RunFrame();
+
+  std::function<void()> frame_;
+  QTimer timer_;
+  QElapsedTimer sinceLast_;
+};
+
+}  // namespace sentrel

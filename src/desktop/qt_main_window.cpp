@@ -1,0 +1,87 @@
+#include "desktop/qt_main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+#include <QStatusBar>
+
+#include "common/failure.h"
+
+/// The linker leaves out the resources of a static library unless they are asked for, from outside
+/// any namespace.
+static void LoadResources() {
+  Q_INIT_RESOURCE(desktop);
+}
+
+namespace sentrel {
+
+QtMainWindow::QtMainWindow(Table& table)
+    : inner_(new QWidget(this)), view_(new TableView(table, inner_)) {
+  LoadResources();
+  setObjectName("MainForm");
+  setWindowIcon(QIcon(":/icons/sentrel.svg"));
+  setCentralWidget(inner_);
+  inner_->installEventFilter(this);
+  statusBar()->setObjectName("StatusBar");
+  const QSize room = screen()->availableSize();
+  resize(QSize(1100, 640).boundedTo(room));
+  view_->setFocus();
+}
+
+void QtMainWindow::SetCaption(const std::string& caption) {
+  setWindowTitle(QString::fromStdString(caption));
+}
+
+void QtMainWindow::SetHelpContext(int number) {
+  setProperty("helpContext", number);
+}
+
+int QtMainWindow::TextWidth(const std::string& text) const {
+  return fontMetrics().horizontalAdvance(QString::fromStdString(text));
+}
+
+int QtMainWindow::TextHeight(const std::string&) const {
+  return fontMetrics().height();
+}
+
+int QtMainWindow::InnerWidth() const {
+  return inner_->width();
+}
+
+int QtMainWindow::InnerHeight() const {
+  return inner_->height() + StatusBarHeight();
+}
+
+int QtMainWindow::StatusBarHeight() const {
+  return statusBar()->height();
+}
+
+void QtMainWindow::MoveTable(const Area& area) {
+  if (area.width < 0 || area.height < 0) throw Failure("The window has no room for the table.");
+  view_->setGeometry(area.left, area.top, area.width, area.height);
+}
+
+void QtMainWindow::Show() {
+  show();
+}
+
+void QtMainWindow::Unload() {
+  if (!unloaded_) {
+    unloaded_ = true;
+    if (events_) events_->Form_Unload();
+  }
+  hide();
+  QApplication::quit();
+}
+
+void QtMainWindow::closeEvent(QCloseEvent* event) {
+  Unload();
+  event->accept();
+}
+
+bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == inner_ && event->type() == QEvent::Resize && events_) events_->Form_Resize();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace sentrel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "desktop/table_view.h"
+#include "platform/main_window.h"
+
+namespace sentrel {
+
+/// The main window on the screen: the table above a status bar.
+class QtMainWindow : public QMainWindow, public MainWindow {
+  Q_OBJECT
+ public:
+  explicit QtMainWindow(Table& table);
+
+  /// Must outlive the window.
+  void SetEvents(MainWindowEvents& events) { events_ = &events; }
+
+  void SetCaption(const std::string& caption) override;
+  void SetHelpContext(int number) override;
+  int TextWidth(const std::string& text) const override;
+  int TextHeight(const std::string& text) const override;
+  int InnerWidth() const override;
+  int InnerHeight() const override;
+  int StatusBarHeight() const override;
+  void MoveTable(const Area& area) override;
+  void Show() override;
+  void Unload() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  MainWindowEvents* events_ = nullptr;
+  QWidget* inner_;
+  TableView* view_;
+  bool unloaded_ = false;
+};
+
+}  // namespace sentrel

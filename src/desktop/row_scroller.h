@@ -1,0 +1,63 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace sentrel {
+
+/// Where a view of rows of many heights stands: a row at the top edge, and how many of its pixels
+/// lie above the edge. Rows count from 1. No operation looks at more rows than fit on the screen.
+///
+/// While the view stands at the very top, new rows push the others down; anywhere else the rows on
+/// the screen stay where they are.
+class RowScroller {
+ public:
+  using HeightOf = std::function<int(int row)>;
+
+  /// Heights are asked for as they are needed, in pixels, greater than 0.
+  explicit RowScroller(HeightOf heightOf) : heightOf_(std::move(heightOf)) {}
+
+  int LastRow() const { return lastRow_; }
+  int TopRow() const { return top_; }
+  int PixelsAbove() const { return above_; }
+  bool AtTop() const { return top_ == 1 && above_ == 0; }
+
+  void RowInserted(int row);
+  void RowRemoved(int row);
+
+  /// Moves by pixels, down where positive, without leaving the rows.
+  void ScrollBy(int pixels);
+  /// Moves as little as shows the row whole, or its top where it is taller than the view.
+  void MakeVisible(int row);
+  /// Takes the size of things into account: number of the last row (0 for none), height of the
+  /// view.
+  void SetExtent(int lastRow, int viewHeight);
+
+  /// The row at a height of the view; the nearest one above or below the rows. 0 without rows.
+  int RowAt(int y) const;
+  /// Last row that is at least partly seen.
+  int BottomRow() const { return RowAt(viewHeight_ - 1); }
+
+  /// For a scroll bar: kUnits a row, so that rows count alike however tall they are.
+  static constexpr int kUnits = 256;
+  int Value() const;
+  int Maximum() const;
+  void SetValue(int value);
+
+ private:
+  struct Position {
+    int row;
+    int above;
+  };
+  Position Lowest() const;
+  int ValueOf(const Position& position) const;
+  void Clamp();
+
+  HeightOf heightOf_;
+  int top_ = 1;
+  int above_ = 0;
+  int lastRow_ = 0;
+  int viewHeight_ = 0;
+};
+
+}  // namespace sentrel

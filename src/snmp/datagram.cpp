@@ -1,0 +1,33 @@
+#include "snmp/datagram.h"
+
+#include <arpa/inet.h>
+#include <net/if.h>
+
+#include <cstring>
+
+namespace sentrel {
+namespace {
+
+void AppendZone(std::uint32_t index, std::string& text) {
+  std::array<char, IF_NAMESIZE> name{};
+  if (index == 0) return;
+  text += '%';
+  text += if_indextoname(index, name.data()) != nullptr ? name.data() : std::to_string(index);
+}
+
+}  // namespace
+
+void AddressText(const Peer& peer, std::string& text) {
+  std::array<char, INET6_ADDRSTRLEN> buffer{};
+  const in6_addr& v6 = peer.remote.v6.sin6_addr;
+  if (peer.remote.any.sa_family == AF_INET) {
+    text = inet_ntop(AF_INET, &peer.remote.v4.sin_addr, buffer.data(), buffer.size());
+  } else if (IN6_IS_ADDR_V4MAPPED(&v6)) {
+    text = inet_ntop(AF_INET, &v6.s6_addr[12], buffer.data(), buffer.size());
+  } else {
+    text = inet_ntop(AF_INET6, &v6, buffer.data(), buffer.size());
+    AppendZone(peer.remote.v6.sin6_scope_id, text);
+  }
+}
+
+}  // namespace sentrel

@@ -1,0 +1,144 @@
+#include "snmp/datagram_socket.h"
+
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <cstring>
+
+namespace sentrel {
+namespace {
+
+constexpr std::size_t kBatch = 64;
+constexpr std::size_t kLargestDatagram = 65'536;
+constexpr int kBufferBytes = 64 << 20;
+
+void SetOption(int socket, int level, int name, int value) {
+  setsockopt(socket, level, name, &value, sizeof value);
+}
+
+/// Each option is a help, none is a need: what the system refuses is done without.
+void Prepare(int socket) {
+  if (setsockopt(socket, SOL_SOCKET, SO_RCVBUFFORCE, &kBufferBytes, sizeof kBufferBytes) != 0) {
+    SetOption(socket, SOL_SOCKET, SO_RCVBUF, kBufferBytes);
+  }
+  SetOption(socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
+  SetOption(socket, IPPROTO_IP, IP_PKTINFO, 1);
+  SetOption(socket, IPPROTO_IPV6, IPV6_RECVPKTINFO, 1);
+}
+
+template <typename T>
+T Payload(const cmsghdr& header) {
+  T value;
+  std::memcpy(&value, CMSG_DATA(&header), sizeof value);
+  return value;
+}
+
+template <typename T>
+void StoreLocal(int level, int type, const T& info, Peer& peer) {
+  cmsghdr header{};
+  header.cmsg_level = level;
+  header.cmsg_type = type;
+  header.cmsg_len = CMSG_LEN(sizeof info);
+  std::memcpy(peer.local.data(), &header, sizeof header);
+  std::memcpy(peer.local.data() + CMSG_LEN(0), &info, sizeof info);
+  peer.local_length = CMSG_SPACE(sizeof info);
+}
+
+}  // namespace
+
+struct DatagramSocket::Slots {
+  struct Slot {
+    std::array<std::uint8_t, kLargestDatagram> bytes;
+    alignas(cmsghdr) std::array<char, 256> control;
+    iovec data;
+    Peer::Address remote;
+  };
+  std::array<Slot, kBatch> slots;
+  std::array<mmsghdr, kBatch> messages{};
+};
+
+DatagramSocket::DatagramSocket(int descriptor) : descriptor_(descriptor), slots_(new Slots) {
+  Prepare(descriptor_);
+  batch_.reserve(kBatch);
+  for (std::size_t i = 0; i < kBatch; ++i) {
+    Slots::Slot& slot = slots_->slots[i];
+    slot.data = {slot.bytes.data(), slot.bytes.size()};
+    msghdr& message = slots_->messages[i].msg_hdr;
+    message.msg_iov = &slot.data;
+    message.msg_iovlen = 1;
+    message.msg_name = &slot.remote;
+    message.msg_control = slot.control.data();
+  }
+}
+
+DatagramSocket::~DatagramSocket() {
+  close(descriptor_);
+}
+
+std::uint16_t DatagramSocket::Port() const {
+  Peer::Address address{};
+  socklen_t length = sizeof address;
+  getsockname(descriptor_, &address.any, &length);
+  // The port stands at the same place in both forms.
+  return ntohs(address.v4.sin_port);
+}
+
+std::span<const Datagram> DatagramSocket::ReadBatch() {
+  for (std::size_t i = 0; i < kBatch; ++i) {
+    msghdr& message = slots_->messages[i].msg_hdr;
+    message.msg_namelen = sizeof(Peer::Address);
+    message.msg_controllen = slots_->slots[i].control.size();
+  }
+  const int count = recvmmsg(descriptor_, slots_->messages.data(), kBatch, MSG_DONTWAIT, nullptr);
+  batch_.resize(count > 0 ? count : 0);
+  for (std::size_t i = 0; i < batch_.size(); ++i) {
+    const mmsghdr& received = slots_->messages[i];
+    Datagram& datagram = batch_[i];
+    datagram.bytes = {slots_->slots[i].bytes.data(), received.msg_len};
+    datagram.peer.remote = slots_->slots[i].remote;
+    datagram.peer.remote_length = received.msg_hdr.msg_namelen;
+    TakeControl(received.msg_hdr, datagram.peer);
+  }
+  return batch_;
+}
+
+void DatagramSocket::TakeControl(const msghdr& message, Peer& peer) {
+  peer.local_length = 0;
+  auto* whole = const_cast<msghdr*>(&message);
+  for (cmsghdr* header = CMSG_FIRSTHDR(whole); header != nullptr;
+       header = CMSG_NXTHDR(whole, header)) {
+    if (header->cmsg_level == SOL_SOCKET && header->cmsg_type == SO_RXQ_OVFL) {
+      system_drops_ = Payload<std::uint32_t>(*header);
+    } else if (header->cmsg_level == IPPROTO_IPV6 && header->cmsg_type == IPV6_PKTINFO) {
+      auto info = Payload<in6_pktinfo>(*header);
+      info.ipi6_ifindex = 0;
+      StoreLocal(IPPROTO_IPV6, IPV6_PKTINFO, info, peer);
+    } else if (header->cmsg_level == IPPROTO_IP && header->cmsg_type == IP_PKTINFO &&
+               peer.local_length == 0) {
+      auto info = Payload<in_pktinfo>(*header);
+      info.ipi_ifindex = 0;
+      StoreLocal(IPPROTO_IP, IP_PKTINFO, info, peer);
+    }
+  }
+}
+
+bool DatagramSocket::Send(const Peer& peer, std::span<const std::uint8_t> bytes) const {
+  Peer to = peer;
+  iovec data{const_cast<std::uint8_t*>(bytes.data()), bytes.size()};
+  msghdr message{};
+  message.msg_name = &to.remote;
+  message.msg_namelen = to.remote_length;
+  message.msg_iov = &data;
+  message.msg_iovlen = 1;
+  if (to.local_length != 0) {
+    message.msg_control = to.local.data();
+    message.msg_controllen = to.local_length;
+  }
+  if (sendmsg(descriptor_, &message, MSG_DONTWAIT) >= 0) return true;
+  // A broadcast or multicast address cannot be sent from.
+  message.msg_control = nullptr;
+  message.msg_controllen = 0;
+  return sendmsg(descriptor_, &message, MSG_DONTWAIT) >= 0;
+}
+
+}  // namespace sentrel

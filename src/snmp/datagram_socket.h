@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "snmp/datagram.h"
+
+namespace sentrel {
+
+/// Reads datagrams in batches from a bound UDP socket, and sends single ones. Belongs to one
+/// thread.
+class DatagramSocket {
+ public:
+  /// Takes the descriptor over.
+  explicit DatagramSocket(int descriptor);
+  ~DatagramSocket();
+  DatagramSocket(const DatagramSocket&) = delete;
+  DatagramSocket& operator=(const DatagramSocket&) = delete;
+
+  int Descriptor() const { return descriptor_; }
+  /// The port that the socket is bound to, in host order.
+  std::uint16_t Port() const;
+
+  /// The datagrams that wait, at most a batch of them and perhaps none. Does not wait. What it
+  /// returns is good until the next call.
+  std::span<const Datagram> ReadBatch();
+
+  /// Datagrams that the system dropped because this socket's buffer was full, as far as the
+  /// datagrams read until now tell. Wraps at 2^32.
+  std::uint32_t SystemDrops() const { return system_drops_; }
+
+  /// Sends to the peer from the address that the peer had used. Returns whether the system took it.
+  bool Send(const Peer& peer, std::span<const std::uint8_t> bytes) const;
+
+ private:
+  struct Slots;
+  void TakeControl(const msghdr& message, Peer& peer);
+
+  const int descriptor_;
+  std::unique_ptr<Slots> slots_;
+  std::vector<Datagram> batch_;
+  std::uint32_t system_drops_ = 0;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,31 @@
+#include "snmp/listener_counters.h"
+
+#include <numeric>
+
+namespace sentrel {
+
+std::string_view OutcomeText(Outcome outcome) {
+  static constexpr std::array<std::string_view, kOutcomes> kTexts = {
+      "accepted",          "queue full",
+      "not SNMP",          "truncated",
+      "malformed",         "unsupported version",
+      "no notification",   "unknown engine",
+      "unknown user",      "unsupported security level",
+      "wrong digest",      "not decrypted",
+      "not in time window"};
+  return kTexts[static_cast<std::size_t>(outcome)];
+}
+
+std::uint64_t ListenerCounters::Received() const {
+  return std::accumulate(outcomes.begin(), outcomes.end(), std::uint64_t{0});
+}
+
+ListenerCounters SharedCounters::Read() const {
+  ListenerCounters copy;
+  for (std::size_t i = 0; i < kOutcomes; ++i) copy.outcomes[i] = outcomes_[i].load(kOrder);
+  copy.answered_informs = answered_informs_.load(kOrder);
+  copy.system_drops = system_drops_.load(kOrder);
+  return copy;
+}
+
+}  // namespace sentrel

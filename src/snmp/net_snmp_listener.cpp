@@ -1,0 +1,95 @@
+#include "snmp/net_snmp_listener.h"
+
+#include <cerrno>
+#include <exception>
+#include <utility>
+
+#include "snmp/listen_failure.h"
+#include "snmp/port_helper.h"
+#include "snmp/receiver.h"
+#include "snmp/snmp_library.h"
+
+namespace sentrel {
+namespace {
+
+constexpr std::size_t kTakenAtOnce = 64;
+
+}  // namespace
+
+NetSnmpListener::NetSnmpListener(ListenerOptions options, TrapObserver& observer,
+                                 std::function<void()> wake)
+    : options_(std::move(options)),
+      observer_(observer),
+      wake_(std::move(wake)),
+      queue_(options_.queue) {}
+
+NetSnmpListener::~NetSnmpListener() = default;
+
+int NetSnmpListener::OpenSocket() const {
+  const int socket = BindTrapSocket(options_.port);
+  const bool try_helper = socket == -EACCES && options_.port == kTrapPort;
+  if (!try_helper || options_.port_helper.empty()) return socket;
+  const int handed = SocketFromPortHelper(options_.port_helper);
+  // A helper that is missing or broken has nothing to add to the refusal itself.
+  return handed >= 0 || handed == -EADDRINUSE ? handed : -EACCES;
+}
+
+std::int16_t NetSnmpListener::StartListening() {
+  if (Listening()) return 0;
+  // The socket first: a second copy of the program must not touch the first one's state.
+  const int socket = OpenSocket();
+  if (socket < 0) {
+    failure_ = ExplainListenFailure(-socket, options_.port, options_.port_helper);
+    return 1;
+  }
+  try {
+    if (!library_) {
+      library_ = std::make_unique<SnmpLibrary>(options_.state_folder, options_.configuration_path);
+    }
+    receiver_ = std::make_unique<Receiver>(socket, queue_, counters_, wake_);
+    return 0;
+  } catch (const std::exception& error) {
+    failure_ = {std::string("The system refuses what reception needs: ") + error.what() + ".",
+                "Close some other programs and start this one again."};
+    return 1;
+  }
+}
+
+void NetSnmpListener::StopListening() {
+  receiver_.reset();
+  queue_.Clear();
+  taken_.clear();
+  next_ = 0;
+}
+
+void NetSnmpListener::CloseListener() {
+  StopListening();
+  library_.reset();
+}
+
+bool NetSnmpListener::TakeNext(Trap& trap) {
+  if (next_ == taken_.size()) {
+    queue_.Take(kTakenAtOnce, taken_);
+    next_ = 0;
+  }
+  if (taken_.empty()) return false;
+  trap = std::move(taken_[next_++]);
+  return true;
+}
+
+bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point end = Clock::now() + budget;
+  Trap trap;
+  while (TakeNext(trap)) {
+    observer_.OnTrap(trap);
+    if (Clock::now() >= end) break;
+  }
+  return next_ < taken_.size() || !queue_.Empty();
+}
+
+std::uint16_t NetSnmpListener::Port() const {
+  return receiver_ ? receiver_->Port() : 0;
+}
+
+}  // namespace sentrel

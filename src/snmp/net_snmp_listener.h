@@ -1,0 +1,76 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/snmp.h"
+#include "snmp/listener_counters.h"
+#include "snmp/trap_queue.h"
+#include "snmp/trap_socket.h"
+
+namespace sentrel {
+
+class Receiver;
+class SnmpLibrary;
+
+struct ListenerOptions {
+  /// UDP port; 0 lets the system choose one.
+  std::uint16_t port = kTrapPort;
+  /// Path of sentrel-port, which opens kTrapPort for a program that may not; empty for none.
+  std::string port_helper;
+  /// Where engine ID, boots count and keys of version 3 persist. Made if need be; empty to keep
+  /// nothing.
+  std::string state_folder;
+  /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
+  std::string configuration_path;
+  QueueLimits queue;
+};
+
+/// Receives notifications of versions 1, 2c and 3 over IPv4 and IPv6, on a thread of its own.
+/// Every member is for the event loop's thread. One listener at a time in a process.
+class NetSnmpListener final : public SNMP {
+ public:
+  /// `wake` is called on the receiver thread when traps have begun to wait; the event loop then
+  /// calls Deliver until nothing is left. It must not throw. The observer must outlive this.
+  NetSnmpListener(ListenerOptions options, TrapObserver& observer, std::function<void()> wake);
+  ~NetSnmpListener() override;
+
+  std::int16_t StartListening() override;
+  ListenFailure WhyNotListening() const override { return failure_; }
+  void StopListening() override;
+  void CloseListener() override;
+
+  /// Hands waiting traps to the observer, one at a time, until none is left or the time is used
+  /// up. Returns whether more are waiting: the caller then lets the event loop take a turn and
+  /// calls again.
+  bool Deliver(std::chrono::milliseconds budget);
+
+  /// Whether traps that arrive now are received.
+  bool Listening() const { return receiver_ != nullptr; }
+  /// The port that is bound, 0 while not listening.
+  std::uint16_t Port() const;
+  /// Since this object was made.
+  ListenerCounters Counters() const { return counters_.Read(); }
+
+ private:
+  int OpenSocket() const;
+  bool TakeNext(Trap& trap);
+
+  const ListenerOptions options_;
+  TrapObserver& observer_;
+  const std::function<void()> wake_;
+  ListenFailure failure_;
+  SharedCounters counters_;
+  TrapQueue queue_;
+  /// Taken off the queue, from next_ on not yet delivered.
+  std::vector<Trap> taken_;
+  std::size_t next_ = 0;
+  std::unique_ptr<SnmpLibrary> library_;
+  std::unique_ptr<Receiver> receiver_;
+};
+
+}  // namespace sentrel

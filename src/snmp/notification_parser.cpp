@@ -1,0 +1,191 @@
+#include "snmp/notification_parser.h"
+
+#include <net-snmp/library/large_fd_set.h>
+#include <net-snmp/library/snmpUDPDomain.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include "common/failure.h"
+#include "snmp/trap_conversion.h"
+
+namespace sentrel {
+namespace {
+
+/// The library only asks whether its descriptor is ready: it neither reads nor writes it.
+constexpr int kToken = 0;
+constexpr unsigned kLargestMessage = 65'507;
+
+constexpr std::uint8_t kSequence = 0x30;
+
+/// What the outermost header tells (X.690, section 8.1.3): kAccepted where it fits the datagram.
+Outcome CheckFrame(std::span<const std::uint8_t> bytes) {
+  if (bytes.empty() || bytes[0] != kSequence) return Outcome::kNotSnmp;
+  if (bytes.size() < 2) return Outcome::kTruncated;
+  std::size_t length = bytes[1];
+  std::size_t header = 2;
+  if (length >= 0x80) {
+    const std::size_t count = length & 0x7F;
+    if (count == 0 || count > 4) return Outcome::kMalformed;
+    if (bytes.size() < header + count) return Outcome::kTruncated;
+    length = 0;
+    while (header < 2 + count) length = length << 8 | bytes[header++];
+  }
+  return length > bytes.size() - header ? Outcome::kTruncated : Outcome::kAccepted;
+}
+
+Outcome OutcomeOfError(int error) {
+  switch (error) {
+    case SNMPERR_BAD_VERSION:
+      return Outcome::kUnsupportedVersion;
+    case SNMPERR_USM_UNKNOWNENGINEID:
+    case SNMPERR_UNKNOWN_ENG_ID:
+      return Outcome::kUnknownEngine;
+    case SNMPERR_USM_UNKNOWNSECURITYNAME:
+    case SNMPERR_UNKNOWN_USER_NAME:
+      return Outcome::kUnknownUser;
+    case SNMPERR_USM_UNSUPPORTEDSECURITYLEVEL:
+    case SNMPERR_UNSUPPORTED_SEC_LEVEL:
+      return Outcome::kUnsupportedLevel;
+    case SNMPERR_USM_AUTHENTICATIONFAILURE:
+    case SNMPERR_AUTHENTICATION_FAILURE:
+      return Outcome::kWrongDigest;
+    case SNMPERR_USM_DECRYPTIONERROR:
+    case SNMPERR_DECRYPTION_ERR:
+      return Outcome::kNotDecrypted;
+    case SNMPERR_USM_NOTINTIMEWINDOW:
+    case SNMPERR_NOT_IN_TIME_WINDOW:
+      return Outcome::kNotInTimeWindow;
+    case SNMPERR_JUST_A_CONTEXT_PROBE:
+      return Outcome::kUnsupportedPdu;
+    default:
+      return Outcome::kMalformed;
+  }
+}
+
+bool IsNotification(const netsnmp_pdu& pdu) {
+  return pdu.command == SNMP_MSG_TRAP || pdu.command == SNMP_MSG_TRAP2 ||
+         pdu.command == SNMP_MSG_INFORM;
+}
+
+/// The socket is not the library's.
+int LeaveOpen(netsnmp_transport* transport) {
+  transport->sock = -1;
+  return 0;
+}
+
+}  // namespace
+
+NotificationParser::NotificationParser(Sink sink, Reply reply)
+    : sink_(std::move(sink)), reply_(std::move(reply)) {
+  netsnmp_session settings;
+  snmp_sess_init(&settings);
+  settings.version = SNMP_DEFAULT_VERSION;
+  settings.community_len = SNMP_DEFAULT_COMMUNITY_LEN;
+  settings.isAuthoritative = SNMP_SESS_UNKNOWNAUTH;
+  settings.callback = &OnMessage;
+  settings.callback_magic = this;
+  session_ = snmp_sess_add(&settings, MakeTransport(), nullptr, &AfterParse);
+  if (session_ == nullptr) throw Failure("The SNMP library cannot open a session.");
+  netsnmp_large_fd_set_init(&ready_, FD_SETSIZE);
+}
+
+NotificationParser::~NotificationParser() {
+  snmp_sess_close(session_);
+  netsnmp_large_fd_set_cleanup(&ready_);
+}
+
+netsnmp_transport* NotificationParser::MakeTransport() {
+  // Allocated and freed as the library does it.
+  auto* transport = static_cast<netsnmp_transport*>(std::calloc(1, sizeof(netsnmp_transport)));
+  if (transport == nullptr) throw std::bad_alloc();
+  transport->domain = netsnmpUDPDomain;
+  transport->domain_length = static_cast<int>(netsnmpUDPDomain_len);
+  transport->sock = kToken;
+  transport->msgMaxSize = kLargestMessage;
+  const Tag tag{this};
+  transport->data = netsnmp_memdup(&tag, sizeof tag);
+  transport->data_length = sizeof tag;
+  transport->f_recv = &Receive;
+  transport->f_send = &Transmit;
+  transport->f_close = &LeaveOpen;
+  return transport;
+}
+
+NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport) {
+  return *static_cast<const Tag*>(transport->data)->owner;
+}
+
+Outcome NotificationParser::Parse(const Datagram& datagram) {
+  const Outcome frame = CheckFrame(datagram.bytes);
+  if (frame != Outcome::kAccepted) return frame;
+  current_ = &datagram;
+  outcome_ = Outcome::kMalformed;
+  netsnmp_large_fd_setfd(kToken, &ready_);
+  snmp_sess_read2(session_, &ready_);
+  current_ = nullptr;
+  return outcome_;
+}
+
+int NotificationParser::Receive(netsnmp_transport* transport, void* buffer, int size, void** opaque,
+                                int* opaque_length) {
+  const Datagram& datagram = *Owner(transport).current_;
+  const auto bytes = datagram.bytes.first(std::min<std::size_t>(datagram.bytes.size(), size));
+  std::memcpy(buffer, bytes.data(), bytes.size());
+  // Freed by the library, with the PDU.
+  *opaque = netsnmp_memdup(&datagram.peer, sizeof datagram.peer);
+  *opaque_length = *opaque == nullptr ? 0 : sizeof datagram.peer;
+  return static_cast<int>(bytes.size());
+}
+
+int NotificationParser::Transmit(netsnmp_transport* transport, const void* bytes, int size,
+                                 void** opaque, int* opaque_length) {
+  if (*opaque == nullptr || *opaque_length != sizeof(Peer)) return -1;
+  const auto* begin = static_cast<const std::uint8_t*>(bytes);
+  const bool sent = Owner(transport).reply_(*static_cast<const Peer*>(*opaque),
+                                            {begin, static_cast<std::size_t>(size)});
+  return sent ? size : -1;
+}
+
+int NotificationParser::AfterParse(netsnmp_session* session, netsnmp_pdu*, int error) {
+  auto& parser = *static_cast<NotificationParser*>(session->callback_magic);
+  if (error == SNMPERR_GENERR) error = session->s_snmp_errno;
+  parser.outcome_ = error == SNMPERR_SUCCESS ? Outcome::kUnsupportedPdu : OutcomeOfError(error);
+  return 1;
+}
+
+int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, netsnmp_pdu* pdu,
+                                  void* parser) {
+  // The library also shows messages that failed authentication: those carry an error.
+  const bool genuine = session->s_snmp_errno == SNMPERR_SUCCESS;
+  if (operation == NETSNMP_CALLBACK_OP_RECEIVED_MESSAGE && genuine && IsNotification(*pdu)) {
+    auto& self = *static_cast<NotificationParser*>(parser);
+    self.outcome_ = self.Handle(*pdu);
+  }
+  return 1;
+}
+
+Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
+  Trap trap = ToTrap(pdu, current_->peer);
+  if (!sink_(trap)) return Outcome::kQueueFull;
+  if (pdu.command == SNMP_MSG_INFORM) Acknowledge(pdu);
+  return Outcome::kAccepted;
+}
+
+void NotificationParser::Acknowledge(netsnmp_pdu& inform) {
+  netsnmp_pdu* response = snmp_clone_pdu(&inform);
+  if (response == nullptr) return;
+  response->command = SNMP_MSG_RESPONSE;
+  response->errstat = 0;
+  response->errindex = 0;
+  if (snmp_sess_send(session_, response) == 0) {
+    snmp_free_pdu(response);
+  } else {
+    ++answered_informs_;
+  }
+}
+
+}  // namespace sentrel

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace sentrel {
+
+/// The octets as they stand where they are UTF-8 text without control characters other than TAB,
+/// CR and LF; else "0x" and two upper-case hexadecimal digits for each.
+std::string OctetText(std::span<const std::uint8_t> octets);
+
+}  // namespace sentrel

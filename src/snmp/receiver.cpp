@@ -1,0 +1,81 @@
+#include "snmp/receiver.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <system_error>
+#include <utility>
+
+namespace sentrel {
+namespace {
+
+int MakeStopEvent() {
+  const int event = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  if (event < 0) throw std::system_error(errno, std::generic_category());
+  return event;
+}
+
+/// Signals are for the event loop's thread.
+void BlockSignals(sigset_t& before) {
+  sigset_t all;
+  sigfillset(&all);
+  pthread_sigmask(SIG_BLOCK, &all, &before);
+}
+
+}  // namespace
+
+Receiver::Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
+                   std::function<void()> wake)
+    : socket_(descriptor),
+      queue_(queue),
+      counters_(counters),
+      wake_(std::move(wake)),
+      port_(socket_.Port()),
+      parser_([this](Trap& trap) { return Take(trap); },
+              [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
+                return socket_.Send(peer, bytes);
+              }),
+      stop_(MakeStopEvent()) {
+  sigset_t before;
+  BlockSignals(before);
+  thread_ = std::thread([this] { Run(); });
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+Receiver::~Receiver() {
+  eventfd_write(stop_, 1);
+  thread_.join();
+  close(stop_);
+}
+
+void Receiver::Run() {
+  while (WaitForDatagrams()) Handle(socket_.ReadBatch());
+}
+
+bool Receiver::WaitForDatagrams() const {
+  std::array<pollfd, 2> waiting = {{{.fd = socket_.Descriptor(), .events = POLLIN, .revents = 0},
+                                    {.fd = stop_, .events = POLLIN, .revents = 0}}};
+  while (poll(waiting.data(), waiting.size(), -1) < 0 && errno == EINTR) {
+  }
+  return waiting[1].revents == 0;
+}
+
+void Receiver::Handle(std::span<const Datagram> batch) {
+  queue_was_empty_ = false;
+  for (const Datagram& datagram : batch) counters_.Count(parser_.Parse(datagram));
+  counters_.SetAnsweredInforms(parser_.AnsweredInforms());
+  counters_.SetSystemDrops(socket_.SystemDrops());
+  if (queue_was_empty_) wake_();
+}
+
+bool Receiver::Take(Trap& trap) {
+  const TrapQueue::Pushed pushed = queue_.Push(trap);
+  if (pushed == TrapQueue::Pushed::kFirst) queue_was_empty_ = true;
+  return pushed != TrapQueue::Pushed::kRefused;
+}
+
+}  // namespace sentrel

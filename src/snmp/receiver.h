@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <thread>
+
+#include "snmp/datagram_socket.h"
+#include "snmp/listener_counters.h"
+#include "snmp/notification_parser.h"
+#include "snmp/trap_queue.h"
+
+namespace sentrel {
+
+/// The thread that reads the socket, answers informs and fills the queue, for as long as this
+/// object lives. It touches the socket, the SNMP library, the queue and the counters, nothing
+/// else.
+class Receiver {
+ public:
+  /// Takes the descriptor over. `wake` is called on the receiver thread once the queue has gone
+  /// from empty to non-empty, at most once for each batch of datagrams; it must not throw. Throws
+  /// Failure or std::system_error when the system has no thread or descriptor to give.
+  Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters, std::function<void()> wake);
+  /// Ends the thread, which takes no longer than the batch in hand.
+  ~Receiver();
+  Receiver(const Receiver&) = delete;
+  Receiver& operator=(const Receiver&) = delete;
+
+  std::uint16_t Port() const { return port_; }
+
+ private:
+  void Run();
+  bool WaitForDatagrams() const;
+  void Handle(std::span<const Datagram> batch);
+  bool Take(Trap& trap);
+
+  DatagramSocket socket_;
+  TrapQueue& queue_;
+  SharedCounters& counters_;
+  const std::function<void()> wake_;
+  const std::uint16_t port_;
+  NotificationParser parser_;
+  bool queue_was_empty_ = false;
+  const int stop_;
+  std::thread thread_;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,101 @@
+#include "console/main_form.h"
+
+#include <gmock/gmock.h>
+
+#include "console/globals.h"
+#include "fakes/fake_console.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+
+struct MainFormTest : testing::Test {
+  MainFormTest() { window.SetEvents(form); }
+
+  CallLog log;
+  FakeMainWindow window{log};
+  FakeSNMP snmp{log};
+  FakeMessageBox messageBox{log};
+  FakeApplication application;
+  Table table;
+  MainForm form{window, table, snmp, messageBox};
+};
+
+TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
+  Main(application, form);
+  EXPECT_THAT(log.calls, ElementsAre("StartListening", "Show"));
+  EXPECT_EQ(application.helpFile, "/opt/sentrel/Help/Varnholt.chm");
+  EXPECT_EQ(window.caption, "SNMP Sentrel");
+  EXPECT_EQ(window.helpContext, 9100);
+}
+
+TEST_F(MainFormTest, ANegativeStartResultIsNoFailure) {
+  snmp.startResult = -1;
+  Main(application, form);
+  EXPECT_THAT(log.calls, ElementsAre("StartListening", "Show"));
+}
+
+TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
+  snmp.startResult = 1;
+  Main(application, form);
+  EXPECT_THAT(log.calls, ElementsAre("StartListening", "MessageBox", "Unload", "StopListening",
+                                     "CloseListener"));
+  EXPECT_EQ(messageBox.text,
+            "Cannot enable trap reception. Did you install the Microsoft SNMP Trap service and is "
+            "it running ?\r\n\r\nThe reason.\r\n\r\nThe remedy.");
+  EXPECT_EQ(messageBox.icon, MessageIcon::CriticalStop);
+  EXPECT_EQ(messageBox.title, "Sentrel");
+}
+
+TEST_F(MainFormTest, UnloadingGoesOnPastAStepThatFails) {
+  for (const char* failing : {"StopListening", "CloseListener"}) {
+    log = {{}, failing};
+    form.Form_Unload();
+    EXPECT_THAT(log.calls, ElementsAre("StopListening", "CloseListener")) << failing;
+  }
+}
+
+TEST_F(MainFormTest, LaysOutTheTable) {
+  window.textHeight = 15;  // 22.5 goes to the even number
+  form.SetupTable();
+  struct Column {
+    const char* title;
+    int width;
+    Alignment alignment;
+  };
+  const Column columns[] = {{"Trap Time", 77, Alignment::Center},
+                            {"IP Address", 84, Alignment::Center},
+                            {"Community", 98, Alignment::Center},
+                            {"Device Type", 140, Alignment::Left},
+                            {"Trap Details", 252, Alignment::Left}};
+  ASSERT_EQ(table.Cols(), 5);
+  for (int col = 0; col < 5; ++col) {
+    EXPECT_EQ(table.Cell(0, col), columns[col].title);
+    EXPECT_EQ(table.ColWidth(col), columns[col].width);
+    EXPECT_EQ(table.ColAlignment(col), columns[col].alignment);
+  }
+  EXPECT_EQ(table.RowHeight(0), 22);
+  EXPECT_EQ(table.RuleColor(), 0x6464FFU);
+}
+
+TEST_F(MainFormTest, ClearDropsTrapsAndRestoresTheSampleWidths) {
+  form.SetupTable();
+  table.AddItem("", 1);
+  table.SetColWidth(0, 500);
+  form.SetupTable();
+  EXPECT_EQ(table.Rows(), 1);
+  EXPECT_EQ(table.ColWidth(0), 77);
+}
+
+TEST_F(MainFormTest, TheTableLeavesRoomForTheStatusBar) {
+  form.Form_Resize();
+  EXPECT_EQ(window.table.width, 800);
+  EXPECT_EQ(window.table.height, 580);
+  window.inner.height = 10;
+  form.Form_Resize();
+  EXPECT_EQ(window.table.height, 580) << "a window that is too small leaves the table as it was";
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,199 @@
+#include "console/row_builder.h"
+
+#include "common/text.h"
+#include "console/row_record.h"
+#include "console/trap_texts.h"
+#include "console_fixture.h"
+
+namespace sentrel {
+namespace {
+
+const std::string kIndent(18, ' ');
+
+Trap LinkDown() {
+  return {"192.0.2.7",
+          "public",
+          {"1.3.6.1.2.1.1.3.0", "1.3.6.1.6.3.1.1.4.1.0", kEnterprise},
+          {67, 6, 6},
+          {"12345", "1.3.6.1.6.3.1.1.5.3", "1.3.6.1.4.1.9"}};
+}
+
+struct RowBuilderTest : ConsoleTest {
+  void AddTraps(int count) {
+    for (int i = 0; i < count; ++i) builder.AddTrap(TrapOf({{"1.2", std::to_string(++added)}}));
+  }
+  std::string Details(int row) { return table.Cell(row, 4); }
+
+  int added = 0;
+};
+
+TEST_F(RowBuilderTest, FillsTheCellsAndTheRecord) {
+  settings.SetRaw(true);
+  builder.AddTrap(LinkDown());
+  EXPECT_EQ(table.Cell(1, 0), "05-Dec-26\r\n03:49 PM");
+  EXPECT_EQ(table.Cell(1, 1), "192.0.2.7");
+  EXPECT_EQ(table.Cell(1, 2), "public");
+  EXPECT_EQ(table.Cell(1, 3), "1.3.6.1.4.1.9");
+  EXPECT_EQ(Details(1), "1.3.6.1.2.1.1.3.0 = 12345\r\n1.3.6.1.6.3.1.1.4.1.0 = 1.3.6.1.6.3.1.1.5.3");
+  EXPECT_EQ(table.RowData(1),
+            "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345::"
+            "1.3.6.1.6.3.1.1.4.1.0=6=1.3.6.1.6.3.1.1.5.3::1.3.6.1.6.3.1.1.4.3.0=6=1.3.6.1.4.1.9");
+}
+
+TEST_F(RowBuilderTest, DecodesWhatPeopleReadAndNothingElse) {
+  mibs.entries["1.3.6.1.2.1.1.3.0"] = {"sysUpTime.0", {}};
+  mibs.entries["1.3.6.1.6.3.1.1.4.1.0"] = {"snmpTrapOID.0", {}};
+  mibs.entries["1.3.6.1.6.3.1.1.5.3"] = {"linkDown", {}};
+  mibs.entries["1.3.6.1.4.1.9"] = {"cisco", {}};
+  settings.SetRaw(true);
+  builder.AddTrap(LinkDown());
+  settings.SetRaw(false);
+  builder.AddTrap(LinkDown());
+  EXPECT_EQ(table.Cell(1, 3), "cisco");
+  EXPECT_EQ(Details(1), "sysUpTime = 12345\r\nsnmpTrapOID = linkDown");
+  EXPECT_EQ(table.RowData(1), table.RowData(2));
+  EXPECT_EQ(table.Cell(2, 3), "1.3.6.1.4.1.9") << "a row that is shown keeps its form";
+}
+
+TEST_F(RowBuilderTest, LogsOnlyWhileLoggingIsOn) {
+  std::string filename = "traps.log";
+  settings.SetLogFilename(filename);
+  builder.AddTrap(TrapOf({{"1.2", "a"}}));
+  EXPECT_TRUE(logFile.contents.empty());
+  settings.SetLoggingEnabled(true);
+  builder.AddTrap(TrapOf({}));
+  builder.AddTrap(TrapOf({{"1.2", "a"}, {kEnterprise, "e"}}));
+  EXPECT_EQ(logFile.contents["traps.log"],
+            "Dec-05 15:49:37   192.0.2.7\r\n\r\n\r\n"
+            "Dec-05 15:49:37   192.0.2.7\r\n" + kIndent + "1.2 = a\r\n" + kIndent +
+                "Enterprise = e\r\n\r\n");
+  logFile.failing = true;
+  builder.AddTrap(TrapOf({}));
+  EXPECT_EQ(table.Rows(), 5) << "a log that cannot be written costs no row";
+}
+
+TEST_F(RowBuilderTest, AnEnterpriseThatCannotBeDecodedStandsRaw) {
+  mibs.failing = "MakeOIDObject";
+  builder.AddTrap(LinkDown());
+  EXPECT_EQ(table.Cell(1, 3), "1.3.6.1.4.1.9");
+  EXPECT_EQ(Details(1), " = \r\n = ");
+}
+
+TEST_F(RowBuilderTest, TheHeightFollowsTheLinesOfTheDetails) {
+  builder.AddTrap(TrapOf({}));
+  EXPECT_EQ(table.RowHeight(1), 12) << "12.5 goes to the even number";
+  builder.AddTrap(TrapOf({{kEnterprise, "e"}}));
+  EXPECT_EQ(table.RowHeight(1), 12);
+  builder.AddTrap(TrapOf({{"1.2", "a"}, {"1.3", "b"}, {"1.4", "c\r\nd"}}));
+  EXPECT_EQ(table.RowHeight(1), 50);
+}
+
+TEST_F(RowBuilderTest, HoldsTheNewestTraps) {
+  AddTraps(kMostTraps);
+  EXPECT_EQ(table.Rows(), 1000);
+  EXPECT_EQ(Details(999), "1.2 = 1");
+  AddTraps(1);
+  EXPECT_EQ(table.Rows(), 1000);
+  EXPECT_EQ(Details(999), "1.2 = 2");
+  EXPECT_EQ(Details(1), "1.2 = 1000");
+}
+
+TEST_F(RowBuilderTest, TheSelectionStaysOnItsTraps) {
+  AddTraps(8);
+  for (const auto& [row, rowSel] : {std::pair{3, 5}, {5, 3}}) {
+    table.SetRow(row);
+    table.SetRowSel(rowSel);
+    const std::string selected = Details(row);
+    AddTraps(1);
+    EXPECT_EQ(table.Row(), row + 1);
+    EXPECT_EQ(table.RowSel(), rowSel + 1);
+    EXPECT_EQ(Details(table.Row()), selected);
+  }
+}
+
+TEST_F(RowBuilderTest, ASelectedTrapMayFallOut) {
+  AddTraps(kMostTraps);
+  table.SetRow(999);
+  AddTraps(1);
+  EXPECT_EQ(table.Rows(), 1000);
+  EXPECT_EQ(table.Row(), 999);
+  table.SetRow(997);
+  table.SetRowSel(999);
+  AddTraps(1);
+  EXPECT_EQ(table.Row(), 998) << "what still exists stays selected";
+}
+
+TEST_F(RowBuilderTest, PaintingResumesAfterAFailure) {
+  struct Observer : TableObserver {
+    void RowInserted(int) override {}
+    void RowRemoved(int) override {}
+    void TableChanged() override { ++paints; }
+    int paints = 0;
+  } observer;
+  table.SetCols(1);
+  table.SetObserver(&observer);
+  EXPECT_THROW(builder.AddTrap(TrapOf({})), Failure);
+  EXPECT_EQ(observer.paints, 1);
+  table.SetObserver(nullptr);
+}
+
+TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
+  // The detail text without its first line; "|" stands where only decoded traps have a line end.
+  struct Case {
+    Trap trap;
+    std::string deviceType, summary, detail;
+  };
+  const Case cases[] = {
+      {TrapOf({}), "", "", ""},
+      {TrapOf({{kEnterprise, "e"}}), "e", "", "|" + kIndent + "Enterprise = e"},
+      {TrapOf({{kEnterprise, "e"}, {"1.2", "a"}, {"1.3", "b"}}), "e", "1.2 = a\r\n1.3 = b",
+       "|" + kIndent + "Enterprise = e" + kIndent + "1.2 = a\r\n" + kIndent + "1.3 = b"},
+      {TrapOf({{"1.2", "a"}, {kEnterprise, "e"}, {"1.3", ""}}), "e", "1.2 = a\r\n1.3 = ",
+       kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = e\r\n" + kIndent + "1.3 = "},
+      {TrapOf({{kEnterprise, "e"}, {"1.2", "a"}, {kEnterprise, "f"}}), "f", "1.2 = a",
+       "|" + kIndent + "Enterprise = e" + kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = f"},
+      {TrapOf({{"1.3.6.1.6.3.1.1.4.3", "e"}}), "", "1.3.6.1.6.3.1.1.4.3 = e",
+       kIndent + "1.3.6.1.6.3.1.1.4.3 = e"},
+  };
+  for (const bool raw : {true, false}) {
+    settings.SetRaw(raw);
+    for (const Case& c : cases) {
+      const TrapTexts texts = DescribeTrap(c.trap, settings, lookup);
+      EXPECT_EQ(texts.DeviceType, c.deviceType);
+      EXPECT_EQ(texts.SummaryText, c.summary);
+      EXPECT_EQ(texts.DetailText, "192.0.2.7\r\n" + ReplaceAll(c.detail, "|", raw ? "" : "\r\n"));
+    }
+  }
+}
+
+TEST_F(RowBuilderTest, NothingIsReadBeyondTheShortestList) {
+  Trap trap = LinkDown();
+  trap.Values.pop_back();
+  trap.DataTypes.resize(1);
+  EXPECT_EQ(DescribeTrap(trap, settings, lookup).SummaryText, "1.3.6.1.2.1.1.3 = 12345");
+  EXPECT_EQ(RowRecord(trap), "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345");
+}
+
+TEST(RowRecord, EscapesOnlyWhatWouldBreakIt) {
+  struct Case {
+    const char* value;
+    const char* field;
+  };
+  const Case cases[] = {
+      {"plain = text", "plain = text"},
+      {"a:b", "a:b"},
+      {"a::b", "a\\:\\:b"},
+      {":a", "\\:a"},
+      {"a:", "a\\:"},
+      {"C:\\x", "C:\\\\x"},
+      {"", ""},
+      {"fe80::1", "fe80\\:\\:1"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(RowRecord(TrapOf({{"1.2", c.value}})),
+              std::string("SOURCEIP=192.0.2.7::COMMUNITY=public::1.2=4=") + c.field);
+  }
+}
+
+}  // namespace
+}  // namespace sentrel

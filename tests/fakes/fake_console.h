@@ -1,0 +1,148 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/failure.h"
+#include "platform/clock.h"
+#include "platform/main_window.h"
+#include "platform/message_box.h"
+#include "platform/snmp.h"
+#include "platform/timer.h"
+
+namespace sentrel {
+
+/// What was asked of the fakes, in order, and the one step that is to fail.
+struct CallLog {
+  std::vector<std::string> calls;
+  std::string failing;
+
+  void Note(const std::string& call) {
+    calls.push_back(call);
+    if (call == failing) throw Failure(call + " fails");
+  }
+};
+
+class FakeClock : public Clock {
+ public:
+  LocalTime Now() const override { return now; }
+  LocalTime now{2026, 12, 5, 15, 49, 37};
+};
+
+class FakeLocale : public Locale {
+ public:
+  const LocaleTexts& Texts() const override { return texts; }
+  LocaleTexts texts;
+};
+
+/// Every letter is 7 wide and 10 high.
+class FakeMainWindow : public MainWindow {
+ public:
+  explicit FakeMainWindow(CallLog& log) : log_(log) {}
+
+  void SetEvents(MainWindowEvents& events) { events_ = &events; }
+  void SetCaption(const std::string& text) override { caption = text; }
+  void SetHelpContext(int number) override { helpContext = number; }
+  int TextWidth(const std::string& text) const override {
+    return 7 * static_cast<int>(text.size());
+  }
+  int TextHeight(const std::string&) const override { return textHeight; }
+  int InnerWidth() const override { return inner.width; }
+  int InnerHeight() const override { return inner.height; }
+  int StatusBarHeight() const override { return 20; }
+  void MoveTable(const Area& area) override {
+    if (area.height < 0) throw Failure("too small");
+    table = area;
+  }
+  void Show() override { log_.Note("Show"); }
+  void Unload() override {
+    log_.Note("Unload");
+    events_->Form_Unload();
+  }
+
+  std::string caption;
+  int helpContext = 0;
+  int textHeight = 10;
+  Area inner{0, 0, 800, 600};
+  Area table;
+
+ private:
+  CallLog& log_;
+  MainWindowEvents* events_ = nullptr;
+};
+
+class FakeSNMP : public SNMP {
+ public:
+  explicit FakeSNMP(CallLog& log) : log_(log) {}
+
+  std::int16_t StartListening() override {
+    log_.Note("StartListening");
+    return startResult;
+  }
+  ListenFailure WhyNotListening() const override { return {"The reason.", "The remedy."}; }
+  void StopListening() override { log_.Note("StopListening"); }
+  void CloseListener() override { log_.Note("CloseListener"); }
+
+  std::int16_t startResult = 0;
+
+ private:
+  CallLog& log_;
+};
+
+class FakeMessageBox : public MessageBox {
+ public:
+  explicit FakeMessageBox(CallLog& log) : log_(log) {}
+  void Show(const std::string& message, MessageIcon messageIcon,
+            const std::string& boxTitle) override {
+    log_.Note("MessageBox");
+    text = message;
+    icon = messageIcon;
+    title = boxTitle;
+  }
+
+  std::string text;
+  std::string title;
+  MessageIcon icon = MessageIcon::Exclamation;
+
+ private:
+  CallLog& log_;
+};
+
+/// A timer whose time passes when the test says so.
+class FakeTimer : public Timer {
+ public:
+  void Setup(std::chrono::milliseconds every, std::function<void()> onExpiry) override {
+    interval = every;
+    onExpiry_ = std::move(onExpiry);
+  }
+  void SetEnabled(bool on) override {
+    if (on && !enabled) elapsed_ = std::chrono::milliseconds{0};
+    enabled = on;
+    if (on) ++starts;
+  }
+  void Pass(std::chrono::milliseconds time) {
+    elapsed_ += time;
+    while (enabled && elapsed_ >= interval) {
+      elapsed_ -= interval;
+      onExpiry_();
+    }
+  }
+
+  std::chrono::milliseconds interval{0};
+  bool enabled = false;
+  int starts = 0;
+
+ private:
+  std::function<void()> onExpiry_;
+  std::chrono::milliseconds elapsed_{0};
+};
+
+class FakeApplication : public Application {
+ public:
+  std::string ProgramFolder() const override { return "/opt/sentrel"; }
+  void SetHelpFile(const std::string& path) override { helpFile = path; }
+  std::string helpFile;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,92 @@
+#include <random>
+
+#include "listener_fixture.h"
+
+namespace sentrel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kCorpus = CORPUS;
+
+class HostileDatagramTest : public ListenerTest {
+ protected:
+  void ExpectGoodTrapStillArrives() {
+    const std::size_t before = traps_.size();
+    EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-c", "good", "HOST", "1", "1.3.6.1.4.1.58213.10"}), 0);
+    EXPECT_TRUE(WaitForTraps(before + 1));
+    EXPECT_EQ(traps_.back().Community, "good");
+  }
+};
+
+TEST_F(HostileDatagramTest, IsDroppedAndCountedByReason) {
+  struct Case {
+    const char* file;
+    Outcome outcome;
+  };
+  const Case cases[] = {
+      {"bad-not-snmp", Outcome::kNotSnmp},
+      {"bad-one-byte", Outcome::kTruncated},
+      {"bad-truncated", Outcome::kTruncated},
+      {"bad-length-past-end", Outcome::kTruncated},
+      {"bad-indefinite-length", Outcome::kMalformed},
+      {"bad-nested-length", Outcome::kMalformed},
+      {"bad-version", Outcome::kUnsupportedVersion},
+      {"get-request", Outcome::kUnsupportedPdu},
+      {"v3-discovery", Outcome::kUnknownEngine},
+      {"v3-authPriv", Outcome::kUnknownUser},
+  };
+  Start();
+  const UdpSender sender(Listener().Port());
+  for (const Case& entry : cases) {
+    const std::uint64_t before = Listener().Counters().Of(entry.outcome);
+    sender.Send(ReadFile(kCorpus / entry.file));
+    EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Of(entry.outcome) == before + 1; }))
+        << entry.file;
+  }
+  sender.Send("");
+  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Of(Outcome::kNotSnmp) == 2; }));
+  EXPECT_TRUE(traps_.empty());
+  ExpectGoodTrapStillArrives();
+}
+
+TEST_F(HostileDatagramTest, HundredThousandMutationsLeaveTheListenerWell) {
+  constexpr std::size_t kCount = 100'000;
+  std::vector<std::string> seeds;
+  for (const fs::path& file : fs::directory_iterator(kCorpus)) seeds.push_back(ReadFile(file));
+  std::sort(seeds.begin(), seeds.end());
+  std::mt19937 random(20'240'711);
+  const auto below = [&random](std::size_t bound) { return random() % bound; };
+
+  Start(
+      "createUser -e 0x8000000001020304 plain\n"
+      "createUser -e 0x8000000001020304 sha SHA auth-pass-phrase\n"
+      "createUser -e 0x8000000001020304 aes SHA-256 auth-pass-phrase AES priv-pass-phrase\n");
+  const UdpSender sender(Listener().Port());
+  for (std::size_t sent = 0; sent < kCount; ++sent) {
+    std::string datagram = seeds[below(seeds.size())];
+    for (std::size_t change = below(8) + 1; change > 0; --change) {
+      const std::size_t at = below(datagram.size() + 1);
+      switch (below(4)) {
+        case 0:
+          datagram.resize(at);
+          break;
+        case 1:
+          datagram.insert(at, 1 + below(16), static_cast<char>(random()));
+          break;
+        default:
+          if (at < datagram.size()) datagram[at] = static_cast<char>(random());
+      }
+    }
+    sender.Send(datagram);
+    while (sent > Listener().Counters().Received() + 200) Listener().Deliver({});
+  }
+  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == kCount; }));
+  const ListenerCounters counters = Listener().Counters();
+  EXPECT_EQ(traps_.size(), counters.Of(Outcome::kAccepted));
+  EXPECT_GT(counters.Of(Outcome::kMalformed), kCount / 20) << "the mutations must reach the parser";
+  ExpectGoodTrapStillArrives();
+}
+
+}  // namespace
+}  // namespace sentrel::test

@@ -1,0 +1,75 @@
+#include "snmp/listen_failure.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "listener_fixture.h"
+#include "process.h"
+#include "snmp/port_holder.h"
+
+namespace sentrel::test {
+namespace {
+
+using testing::HasSubstr;
+
+class ListenFailureTest : public ListenerTest {};
+
+TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
+  Start();
+  ListenerOptions options;
+  options.port = Listener().Port();
+  options.state_folder = folder_.Path() / "second";
+  NetSnmpListener second(options, *this, [] {});
+  EXPECT_GT(second.StartListening(), 0);
+  EXPECT_FALSE(second.Listening());
+  EXPECT_EQ(second.WhyNotListening().reason, "UDP port " + std::to_string(options.port) +
+                                                 " is in use by test_snmp (process " +
+                                                 std::to_string(getpid()) + ").");
+  EXPECT_THAT(second.WhyNotListening().remedy, HasSubstr("Another copy"));
+  EXPECT_FALSE(std::filesystem::exists(options.state_folder)) << "a failed start leaves no trace";
+  EXPECT_TRUE(Listener().Listening());
+}
+
+TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
+  Start();
+  const std::uint16_t port = Listener().Port();
+  Stop();
+  Process holder({"snmptrapd", "-f", "-Lo", "-C", "--disableAuthorization=yes",
+                  "udp:127.0.0.1:" + std::to_string(port)},
+                 {"SNMPCONFPATH=" + folder_.Path().string(),
+                  "SNMP_PERSISTENT_DIR=" + folder_.Path().string(), "MIBS="});
+  WaitBlockedUntil([&] { return !holder.Running() || FindPortHolder(port); });
+  if (!holder.Running()) GTEST_SKIP() << "no second receiver to hold the port";
+  ListenerOptions options;
+  options.port = port;
+  options.state_folder = folder_.Path() / "state";
+  NetSnmpListener listener(options, *this, [] {});
+  EXPECT_GT(listener.StartListening(), 0);
+  EXPECT_THAT(listener.WhyNotListening().reason,
+              HasSubstr("snmptrapd (process " + std::to_string(holder.Id()) + ")"));
+  EXPECT_THAT(listener.WhyNotListening().remedy, HasSubstr("kill " + std::to_string(holder.Id())));
+}
+
+TEST_F(ListenFailureTest, ListenerRunsWithoutAFolderForItsState) {
+  ListenerOptions options;
+  options.port = 0;
+  NetSnmpListener listener(options, *this, [] {});
+  EXPECT_EQ(listener.StartListening(), 0);
+  listener.CloseListener();
+  options.state_folder = "/dev/null/not/possible";
+  NetSnmpListener other(options, *this, [] {});
+  EXPECT_EQ(other.StartListening(), 0);
+}
+
+TEST(ExplainListenFailure, NamesTheExactRemedy) {
+  const ListenFailure with_helper = ExplainListenFailure(EACCES, 162, "/bin/sh");
+  EXPECT_EQ(with_helper.reason, "This user may not open UDP port 162 (permission denied).");
+  EXPECT_THAT(with_helper.remedy, HasSubstr("sudo setcap cap_net_bind_service=+ep '/bin/sh'"));
+  EXPECT_THAT(ExplainListenFailure(EACCES, 162, "/no/such/helper").remedy, HasSubstr("sudo"));
+  EXPECT_THAT(ExplainListenFailure(EMFILE, 162, "").reason, HasSubstr("Too many open files"));
+}
+
+}  // namespace
+}  // namespace sentrel::test

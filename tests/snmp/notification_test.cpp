@@ -1,0 +1,164 @@
+#include <gmock/gmock.h>
+
+#include "listener_fixture.h"
+
+namespace sentrel::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kVendor = "1.3.6.1.4.1.58213";
+const std::string kUpTime = "1.3.6.1.2.1.1.3.0";
+const std::string kTrapOid = "1.3.6.1.6.3.1.1.4.1.0";
+const std::string kTrapAddress = "1.3.6.1.6.3.18.1.3.0";
+const std::string kTrapEnterprise = "1.3.6.1.6.3.1.1.4.3.0";
+
+class NotificationTest : public ListenerTest {
+ protected:
+  /// Sends with snmptrap and gives the trap that arrives, or an empty one.
+  Trap Arrives(std::vector<std::string> arguments, const std::string& host = "127.0.0.1") {
+    const std::size_t before = traps_.size();
+    EXPECT_EQ(Send(SNMPTRAP, std::move(arguments), host), 0);
+    EXPECT_TRUE(WaitForTraps(before + 1));
+    return traps_.size() > before ? traps_.back() : Trap{};
+  }
+};
+
+TEST_F(NotificationTest, Version1GenericTrapBecomesVersion2Bindings) {
+  Start();
+  const Trap trap = Arrives({"-v1", "-c", "private", "HOST", kVendor, "192.0.2.7", "2", "0", "4711",
+                             "1.3.6.1.2.1.2.2.1.1.3", "i", "3"});
+  EXPECT_EQ(trap.SourceAddress, "127.0.0.1");
+  EXPECT_EQ(trap.Community, "private");
+  EXPECT_THAT(trap.OIDs, ElementsAre(kUpTime, kTrapOid, "1.3.6.1.2.1.2.2.1.1.3", kTrapAddress,
+                                     kTrapEnterprise));
+  EXPECT_THAT(trap.DataTypes, ElementsAre(67, 6, 2, 64, 6));
+  EXPECT_THAT(trap.Values, ElementsAre("4711", "1.3.6.1.6.3.1.1.5.3", "3", "192.0.2.7", kVendor));
+}
+
+TEST_F(NotificationTest, Version1SpecificTrapNamesItsEnterprise) {
+  Start();
+  // The source's own address says nothing new.
+  const Trap own = Arrives({"-v1", "-c", "c", "HOST", kVendor, "127.0.0.1", "6", "42", "1"});
+  EXPECT_THAT(own.OIDs, ElementsAre(kUpTime, kTrapOid, kTrapEnterprise));
+  EXPECT_THAT(own.Values, ElementsAre("1", kVendor + ".0.42", kVendor));
+  const Trap none = Arrives({"-v1", "-c", "c", "HOST", kVendor, "0.0.0.0", "6", "42", "1"});
+  EXPECT_THAT(none.OIDs, ElementsAre(kUpTime, kTrapOid, kTrapEnterprise));
+}
+
+TEST_F(NotificationTest, Version1KeepsBindingsOfItsOwn) {
+  Start();
+  const Trap trap =
+      Arrives({"-v1", "-c", "c", "HOST", kVendor, "192.0.2.7", "0", "0", "1", kTrapEnterprise, "o",
+               "1.3.6.1.4.1.1", kTrapAddress, "a", "192.0.2.9"});
+  EXPECT_THAT(trap.OIDs, ElementsAre(kUpTime, kTrapOid, kTrapEnterprise, kTrapAddress));
+  EXPECT_THAT(trap.Values, ElementsAre("1", "1.3.6.1.6.3.1.1.5.1", "1.3.6.1.4.1.1", "192.0.2.9"));
+}
+
+TEST_F(NotificationTest, Version2KeepsEveryTypeAndOrder) {
+  struct Case {
+    std::string letter, sent;
+    int type;
+    std::string text;
+  };
+  const std::vector<Case> cases = {
+      {"i", "-2147483648", 2, "-2147483648"},
+      {"u", "4294967295", 66, "4294967295"},
+      {"c", "4294967295", 65, "4294967295"},
+      {"t", "4294967295", 67, "4294967295"},
+      {"C", "18446744073709551615", 70, "18446744073709551615"},
+      {"s", "Gr\u00fc\u00dfe\tund \u20ac\r\n", 4, "Gr\u00fc\u00dfe\tund \u20ac\r\n"},
+      {"s", "", 4, ""},
+      {"x", "00FF1A", 4, "0x00FF1A"},
+      {"x", "4142", 4, "AB"},
+      {"b", "0 7", 4, "0x81"},
+      {"n", "", 5, ""},
+      {"o", "1.3.6.1.4.1.4294967295", 6, "1.3.6.1.4.1.4294967295"},
+      {"a", "192.0.2.1", 64, "192.0.2.1"},
+      {"F", "1.5", 68, "1.5"},
+      {"D", "-2.25", 68, "-2.25"},
+      {"U", "18446744073709551615", 68, "18446744073709551615"},
+      {"I", "-7", 68, "-7"},
+  };
+  Start();
+  std::vector<std::string> command = {"-v2c", "-c", "", "HOST", "4711", kVendor + ".10"};
+  std::vector<std::string> ids = {kUpTime, kTrapOid};
+  std::vector<int> types = {67, 6};
+  std::vector<std::string> values = {"4711", kVendor + ".10"};
+  for (const Case& entry : cases) {
+    ids.push_back(kVendor + "." + std::to_string(ids.size()));
+    types.push_back(entry.type);
+    values.push_back(entry.text);
+    command.insert(command.end(), {ids.back(), entry.letter, entry.sent});
+  }
+  const Trap trap = Arrives(command);
+  EXPECT_EQ(trap.Community, "");
+  EXPECT_EQ(trap.OIDs, ids);
+  EXPECT_EQ(trap.DataTypes, types);
+  EXPECT_EQ(trap.Values, values);
+}
+
+TEST_F(NotificationTest, LongestCommunityAndLargeTrapArriveWhole) {
+  Start();
+  const std::string community(255, 'c');
+  const std::string value(40'000, 'v');
+  const Trap trap =
+      Arrives({"-v2c", "-c", community, "HOST", "1", kVendor + ".10", kVendor + ".1", "s", value});
+  EXPECT_EQ(trap.Community, community);
+  ASSERT_EQ(trap.Values.size(), 3U);
+  EXPECT_EQ(trap.Values[2], value);
+}
+
+TEST_F(NotificationTest, IPv6SourceIsShownInItsTextForm) {
+  Start();
+  if (Send(SNMPTRAP, {"-v2c", "-c", "c", "HOST", "1", kVendor}, "udp6:[::1]") != 0) {
+    GTEST_SKIP() << "this machine has no IPv6";
+  }
+  ASSERT_TRUE(WaitForTraps(1));
+  EXPECT_EQ(traps_[0].SourceAddress, "::1");
+}
+
+TEST_F(NotificationTest, InformIsAnsweredOverEitherAddressFamily) {
+  Start();
+  const std::vector<std::string> inform = {"-v2c", "-r0", "-t5", "-c", "c", "HOST", "1", kVendor};
+  EXPECT_EQ(Send(SNMPINFORM, inform), 0);
+  EXPECT_EQ(Send(SNMPINFORM, inform, "127.0.0.2"), 0) << "the answer must leave from there";
+  ASSERT_TRUE(WaitForTraps(2));
+  EXPECT_EQ(Listener().Counters().answered_informs, 2U);
+}
+
+TEST_F(NotificationTest, NothingArrivesAfterStop) {
+  Start();
+  const std::uint16_t port = Listener().Port();
+  EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-c", "c", "HOST", "1", kVendor}), 0);
+  ASSERT_TRUE(WaitBlockedUntil([&] { return Listener().Counters().Of(Outcome::kAccepted) == 1; }));
+  Listener().StopListening();
+  EXPECT_FALSE(Listener().Deliver(std::chrono::milliseconds(1)));
+  EXPECT_THAT(traps_, IsEmpty());
+  EXPECT_FALSE(Listener().Listening());
+  EXPECT_NE(port, Listener().Port());
+  Listener().CloseListener();
+}
+
+TEST_F(NotificationTest, NothingIsWrittenToTheStandardStreams) {
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  Start("createUser\nnonsense here\nlogOption e\n[snmp] logOption e\n[snmp] doDebugging yes\n");
+  const UdpSender sender(Listener().Port());
+  sender.Send("\x30\x03\x02\x01\x09");
+  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 1; }));
+  Stop();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(NotificationTest, StartsAgainAfterStop) {
+  Start();
+  Listener().StopListening();
+  ASSERT_EQ(Listener().StartListening(), 0);
+  EXPECT_EQ(Arrives({"-v2c", "-c", "again", "HOST", "1", kVendor}).Community, "again");
+}
+
+}  // namespace
+}  // namespace sentrel::test

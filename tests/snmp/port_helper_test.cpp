@@ -1,0 +1,89 @@
+#include "snmp/port_helper.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "listener_fixture.h"
+#include "process.h"
+#include "snmp/datagram_socket.h"
+
+namespace sentrel::test {
+namespace {
+
+/// A shell script that runs the helper where this user may open any port.
+class PortHelperTest : public testing::Test {
+ protected:
+  std::string Script(const std::string& content) {
+    const std::filesystem::path path = folder_.Path() / "helper";
+    WriteFile(path, "#!/bin/sh\n" + content + "\n");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    return path;
+  }
+  const TemporaryFolder folder_;
+};
+
+TEST_F(PortHelperTest, HandsOverTheBoundSocket) {
+  if (RunCommand({"unshare", "-rn", "true"}) != 0) GTEST_SKIP() << "no user namespaces here";
+  const int descriptor = SocketFromPortHelper(Script("exec unshare -rn " PORT_HELPER));
+  ASSERT_GE(descriptor, 0) << -descriptor;
+  const DatagramSocket socket(descriptor);
+  EXPECT_EQ(socket.Port(), 162);
+}
+
+TEST_F(PortHelperTest, TellsThatThePortIsInUse) {
+  if (RunCommand({"unshare", "-rn", "true"}) != 0) GTEST_SKIP() << "no user namespaces here";
+  // The first run's socket is held by this process while the second one tries.
+  const std::filesystem::path result = folder_.Path() / "result";
+  const int first = SocketFromPortHelper(Script("exec unshare -rn sh -c '" PORT_HELPER
+                                                "; " PORT_HELPER "; echo $? > " +
+                                                result.string() + "'"));
+  ASSERT_GE(first, 0);
+  close(first);
+  EXPECT_EQ(ReadFile(result), std::to_string(kPortInUse) + "\n");
+}
+
+TEST_F(PortHelperTest, ExitCodesBecomeErrors) {
+  const auto ending = [this](int code) {
+    return SocketFromPortHelper(Script("exit " + std::to_string(code)));
+  };
+  EXPECT_EQ(ending(kPortNotPermitted), -EACCES);
+  EXPECT_EQ(ending(kPortInUse), -EADDRINUSE);
+  EXPECT_EQ(ending(kPortHandedOver), -EIO) << "nothing was handed over";
+  EXPECT_EQ(SocketFromPortHelper(folder_.Path() / "none"), -ENOENT);
+}
+
+TEST_F(PortHelperTest, ListenerUsesItWhereItMayNotOpenThePortItself) {
+  const int own = BindTrapSocket(kTrapPort);
+  if (own >= 0) close(own);
+  if (own != -EACCES) GTEST_SKIP() << "this user may open the port";
+  class : public TrapObserver {
+    void OnTrap(const Trap&) override {}
+  } nobody;
+  ListenerOptions options;
+  NetSnmpListener alone(options, nobody, [] {});
+  EXPECT_GT(alone.StartListening(), 0);
+  EXPECT_EQ(alone.WhyNotListening().remedy, "Start the program with sudo.");
+
+  options.port_helper = PORT_HELPER;
+  NetSnmpListener refused(options, nobody, [] {});
+  EXPECT_GT(refused.StartListening(), 0);
+  EXPECT_NE(refused.WhyNotListening().remedy.find("sudo setcap"), std::string::npos);
+
+  if (RunCommand({"unshare", "-rn", "true"}) != 0) return;
+  options.port_helper = Script("exec unshare -rn " PORT_HELPER);
+  NetSnmpListener helped(options, nobody, [] {});
+  EXPECT_EQ(helped.StartListening(), 0);
+  EXPECT_EQ(helped.Port(), kTrapPort);
+}
+
+TEST_F(PortHelperTest, RefusesToRunByHand) {
+  EXPECT_EQ(RunCommand({PORT_HELPER}), kPortHelperMisused);
+  EXPECT_EQ(RunCommand({PORT_HELPER, "argument"}), kPortHelperMisused);
+}
+
+}  // namespace
+}  // namespace sentrel::test
