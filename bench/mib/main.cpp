@@ -1,7 +1,7 @@
-// What the program pays for its names. The image is SENTREL_IMAGE, one that `sentrel-mib compile -o`
-// has written; SENTREL_OIDS is a file of known OIDs, one a line. "of_bound" is the time over the
-// bound that the program promises: 3 microseconds for a name that is not cached, 10 milliseconds for
-// opening the image; at most 1 is good.
+// What the program pays for its names. The image is SENTREL_IMAGE, one that `sentrel-mib compile
+// -o` has written; SENTREL_OIDS is a file of known OIDs, one a line. "of_bound" is the time over
+// the bound that the program promises: 3 microseconds for a name that is not cached, 10
+// milliseconds for opening the image; at most 1 is good.
 
 #include <benchmark/benchmark.h>
 
