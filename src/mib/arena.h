@@ -12,6 +12,7 @@ class Arena {
  public:
   /// A view of a copy of the text, valid as long as the arena.
   std::string_view Keep(std::string_view text) {
+    if (text.empty()) return {};
     if (text.size() > left_) Grow(text.size());
     char* place = next_;
     std::memcpy(place, text.data(), text.size());

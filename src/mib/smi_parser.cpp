@@ -68,14 +68,18 @@ class Parser {
 
   TokenReader reader_;
   Module module_;
+  /// The token before the next one, where it may turn out to be the name of a definition.
   Token previous_;
+  /// The name of a module that began within another one.
+  Token nextName_;
 };
 
 /// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text stands around modules, and reads
 /// that module.
 bool Parser::FindModule() {
   reader_.SetStrings(false);
-  Token name;
+  Token name = nextName_;
+  nextName_ = {};
   int depth = 0;
   while (!reader_.AtEnd()) {
     const Token token = reader_.Take();
@@ -112,6 +116,7 @@ bool Parser::SkipToBegin() {
 }
 
 void Parser::ReadBody() {
+  previous_ = {};
   while (!reader_.AtEnd()) {
     const Token& token = reader_.Peek();
     if (token.Is("END")) {
@@ -122,7 +127,7 @@ void Parser::ReadBody() {
     }
     if (token.Is("DEFINITIONS")) {
       reader_.Report(token, "module " + Quote(module_.name) + " has no END");
-      reader_.Rewind(previous_);
+      nextName_ = previous_;
       Bind(module_);
       return;
     }
@@ -146,7 +151,9 @@ void Parser::ReadStatement() {
   }
   if (name.text == "IMPORTS") return ReadImports();
   if (name.text == "EXPORTS") {
-    while (!reader_.AtEnd() && !reader_.TakeMark(';')) reader_.Take();
+    while (!reader_.AtEnd() && !reader_.Peek().Is("IMPORTS") && !reader_.TakeMark(';')) {
+      reader_.Take();
+    }
     return;
   }
   const Token& next = reader_.Peek();
@@ -179,7 +186,8 @@ void Parser::ReadImports() {
       for (; named < module_.imports.size(); ++named) module_.imports[named].module = module;
       if (reader_.TakeMark('{')) reader_.SkipPast('{', '}');
       listEnd = reader_.Peek();
-    } else if (token.kind == TokenKind::Assign || token.Is("LAST-UPDATED") || token.Is("SYNTAX")) {
+    } else if (token.kind == TokenKind::Assign || token.Is("LAST-UPDATED") || token.Is("SYNTAX") ||
+               token.Is("IMPORTS")) {
       reader_.Report(listEnd, "no ';' behind the imports");
       reader_.Rewind(listEnd);
       break;
@@ -228,7 +236,7 @@ void Parser::ReadTypeAssignment(const Token& name) {
   }
   Definition type = NewDefinition(name, Kind::Type);
   if (reader_.Peek().Is("TEXTUAL-CONVENTION")) {
-    reader_.Take();
+    previous_ = reader_.Take();
     ReadTextualConvention(type);
   } else {
     ReadType(reader_, module_, type);

@@ -41,6 +41,23 @@ TEST(Hostile, NestingAndLoopsEnd) {
   EXPECT_THAT(imports.Messages(), ElementsAre(HasSubstr("leads back to itself")));
 }
 
+TEST(Hostile, WordsInWrongPlacesAreReadOnce) {
+  const std::string begin = "A-MIB DEFINITIONS ::= BEGIN ";
+  const std::string texts[] = {
+      begin + "DEFINITIONS",
+      begin + "X ::= TEXTUAL-CONVENTION OBJECT-TYPE",
+      begin + "X ::= TEXTUAL-CONVENTION ::= ",
+      begin + "x OBJECT-TYPE MACRO DEFINITIONS ::= BEGIN",
+      begin + "\" x DEFINITIONS ::= BEGIN DEFINITIONS \"",
+      begin + Repeat("IMPORTS a, b ", 100'000),
+      begin + Repeat("x { 1 } DEFINITIONS ", 100'000),
+      begin + Repeat("x OBJECT-TYPE { ", 100'000),
+      begin + Repeat("x OBJECT-TYPE \" ", 100'001),
+      Repeat(begin, 10'000),
+  };
+  for (const std::string& text : texts) EXPECT_FALSE(Compiled({text}).Messages().empty());
+}
+
 TEST(Hostile, LongChainsAndLongOidsAreRefused) {
   std::string chain = "n0 OBJECT IDENTIFIER ::= { iso 1 }\n";
   for (int i = 1; i < 3000; ++i) {
