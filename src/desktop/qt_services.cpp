@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
@@ -26,11 +25,8 @@ std::string QtApplication::ExecutableName() const {
 }
 
 std::string QtApplication::LayoutFolder() const {
-  if (!stateFolder_.empty()) return stateFolder_;
-  if (QFileInfo(QCoreApplication::applicationDirPath()).isWritable()) return ProgramFolder();
-  const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-  const QString state = QDir::isAbsolutePath(named) ? named : QDir::homePath() + "/.local/state";
-  return QDir(state).filePath("sentrel").toStdString();
+  const bool writable = QFileInfo(QCoreApplication::applicationDirPath()).isWritable();
+  return writable ? ProgramFolder() : userFolder_;
 }
 
 void QtClipboard::Clear() {

@@ -17,15 +17,15 @@ namespace sentrel {
 
 class QtApplication : public Application {
  public:
-  /// The state folder takes the place of the one that LayoutFolder() finds, unless empty.
-  explicit QtApplication(std::string stateFolder) : stateFolder_(std::move(stateFolder)) {}
+  /// The layout folder is the program folder, or, where that cannot be written, the user's.
+  explicit QtApplication(std::string userFolder) : userFolder_(std::move(userFolder)) {}
   std::string ProgramFolder() const override;
   std::string ExecutableName() const override;
   std::string LayoutFolder() const override;
   void SetHelpFile(const std::string& path) override { helpFile_ = path; }
 
  private:
-  std::string stateFolder_;
+  std::string userFolder_;
   std::string helpFile_;
 };
 
