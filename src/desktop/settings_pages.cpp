@@ -1,6 +1,7 @@
 #include "desktop/settings_pages.h"
 
 #include <QCheckBox>
+#include <QFontDatabase>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,10 +19,16 @@ using namespace settings_controls;
 
 namespace {
 
+constexpr int kPageMargin = 12;
+constexpr int kGroupSpacing = 6;
+constexpr int kColumnSpacing = 12;
+
+/// Courier itself or the system's own: what systems put in the place of a Courier that they lack is
+/// hard to read on a screen.
 QFont Monospaced() {
-  QFont font;
-  font.setFamilies({"Courier", "monospace"});
-  font.setStyleHint(QFont::Monospace);
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(QFont().pointSizeF());
+  if (QFontDatabase::families().contains("Courier")) font.setFamily("Courier");
   return font;
 }
 
@@ -78,7 +85,9 @@ QVBoxLayout* AddPage(QTabWidget& tabs, const char* name, const QString& caption)
   page->setObjectName(name);
   page->setAccessibleName(caption);
   tabs.addTab(page, caption);
-  return new QVBoxLayout(page);
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
+  return layout;
 }
 
 void AddGeneral(QTabWidget& tabs) {
@@ -94,9 +103,13 @@ void AddGeneral(QTabWidget& tabs) {
 }
 
 QLayout* MakeExamples() {
-  auto* examples = Label(kExampleList);
-  examples->setFont(Monospaced());
-  auto* texts = Row({examples, Label(kExampleNames)});
+  auto* texts = new QHBoxLayout;
+  for (const SettingsText column : {kExampleList, kExampleNames}) {
+    auto* label = Label(column);
+    label->setFont(Monospaced());
+    texts->addWidget(label);
+    texts->addSpacing(kColumnSpacing);
+  }
   texts->addStretch();
   auto* layout = new QVBoxLayout;
   layout->addWidget(Label(kExamplesLabel, "Examples:"));
@@ -109,16 +122,20 @@ void AddDeviceFilter(QTabWidget& tabs) {
   page->addWidget(Named(
       new QCheckBox("Enable Device Filtering (Only receive SNMP Traps from specific devices)"),
       kCheckDeviceFilter));
+  page->addSpacing(kGroupSpacing);
   auto* label = Label(kAddLabel, "Add New IP Address, Subnet, or Address Range");
+  auto* box = EntryBox(kNewDeviceFilter, label);
+  box->setMinimumWidth(box->fontMetrics().horizontalAdvance(" 255.255.255.255 - 255.255.255.255 "));
   auto* entry = new QVBoxLayout;
   entry->addWidget(label);
-  entry->addLayout(Row({EntryBox(kNewDeviceFilter, label), Button(kCmdAddDeviceFilter, "Add ")}));
+  entry->addLayout(Row({box, Button(kCmdAddDeviceFilter, "Add ")}));
   entry->addStretch();
   auto* upper = new QHBoxLayout;
   upper->addLayout(entry, 1);
+  upper->addSpacing(kColumnSpacing);
   upper->addLayout(MakeExamples());
   page->addLayout(upper);
-
+  page->addSpacing(kGroupSpacing);
   auto* list = List(kDeviceFilterList, "Device Filters");
   list->setFont(Monospaced());
   page->addWidget(list, 1);
@@ -129,9 +146,11 @@ void AddCommunityFilter(QTabWidget& tabs) {
   auto* page = AddPage(tabs, "SSActiveTabPanel4", "Community Filter");
   page->addWidget(Named(new QCheckBox("Enable SNMP Community Filtering"), kCheckCommunity));
   page->addWidget(Label(kLabel1, "Only accept SNMP Traps with certain Community strings"));
+  page->addSpacing(kGroupSpacing);
   auto* label = Label(kNewCommunityLabel, "New SNMP Community String");
   page->addWidget(label);
   page->addLayout(Row({EntryBox(kNewCommunity, label), Button(kCmdAddCommunity, "Add ")}));
+  page->addSpacing(kGroupSpacing);
   auto* list = List(kCommunityList, "Community Strings");
   page->addWidget(list, 1);
   page->addWidget(RemoveButton(kCmdDeleteCommunity, list), 0, Qt::AlignLeft);
@@ -140,9 +159,11 @@ void AddCommunityFilter(QTabWidget& tabs) {
 void AddLogging(QTabWidget& tabs) {
   auto* page = AddPage(tabs, "SSActiveTabPanel3", "Logging");
   page->addWidget(Named(new QCheckBox("Log Traps to a file as they arrive"), kCheckLoggingActive));
+  page->addSpacing(kGroupSpacing);
   auto* label = Label(kLogLabel, "Logging File");
   auto* select = Button(kCmdSelectLogFile, "...");
   select->setAccessibleName("Select Logging File");
+  select->setMaximumWidth(select->sizeHint().height() * 3 / 2);
   page->addWidget(label);
   page->addLayout(Row({EntryBox(kLogFilename, label), select}));
   page->addStretch();
