@@ -1,5 +1,6 @@
 #include "desktop/qt_services.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
@@ -65,11 +66,15 @@ bool IsReadOnly(const std::string& path) {
   return file.exists() && (!(file.permissions() & anyone) || !file.isWritable());
 }
 
+QWidget* OwnerOfNextDialog(QWidget& window) {
+  if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+  return window.isVisible() ? &window : nullptr;
+}
+
 void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::string& title) {
-  QWidget* owner = owner_.isVisible() ? &owner_ : nullptr;
   QMessageBox box(icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
                   QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
-                  QMessageBox::Ok, owner);
+                  QMessageBox::Ok, OwnerOfNextDialog(window_));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.exec();

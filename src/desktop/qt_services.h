@@ -45,14 +45,19 @@ class QtFileSystem : public FileSystem {
 /// Whether nobody may write to the file, or at least not this user. Root is kept out too.
 bool IsReadOnly(const std::string& path);
 
+/// What a dialog is to stand above: the dialog that is open, else the window; null if neither can
+/// be seen.
+QWidget* OwnerOfNextDialog(QWidget& window);
+
 class QtMessageBox : public MessageBox {
  public:
-  /// The box stands above the owner, which may be hidden and must outlive it.
-  explicit QtMessageBox(QWidget& owner) : owner_(owner) {}
+  /// The box stands above whatever dialog is open, else above the window, which may be hidden and
+  /// must outlive it.
+  explicit QtMessageBox(QWidget& window) : window_(window) {}
   void Show(const std::string& text, MessageIcon icon, const std::string& title) override;
 
  private:
-  QWidget& owner_;
+  QWidget& window_;
 };
 
 class QtTimer : public Timer {
