@@ -51,6 +51,9 @@ Program::Program(const ProgramOptions& options)
       window_(table_, toolBars_, statusBar_),
       messageBox_(window_),
       fileDialog_(window_),
+      mousePointer_(window_),
+      exportEngines_({window_, clock_, locale_, messageBox_, exportMemory_}),
+      trapExport_(table_, mousePointer_, {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
@@ -72,6 +75,9 @@ Commands Program::OtherCommands() {
   commands.ShowSettingsForm = [this] {
     QtSettingsForm(settings_, messageBox_, fileDialog_, &window_).exec();
   };
+  commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
+  commands.PrintTraps = [this] { trapExport_.PrintTraps(); };
+  commands.PreviewTraps = [this] { trapExport_.PreviewTraps(); };
   return commands;
 }
 

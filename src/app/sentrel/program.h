@@ -17,9 +17,12 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
+#include "desktop/export_engine.h"
+#include "desktop/export_services.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "export/trap_export.h"
 #include "mib/library.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
@@ -77,6 +80,11 @@ class Program {
   QtFileDialog fileDialog_;
   QtClipboard clipboard_;
   QtFileSystem files_;
+  QtPrinters printers_;
+  QtMousePointer mousePointer_;
+  RunExportMemory exportMemory_;
+  QtEngineFactory exportEngines_;
+  TrapExport trapExport_;
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
