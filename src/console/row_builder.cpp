@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "console/row_record.h"
+#include "console/trap_texts.h"
 
 namespace sentrel {
 namespace {
@@ -27,12 +28,14 @@ class PaintingPause {
 }  // namespace
 
 RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow& window,
-                       const Clock& clock, const Locale& locale)
+                       const Clock& clock, const Locale& locale, OidLookup& lookup, TrapLog& log)
     : settings_(settings),
       table_(table),
       window_(window),
       clock_(clock),
       locale_(locale),
+      lookup_(lookup),
+      log_(log),
       selection_(table) {}
 
 void RowBuilder::AddTrap(const Trap& trap) {
@@ -52,7 +55,8 @@ void RowBuilder::FillRow(const Trap& trap) {
   table_.SetCell(kNewest, 1, trap.SourceAddress);
   table_.SetCell(kNewest, 2, trap.Community);
 
-  TrapTexts texts = DescribeTrap(trap, settings_);
+  TrapTexts texts = DescribeTrap(trap, settings_, lookup_);
+  if (settings_.LoggingEnabled()) log_.WriteToLog(texts.DetailText.append(kCrLf));
   table_.SetRowHeight(kNewest, HeightFor(texts.SummaryText));
   table_.SetCell(kNewest, 3, std::move(texts.DeviceType));
   table_.SetCell(kNewest, 4, std::move(texts.SummaryText));

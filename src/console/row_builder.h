@@ -1,7 +1,8 @@
 #pragma once
 
+#include "console/oid_lookup.h"
 #include "console/selection_keeper.h"
-#include "console/trap_texts.h"
+#include "console/trap_log.h"
 #include "controls/table.h"
 #include "platform/clock.h"
 #include "platform/main_window.h"
@@ -16,11 +17,13 @@ inline constexpr int kMostTraps = 999;
 /// Turns an accepted trap into the newest row of the table.
 class RowBuilder {
  public:
+  /// All of these must outlive the builder.
   RowBuilder(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
-             const Locale& locale);
+             const Locale& locale, OidLookup& lookup, TrapLog& log);
 
-  /// Inserts the trap as row 1, drops what is beyond kMostTraps and keeps the selection on the same
-  /// traps. Painting is off meanwhile and on again afterwards, also after a failure.
+  /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond
+  /// kMostTraps and keeps the selection on the same traps. Painting is off meanwhile and on again
+  /// afterwards, also after a failure.
   void AddTrap(const Trap& trap);
 
  private:
@@ -32,6 +35,8 @@ class RowBuilder {
   const MainWindow& window_;
   const Clock& clock_;
   const Locale& locale_;
+  OidLookup& lookup_;
+  TrapLog& log_;
   SelectionKeeper selection_;
 };
 

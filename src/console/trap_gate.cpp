@@ -4,8 +4,10 @@
 
 namespace sentrel {
 
-TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Timer& resetTimer)
-    : settings_(settings), rows_(rows), resetTimer_(resetTimer) {}
+TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder, Timer& resetTimer)
+    : settings_(settings), rows_(rows), resetTimer_(resetTimer) {
+  resetTimer_.Setup(std::chrono::seconds(30), [&decoder] { decoder.CheckCacheSize(); });
+}
 
 void TrapGate::OnTrap(const Trap& trap) {
   if (!Accepts(trap)) return;
@@ -14,8 +16,14 @@ void TrapGate::OnTrap(const Trap& trap) {
   resetTimer_.SetEnabled(true);
 }
 
-bool TrapGate::Accepts(const Trap&) const {
-  return !settings_.Paused();
+bool TrapGate::Accepts(const Trap& trap) const {
+  if (settings_.Paused()) return false;
+  if (settings_.DeviceFilterActive() &&
+      !settings_.DeviceFilters()->AddressInFilters(trap.SourceAddress)) {
+    return false;
+  }
+  const CommunityStrings& communities = *settings_.CommunityStrings();
+  return communities.Count() == 0 || communities.Exists(trap.Community);
 }
 
 }  // namespace sentrel

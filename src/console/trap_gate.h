@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console/row_builder.h"
+#include "decoding/decoder.h"
 #include "platform/snmp.h"
 #include "platform/timer.h"
 #include "settings/settings.h"
@@ -10,8 +11,9 @@ namespace sentrel {
 /// Decides which traps become rows. A refused trap leaves no trace.
 class TrapGate : public TrapObserver {
  public:
-  /// The timer restarts with every accepted trap.
-  TrapGate(const Settings& settings, RowBuilder& rows, Timer& resetTimer);
+  /// The timer restarts with every accepted trap; 30 seconds without one, and every 30 seconds
+  /// after that, the decoder's cache is checked. All of these must outlive the gate.
+  TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder, Timer& resetTimer);
 
   /// A failure while the row is built is contained here: one bad trap never ends the program.
   void OnTrap(const Trap& trap) override;

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "common/failure.h"
 #include "common/text.h"
 #include "console/row_record.h"
 
@@ -12,24 +13,34 @@ namespace {
 /// the address.
 constexpr std::string_view kIndent = "                  ";
 
+std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup) {
+  std::string text = value;
+  if (!raw) Attempt([&] { text = lookup.LookupOIDValue(value); });
+  return text;
+}
+
+std::string BindingText(const std::string& oid, const std::string& value, bool raw,
+                        OidLookup& lookup) {
+  return raw ? oid + " = " + value : lookup.LookupOIDDetails(oid, value);
+}
+
 }  // namespace
 
-TrapTexts DescribeTrap(const Trap& trap, const Settings&) {
+TrapTexts DescribeTrap(const Trap& trap, const Settings& settings, OidLookup& lookup) {
   TrapTexts texts;
   texts.DetailText.append(trap.SourceAddress).append(kCrLf);
   std::string_view separator;
   for (size_t i = 0; i < BindingCount(trap); ++i) {
-    const std::string& oid = trap.OIDs[i];
-    const std::string& value = trap.Values[i];
-    texts.DetailText.append(separator).append(kIndent);
-    if (oid == kEnterpriseOid) {
-      texts.DeviceType = value;
-      texts.DetailText.append("Enterprise = ").append(value);
+    const bool raw = settings.Raw();
+    if (trap.OIDs[i] == kEnterpriseOid) {
+      texts.DeviceType = EnterpriseText(trap.Values[i], raw, lookup);
+      texts.DetailText.append(raw ? separator : kCrLf).append(kIndent);
+      texts.DetailText.append("Enterprise = ").append(texts.DeviceType);
       continue;
     }
-    const std::string line = oid + " = " + value;
+    const std::string line = BindingText(trap.OIDs[i], trap.Values[i], raw, lookup);
     texts.SummaryText.append(separator).append(line);
-    texts.DetailText.append(line);
+    texts.DetailText.append(separator).append(kIndent).append(line);
     separator = kCrLf;
   }
   return texts;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "console/oid_lookup.h"
 #include "platform/trap.h"
 #include "settings/settings.h"
 
@@ -20,7 +21,8 @@ struct TrapTexts {
   std::string DetailText;
 };
 
-/// One walk over the bindings, raw or decoded as Settings.Raw says at each binding.
-TrapTexts DescribeTrap(const Trap& trap, const Settings& settings);
+/// One walk over the bindings, raw or decoded as Settings.Raw says. Never throws for want of names:
+/// an enterprise that cannot be decoded stands raw.
+TrapTexts DescribeTrap(const Trap& trap, const Settings& settings, OidLookup& lookup);
 
 }  // namespace sentrel

@@ -64,7 +64,7 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
   TableView& View() const { return *static_cast<TableView*>(widget()); }
   const Table& Content() const { return View().Content(); }
   bool RowSelected(int row) const {
-    const auto [first, last] = std::minmax(Content().Row(), Content().RowSel());
+    const auto [first, last] = std::minmax({Content().Row(), Content().RowSel()});
     return row >= first && row <= last;
   }
 
@@ -106,7 +106,7 @@ class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterfa
   int selectedColumnCount() const override { return 0; }
   int selectedCellCount() const override { return selectedRowCount() * columnCount(); }
   QList<int> selectedRows() const override {
-    const auto [first, last] = std::minmax(Content().Row(), Content().RowSel());
+    const auto [first, last] = std::minmax({Content().Row(), Content().RowSel()});
     QList<int> rows;
     for (int row = first; row <= last; ++row) rows << row;
     return rows;

@@ -57,8 +57,7 @@ struct DatagramSocket::Slots {
   std::array<mmsghdr, kBatch> messages{};
 };
 
-DatagramSocket::DatagramSocket(int descriptor)
-    : descriptor_(descriptor), slots_(new Slots), batch_() {
+DatagramSocket::DatagramSocket(int descriptor) : descriptor_(descriptor), slots_(new Slots) {
   Prepare(descriptor_);
   batch_.reserve(kBatch);
   for (std::size_t i = 0; i < kBatch; ++i) {

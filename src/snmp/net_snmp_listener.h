@@ -22,7 +22,8 @@ struct ListenerOptions {
   std::uint16_t port = kTrapPort;
   /// Path of sentrel-port, which opens kTrapPort for a program that may not; empty for none.
   std::string port_helper;
-  /// Where engine ID, boots count and keys of version 3 persist. Made if need be.
+  /// Where engine ID, boots count and keys of version 3 persist. Made if need be; empty to keep
+  /// nothing.
   std::string state_folder;
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
   std::string configuration_path;

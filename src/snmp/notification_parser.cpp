@@ -103,12 +103,12 @@ netsnmp_transport* NotificationParser::MakeTransport() {
   auto* transport = static_cast<netsnmp_transport*>(std::calloc(1, sizeof(netsnmp_transport)));
   if (transport == nullptr) throw std::bad_alloc();
   transport->domain = netsnmpUDPDomain;
-  transport->domain_length = netsnmpUDPDomain_len;
+  transport->domain_length = static_cast<int>(netsnmpUDPDomain_len);
   transport->sock = kToken;
   transport->msgMaxSize = kLargestMessage;
-  NotificationParser* const owner = this;
-  transport->data = netsnmp_memdup(&owner, sizeof owner);
-  transport->data_length = sizeof owner;
+  const Tag tag{this};
+  transport->data = netsnmp_memdup(&tag, sizeof tag);
+  transport->data_length = sizeof tag;
   transport->f_recv = &Receive;
   transport->f_send = &Transmit;
   transport->f_close = &LeaveOpen;
@@ -116,7 +116,7 @@ netsnmp_transport* NotificationParser::MakeTransport() {
 }
 
 NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport) {
-  return **static_cast<NotificationParser**>(transport->data);
+  return *static_cast<const Tag*>(transport->data)->owner;
 }
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {

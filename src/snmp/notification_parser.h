@@ -33,6 +33,10 @@ class NotificationParser {
   std::uint64_t AnsweredInforms() const { return answered_informs_; }
 
  private:
+  /// What a transport carries, in memory that the library frees.
+  struct Tag {
+    NotificationParser* owner;
+  };
   static NotificationParser& Owner(const netsnmp_transport* transport);
   // What the library calls.
   static int Receive(netsnmp_transport* transport, void* buffer, int size, void** opaque,

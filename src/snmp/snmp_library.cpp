@@ -25,10 +25,20 @@ void CreateUsers() {
   CreateUserLines().clear();
 }
 
+void Ignore(const char*, char*) {}
+
+/// Called when the library has registered its own tokens and has yet to read a file: no logOption
+/// of an administrator's snmp.conf may bring the output back.
+int IgnoreLogOption(int, int, void*, void*) {
+  register_prenetsnmp_mib_handler("snmp", "logOption", Ignore, nullptr, nullptr);
+  return SNMPERR_SUCCESS;
+}
+
 void Silence() {
   // With no handler at all the library would write to the standard error stream.
-  snmp_disable_log();
   netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
+  snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_PRE_PREMIB_READ_CONFIG,
+                         IgnoreLogOption, nullptr);
 }
 
 void LoadNoMibs() {
@@ -38,17 +48,21 @@ void LoadNoMibs() {
   netsnmp_config_remember(no_modules.data());
 }
 
+void KeepStateIn(const std::string& folder) {
+  // An empty name would be the root folder; below this one nothing can be made.
+  set_persistent_directory(folder.empty() ? "/dev/null" : folder.c_str());
+}
+
 }  // namespace
 
 SnmpLibrary::SnmpLibrary(const std::string& state_folder, const std::string& configuration_path) {
   Silence();
   LoadNoMibs();
-  set_persistent_directory(state_folder.c_str());
+  KeepStateIn(state_folder);
   if (!configuration_path.empty()) set_configuration_directory(configuration_path.c_str());
   init_usm_conf(kName);
   register_config_handler(kName, "createUser", KeepCreateUser, nullptr, nullptr);
   init_snmp(kName);
-  Silence();
   CreateUsers();
   // The boots count must rise even if the program does not come to its end.
   snmp_store(kName);

@@ -10,9 +10,9 @@ namespace sentrel {
 class SnmpLibrary {
  public:
   /// `state_folder` keeps engine ID, boots count and localized keys (sentrel.conf), and is made if
-  /// need be. `configuration_path` lists the folders, separated by colons, that are searched for
-  /// sentrel.conf; empty stands for the library's own: the system's SNMP folders, then .snmp in
-  /// the home folder. What cannot be read or written is done without.
+  /// need be; empty keeps nothing. `configuration_path` lists the folders, separated by colons,
+  /// that are searched for sentrel.conf; empty stands for the library's own: the system's SNMP
+  /// folders, then .snmp in the home folder. What cannot be read or written is done without.
   SnmpLibrary(const std::string& state_folder, const std::string& configuration_path);
   /// Writes the state back.
   ~SnmpLibrary();

@@ -1,25 +1,14 @@
 #include "console/row_builder.h"
 
-#include <gmock/gmock.h>
-
+#include "common/text.h"
 #include "console/row_record.h"
-#include "fakes/fake_console.h"
+#include "console/trap_texts.h"
+#include "console_fixture.h"
 
 namespace sentrel {
 namespace {
 
-constexpr const char* kEnterprise = "1.3.6.1.6.3.1.1.4.3.0";
 const std::string kIndent(18, ' ');
-
-Trap TrapOf(std::vector<std::pair<std::string, std::string>> bindings) {
-  Trap trap{"192.0.2.7", "public", {}, {}, {}};
-  for (auto& [oid, value] : bindings) {
-    trap.OIDs.push_back(oid);
-    trap.DataTypes.push_back(4);
-    trap.Values.push_back(value);
-  }
-  return trap;
-}
 
 Trap LinkDown() {
   return {"192.0.2.7",
@@ -29,23 +18,12 @@ Trap LinkDown() {
           {"12345", "1.3.6.1.6.3.1.1.5.3", "1.3.6.1.4.1.9"}};
 }
 
-struct RowBuilderTest : testing::Test {
-  RowBuilderTest() {
-    table.SetCols(5);
-    table.SetWholeRows(true);
-  }
+struct RowBuilderTest : ConsoleTest {
   void AddTraps(int count) {
     for (int i = 0; i < count; ++i) builder.AddTrap(TrapOf({{"1.2", std::to_string(++added)}}));
   }
   std::string Details(int row) { return table.Cell(row, 4); }
 
-  CallLog log;
-  FakeMainWindow window{log};
-  FakeClock clock;
-  FakeLocale locale;
-  Settings settings;
-  Table table;
-  RowBuilder builder{settings, table, window, clock, locale};
   int added = 0;
 };
 
@@ -60,6 +38,45 @@ TEST_F(RowBuilderTest, FillsTheCellsAndTheRecord) {
   EXPECT_EQ(table.RowData(1),
             "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345::"
             "1.3.6.1.6.3.1.1.4.1.0=6=1.3.6.1.6.3.1.1.5.3::1.3.6.1.6.3.1.1.4.3.0=6=1.3.6.1.4.1.9");
+}
+
+TEST_F(RowBuilderTest, DecodesWhatPeopleReadAndNothingElse) {
+  mibs.entries["1.3.6.1.2.1.1.3.0"] = {"sysUpTime.0", {}};
+  mibs.entries["1.3.6.1.6.3.1.1.4.1.0"] = {"snmpTrapOID.0", {}};
+  mibs.entries["1.3.6.1.6.3.1.1.5.3"] = {"linkDown", {}};
+  mibs.entries["1.3.6.1.4.1.9"] = {"cisco", {}};
+  settings.SetRaw(true);
+  builder.AddTrap(LinkDown());
+  settings.SetRaw(false);
+  builder.AddTrap(LinkDown());
+  EXPECT_EQ(table.Cell(1, 3), "cisco");
+  EXPECT_EQ(Details(1), "sysUpTime = 12345\r\nsnmpTrapOID = linkDown");
+  EXPECT_EQ(table.RowData(1), table.RowData(2));
+  EXPECT_EQ(table.Cell(2, 3), "1.3.6.1.4.1.9") << "a row that is shown keeps its form";
+}
+
+TEST_F(RowBuilderTest, LogsOnlyWhileLoggingIsOn) {
+  std::string filename = "traps.log";
+  settings.SetLogFilename(filename);
+  builder.AddTrap(TrapOf({{"1.2", "a"}}));
+  EXPECT_TRUE(logFile.contents.empty());
+  settings.SetLoggingEnabled(true);
+  builder.AddTrap(TrapOf({}));
+  builder.AddTrap(TrapOf({{"1.2", "a"}, {kEnterprise, "e"}}));
+  EXPECT_EQ(logFile.contents["traps.log"],
+            "Dec-05 15:49:37   192.0.2.7\r\n\r\n\r\n"
+            "Dec-05 15:49:37   192.0.2.7\r\n" +
+                kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = e\r\n\r\n");
+  logFile.failing = true;
+  builder.AddTrap(TrapOf({}));
+  EXPECT_EQ(table.Rows(), 5) << "a log that cannot be written costs no row";
+}
+
+TEST_F(RowBuilderTest, AnEnterpriseThatCannotBeDecodedStandsRaw) {
+  mibs.failing = "MakeOIDObject";
+  builder.AddTrap(LinkDown());
+  EXPECT_EQ(table.Cell(1, 3), "1.3.6.1.4.1.9");
+  EXPECT_EQ(Details(1), " = \r\n = ");
 }
 
 TEST_F(RowBuilderTest, TheHeightFollowsTheLinesOfTheDetails) {
@@ -120,42 +137,40 @@ TEST_F(RowBuilderTest, PaintingResumesAfterAFailure) {
   table.SetObserver(nullptr);
 }
 
-TEST(TrapTexts, TellTheEnterpriseApart) {
+TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
+  // The detail text without its first line; "|" stands where only decoded traps have a line end.
   struct Case {
     Trap trap;
     std::string deviceType, summary, detail;
   };
   const Case cases[] = {
-      {TrapOf({}), "", "", "192.0.2.7\r\n"},
-      {TrapOf({{kEnterprise, "e"}}), "e", "", "192.0.2.7\r\n" + kIndent + "Enterprise = e"},
+      {TrapOf({}), "", "", ""},
+      {TrapOf({{kEnterprise, "e"}}), "e", "", "|" + kIndent + "Enterprise = e"},
       {TrapOf({{kEnterprise, "e"}, {"1.2", "a"}, {"1.3", "b"}}), "e", "1.2 = a\r\n1.3 = b",
-       "192.0.2.7\r\n" + kIndent + "Enterprise = e" + kIndent + "1.2 = a\r\n" + kIndent +
-           "1.3 = b"},
+       "|" + kIndent + "Enterprise = e" + kIndent + "1.2 = a\r\n" + kIndent + "1.3 = b"},
       {TrapOf({{"1.2", "a"}, {kEnterprise, "e"}, {"1.3", ""}}), "e", "1.2 = a\r\n1.3 = ",
-       "192.0.2.7\r\n" + kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = e\r\n" + kIndent +
-           "1.3 = "},
+       kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = e\r\n" + kIndent + "1.3 = "},
       {TrapOf({{kEnterprise, "e"}, {"1.2", "a"}, {kEnterprise, "f"}}), "f", "1.2 = a",
-       "192.0.2.7\r\n" + kIndent + "Enterprise = e" + kIndent + "1.2 = a\r\n" + kIndent +
-           "Enterprise = f"},
+       "|" + kIndent + "Enterprise = e" + kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = f"},
       {TrapOf({{"1.3.6.1.6.3.1.1.4.3", "e"}}), "", "1.3.6.1.6.3.1.1.4.3 = e",
-       "192.0.2.7\r\n" + kIndent + "1.3.6.1.6.3.1.1.4.3 = e"},
+       kIndent + "1.3.6.1.6.3.1.1.4.3 = e"},
   };
-  Settings settings;
-  settings.SetRaw(true);
-  for (const Case& c : cases) {
-    const TrapTexts texts = DescribeTrap(c.trap, settings);
-    EXPECT_EQ(texts.DeviceType, c.deviceType);
-    EXPECT_EQ(texts.SummaryText, c.summary);
-    EXPECT_EQ(texts.DetailText, c.detail);
+  for (const bool raw : {true, false}) {
+    settings.SetRaw(raw);
+    for (const Case& c : cases) {
+      const TrapTexts texts = DescribeTrap(c.trap, settings, lookup);
+      EXPECT_EQ(texts.DeviceType, c.deviceType);
+      EXPECT_EQ(texts.SummaryText, c.summary);
+      EXPECT_EQ(texts.DetailText, "192.0.2.7\r\n" + ReplaceAll(c.detail, "|", raw ? "" : "\r\n"));
+    }
   }
 }
 
-TEST(TrapTexts, NothingIsReadBeyondTheShortestList) {
+TEST_F(RowBuilderTest, NothingIsReadBeyondTheShortestList) {
   Trap trap = LinkDown();
   trap.Values.pop_back();
   trap.DataTypes.resize(1);
-  Settings settings;
-  EXPECT_EQ(DescribeTrap(trap, settings).SummaryText.find("1.3.6.1.6.3"), std::string::npos);
+  EXPECT_EQ(DescribeTrap(trap, settings, lookup).SummaryText, "1.3.6.1.2.1.1.3 = 12345");
   EXPECT_EQ(RowRecord(trap), "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345");
 }
 

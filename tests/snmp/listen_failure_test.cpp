@@ -24,10 +24,10 @@ TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
   NetSnmpListener second(options, *this, [] {});
   EXPECT_GT(second.StartListening(), 0);
   EXPECT_FALSE(second.Listening());
-  EXPECT_EQ(second.Failure().reason, "UDP port " + std::to_string(options.port) +
-                                         " is in use by test_snmp (process " +
-                                         std::to_string(getpid()) + ").");
-  EXPECT_THAT(second.Failure().remedy, HasSubstr("Another copy"));
+  EXPECT_EQ(second.WhyNotListening().reason, "UDP port " + std::to_string(options.port) +
+                                                 " is in use by test_snmp (process " +
+                                                 std::to_string(getpid()) + ").");
+  EXPECT_THAT(second.WhyNotListening().remedy, HasSubstr("Another copy"));
   EXPECT_FALSE(std::filesystem::exists(options.state_folder)) << "a failed start leaves no trace";
   EXPECT_TRUE(Listener().Listening());
 }
@@ -47,9 +47,20 @@ TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
   options.state_folder = folder_.Path() / "state";
   NetSnmpListener listener(options, *this, [] {});
   EXPECT_GT(listener.StartListening(), 0);
-  EXPECT_THAT(listener.Failure().reason,
+  EXPECT_THAT(listener.WhyNotListening().reason,
               HasSubstr("snmptrapd (process " + std::to_string(holder.Id()) + ")"));
-  EXPECT_THAT(listener.Failure().remedy, HasSubstr("kill " + std::to_string(holder.Id())));
+  EXPECT_THAT(listener.WhyNotListening().remedy, HasSubstr("kill " + std::to_string(holder.Id())));
+}
+
+TEST_F(ListenFailureTest, ListenerRunsWithoutAFolderForItsState) {
+  ListenerOptions options;
+  options.port = 0;
+  NetSnmpListener listener(options, *this, [] {});
+  EXPECT_EQ(listener.StartListening(), 0);
+  listener.CloseListener();
+  options.state_folder = "/dev/null/not/possible";
+  NetSnmpListener other(options, *this, [] {});
+  EXPECT_EQ(other.StartListening(), 0);
 }
 
 TEST(ExplainListenFailure, NamesTheExactRemedy) {

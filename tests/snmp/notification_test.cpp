@@ -141,6 +141,18 @@ TEST_F(NotificationTest, NothingArrivesAfterStop) {
   Listener().CloseListener();
 }
 
+TEST_F(NotificationTest, NothingIsWrittenToTheStandardStreams) {
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  Start("createUser\nnonsense here\nlogOption e\n[snmp] logOption e\n[snmp] doDebugging yes\n");
+  const UdpSender sender(Listener().Port());
+  sender.Send("\x30\x03\x02\x01\x09");
+  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 1; }));
+  Stop();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(NotificationTest, StartsAgainAfterStop) {
   Start();
   Listener().StopListening();

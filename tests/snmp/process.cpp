@@ -12,6 +12,7 @@ namespace {
 
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size());
   for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
   return pointers;
 }

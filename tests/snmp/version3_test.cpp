@@ -22,14 +22,14 @@ std::vector<User> Users() {
   std::vector<User> users = {{"plain", {"-l", "noAuthNoPriv"}, ""}};
   for (const std::string digest : {"MD5", "SHA", "SHA-224", "SHA-256", "SHA-384", "SHA-512"}) {
     users.push_back({"auth-" + digest,
-                     {"-l", "authNoPriv", "-a", digest, "-A", "auth-pass-phrase"},
-                     digest + " auth-pass-phrase"});
+                     {"-l", "authNoPriv", "-a", digest, "-A", "auth pass phrase"},
+                     digest + " \"auth pass phrase\""});
   }
   for (const std::string cipher : {"DES", "AES"}) {
     users.push_back({"priv-" + cipher,
-                     {"-l", "authPriv", "-a", "SHA", "-A", "auth-pass-phrase", "-x", cipher, "-X",
+                     {"-l", "authPriv", "-a", "SHA", "-A", "auth pass phrase", "-x", cipher, "-X",
                       "priv-pass-phrase"},
-                     "SHA auth-pass-phrase " + cipher + " priv-pass-phrase"});
+                     "SHA \"auth pass phrase\" " + cipher + " priv-pass-phrase"});
   }
   return users;
 }

@@ -1,20 +1,34 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <filesystem>
 
 #include "console/main_form.h"
+#include "console/oid_lookup.h"
 #include "console/row_builder.h"
+#include "console/table_commands.h"
+#include "console/toggles.h"
+#include "console/tool_dispatch.h"
+#include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
+#include "console/trap_log.h"
+#include "controls/status_bar.h"
 #include "controls/table.h"
+#include "controls/tool_bars.h"
+#include "decoding/decoder.h"
 #include "desktop/event_loop.h"
 #include "desktop/export_engine.h"
 #include "desktop/export_services.h"
+#include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
 #include "export/trap_export.h"
+#include "mib/library.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
+#include "store/posix_log_file.h"
+#include "store/sqlite_registry.h"
+#include "store/store_paths.h"
 
 namespace sentrel {
 
@@ -22,8 +36,9 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
-  /// Where what outlives a run is kept for this user, or for the machine when run as root.
-  std::string stateFolder;
+  /// Where what outlives a run is kept.
+  std::filesystem::path machineFolder = MachineStateFolder();
+  std::filesystem::path userFolder = UserStateFolder();
 };
 
 /// The whole program, put together. Needs a QApplication. Members stand in the order in which they
@@ -32,22 +47,39 @@ class Program {
  public:
   explicit Program(const ProgramOptions& options);
 
-  /// Runs until the window is closed, traps cannot be received, or the system asks the process to
-  /// end. Returns the exit code of the process.
-  int Run();
+  /// Begins to listen and shows the window. Returns false where traps cannot be received; the user
+  /// has been told by then.
+  bool Start();
 
   QtMainWindow& Window() { return window_; }
   const Table& Traps() const { return table_; }
   const NetSnmpListener& Listener() const { return listener_; }
+  Settings& Options() { return settings_; }
 
  private:
+  bool AdoptMibs();
+  /// What the tools run beyond the main window's own commands.
+  Commands OtherCommands();
+
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
+  SqliteRegistry registry_;
   Settings settings_;
+  Wakeup newMibs_;
+  mib::Library mibs_;
+  Decoder decoder_;
+  OidLookup lookup_;
+  PosixLogFile logFile_;
+  TrapLog log_;
   Table table_;
+  ToolBars toolBars_;
+  StatusBar statusBar_;
   QtMainWindow window_;
   QtMessageBox messageBox_;
+  QtFileDialog fileDialog_;
+  QtClipboard clipboard_;
+  QtFileSystem files_;
   QtPrinters printers_;
   QtMousePointer mousePointer_;
   RunExportMemory exportMemory_;
@@ -56,9 +88,13 @@ class Program {
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
-  Wakeup wakeup_;
+  Wakeup newTraps_;
   NetSnmpListener listener_;
+  Toggles toggles_;
+  ToolbarLayout layout_;
+  TableCommands tableCommands_;
   MainForm mainForm_;
+  ToolDispatch dispatch_;
   EndRequest endRequest_;
 };
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace sentrel::app {
+
+/// The command line behind the command's name.
+struct Arguments {
+  std::vector<std::string> folders;  ///< of the options -M
+  std::string output;                ///< of the option -o
+  std::vector<std::string> rest;
+};
+
+/// Each command prints its result to standard output and returns the exit status: 0, or 1 where
+/// something was wrong with what it was given. All throw Failure.
+int LookUpOids(const Arguments& arguments);
+int CompileFolders(const Arguments& arguments);
+int CheckFiles(const Arguments& arguments);
+
+/// Those that make the built-in database: module files to fact files, the enterprises' names to
+/// one fact file, fact files to an image.
+int WriteFactFiles(const Arguments& arguments);
+int WriteEnterpriseRoots(const Arguments& arguments);
+int PackFacts(const Arguments& arguments);
+
+}  // namespace sentrel::app

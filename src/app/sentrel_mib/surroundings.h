@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "mib/image.h"
+#include "mib/sources.h"
+
+namespace sentrel::app {
+
+/// The database that the program itself would use: the built-in modules and those of the standard
+/// folders.
+std::shared_ptr<const mib::Image> ProgramDatabase();
+/// The built-in modules and those of the folders.
+std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders);
+/// The built-in modules alone; a database that knows nothing, with a warning, if there are none.
+std::shared_ptr<const mib::Image> BuiltInDatabase();
+
+/// Folders as they stand on the command line, with all folders below them.
+std::vector<mib::Folder> FoldersOf(const std::vector<std::string>& paths);
+
+}  // namespace sentrel::app

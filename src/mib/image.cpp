@@ -1,0 +1,128 @@
+#include "mib/image.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "common/failure.h"
+#include "mib/mapped_file.h"
+
+namespace sentrel::mib {
+namespace {
+
+using format::Header;
+
+template <typename Record>
+std::span<const Record> SectionOf(std::string_view bytes, const Header& header,
+                                  format::SectionName name) {
+  const format::Section& section = header.sections[name];
+  if (section.offset % alignof(std::uint64_t) != 0 || section.offset > bytes.size() ||
+      section.count > (bytes.size() - section.offset) / sizeof(Record)) {
+    throw Failure("a section of the MIB image lies outside of it");
+  }
+  return {reinterpret_cast<const Record*>(bytes.data() + section.offset), section.count};
+}
+
+Header HeaderOf(std::string_view bytes) {
+  Header header;
+  if (bytes.size() < sizeof header) throw Failure("the MIB image is truncated");
+  std::memcpy(&header, bytes.data(), sizeof header);
+  if (std::memcmp(header.magic, format::kMagic, sizeof header.magic) != 0) {
+    throw Failure("the file is no MIB image");
+  }
+  if (header.version != format::kVersion || header.byteOrder != format::kByteOrder) {
+    throw Failure("the MIB image is of another version");
+  }
+  if (header.size != bytes.size()) throw Failure("the MIB image is truncated");
+  if (format::Checksum(bytes.substr(format::kChecksummed)) != header.checksum) {
+    throw Failure("the MIB image is damaged");
+  }
+  return header;
+}
+
+/// The elements from `first` on, as many of them as there really are.
+template <typename Record>
+std::span<const Record> Part(std::span<const Record> all, std::uint32_t first,
+                             std::uint32_t count) {
+  if (first >= all.size()) return {};
+  return all.subspan(first, std::min<size_t>(count, all.size() - first));
+}
+
+}  // namespace
+
+std::shared_ptr<const Image> Image::Open(const std::string& path) {
+  auto file = std::make_shared<MappedFile>(path);
+  const std::string_view bytes = file->Bytes();
+  return Over(bytes, std::move(file));
+}
+
+std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr<void> owner) {
+  const Header header = HeaderOf(bytes);
+  auto image = std::shared_ptr<Image>(new Image);
+  image->owner_ = std::move(owner);
+  image->modules_ = SectionOf<format::ModuleRecord>(bytes, header, format::kModules);
+  image->entries_ = SectionOf<format::EntryRecord>(bytes, header, format::kEntries);
+  image->nodes_ = SectionOf<format::NodeRecord>(bytes, header, format::kNodes);
+  image->types_ = SectionOf<format::TypeRecord>(bytes, header, format::kTypes);
+  image->values_ = SectionOf<format::ValueRecord>(bytes, header, format::kValues);
+  const auto strings = SectionOf<char>(bytes, header, format::kStrings);
+  image->strings_ = {strings.data(), strings.size()};
+  image->fingerprint_ = header.fingerprint;
+  image->checksum_ = header.checksum;
+  return image;
+}
+
+std::shared_ptr<const Image> Image::Empty() {
+  return std::shared_ptr<Image>(new Image);
+}
+
+Image::Match Image::Find(std::span<const std::uint32_t> oid) const {
+  Match match;
+  if (nodes_.empty()) return match;
+  const format::NodeRecord* node = nodes_.data();
+  for (size_t depth = 1; depth <= oid.size(); ++depth) {
+    node = ChildOf(*node, oid[depth - 1]);
+    if (node == nullptr) break;
+    if (node->entry != kNothing) match = {static_cast<std::uint32_t>(node - nodes_.data()), depth};
+  }
+  return match;
+}
+
+const format::NodeRecord* Image::ChildOf(const format::NodeRecord& node,
+                                         std::uint32_t number) const {
+  const auto children = Part(nodes_, node.firstChild, node.childCount);
+  // Tables and groups number their children from 1 without gaps: the place is mostly known.
+  if (number - 1 < children.size() && children[number - 1].number == number) {
+    return &children[number - 1];
+  }
+  const auto found = std::lower_bound(
+      children.begin(), children.end(), number,
+      [](const format::NodeRecord& child, std::uint32_t wanted) { return child.number < wanted; });
+  return found != children.end() && found->number == number ? &*found : nullptr;
+}
+
+const format::EntryRecord& Image::EntryOf(std::uint32_t node) const {
+  static constexpr format::EntryRecord kNone = {kNothing, kNothing, kNothing, 0};
+  if (node >= nodes_.size() || nodes_[node].entry >= entries_.size()) return kNone;
+  return entries_[nodes_[node].entry];
+}
+
+std::string_view Image::Text(std::uint32_t offset) const {
+  if (offset >= strings_.size()) return {};
+  const std::string_view rest = strings_.substr(offset);
+  return rest.substr(0, rest.find('\0'));
+}
+
+const format::TypeRecord& Image::Type(std::uint32_t index) const {
+  static constexpr format::TypeRecord kNone = {};
+  return index < types_.size() ? types_[index] : kNone;
+}
+
+std::span<const format::ValueRecord> Image::Values(const format::TypeRecord& type) const {
+  return Part(values_, type.firstValue, type.valueCount);
+}
+
+std::span<const format::EntryRecord> Image::Entries(const format::ModuleRecord& module) const {
+  return Part(entries_, module.firstEntry, module.entryCount);
+}
+
+}  // namespace sentrel::mib

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "mib/catalog.h"
+#include "mib/image_format.h"
+
+namespace sentrel::mib {
+
+/// A compiled database, searched in place. Immutable, and so safe to use from any thread. Every
+/// index in it is checked when it is followed: a forged image gives wrong answers, never a crash.
+class Image {
+ public:
+  /// Maps a file. Throws Failure when it cannot be read, or is damaged, truncated or of another
+  /// version.
+  static std::shared_ptr<const Image> Open(const std::string& path);
+  /// An image over bytes that `owner` keeps alive, 8-byte aligned. Throws Failure like Open.
+  static std::shared_ptr<const Image> Over(std::string_view bytes, std::shared_ptr<void> owner);
+  /// A database that knows nothing.
+  static std::shared_ptr<const Image> Empty();
+
+  /// The deepest node with a name on the way to an OID.
+  struct Match {
+    std::uint32_t node = 0;
+    /// How many numbers of the OID the node stands for; 0 means that nothing is known.
+    size_t depth = 0;
+  };
+  Match Find(std::span<const std::uint32_t> oid) const;
+
+  /// The definition that names the node; an empty one where there is none.
+  const format::EntryRecord& EntryOf(std::uint32_t node) const;
+  std::string_view Text(std::uint32_t offset) const;
+  const format::TypeRecord& Type(std::uint32_t index) const;
+  /// The type's named values in the order of their numbers.
+  std::span<const format::ValueRecord> Values(const format::TypeRecord& type) const;
+
+  std::uint64_t Fingerprint() const { return fingerprint_; }
+  std::uint64_t Checksum() const { return checksum_; }
+
+  /// The lists themselves, for those who build on an image.
+  std::span<const format::ModuleRecord> Modules() const { return modules_; }
+  std::span<const format::EntryRecord> Entries(const format::ModuleRecord& module) const;
+  std::span<const format::NodeRecord> Nodes() const { return nodes_; }
+  std::span<const format::TypeRecord> Types() const { return types_; }
+
+ private:
+  Image() = default;
+  const format::NodeRecord* ChildOf(const format::NodeRecord& node, std::uint32_t number) const;
+
+  std::shared_ptr<void> owner_;
+  std::span<const format::ModuleRecord> modules_;
+  std::span<const format::EntryRecord> entries_;
+  std::span<const format::NodeRecord> nodes_;
+  std::span<const format::TypeRecord> types_;
+  std::span<const format::ValueRecord> values_;
+  std::string_view strings_;
+  std::uint64_t fingerprint_ = 0;
+  std::uint64_t checksum_ = 0;
+};
+
+}  // namespace sentrel::mib

@@ -1,0 +1,47 @@
+#include "mib/image_cache.h"
+
+#include "common/failure.h"
+#include "mib/hash.h"
+#include "mib/image_writer.h"
+
+namespace sentrel::mib {
+
+ImageCache::ImageCache(std::string file, std::vector<Folder> folders,
+                       std::shared_ptr<const Image> base)
+    : file_(std::move(file)), folders_(std::move(folders)), base_(std::move(base)) {}
+
+std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
+  Sources sources = FindSources(folders_);
+  current_ = FingerprintOf(sources);
+  if (sources.files.empty()) return base_;
+  if (auto image = FromFile(current_)) return image;
+  Collection collection(std::move(sources.files), options);
+  if (options.stop != nullptr && *options.stop) return nullptr;
+  auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(*base_), current_));
+  Attempt([&] { WriteWhole(file_, *bytes); });
+  // The mapped file leaves its pages to the system; the bytes only stand in for it.
+  if (auto image = FromFile(current_)) return image;
+  return Image::Over(*bytes, bytes);
+}
+
+bool ImageCache::IsOutdated() const {
+  return FingerprintOf(FindSources(folders_)) != current_;
+}
+
+std::shared_ptr<const Image> ImageCache::FromFile(std::uint64_t fingerprint) const {
+  try {
+    auto image = Image::Open(file_);
+    if (image->Fingerprint() == fingerprint) return image;
+  } catch (const Failure&) {
+    // Absent or damaged: it is made anew.
+  }
+  return nullptr;
+}
+
+std::uint64_t ImageCache::FingerprintOf(const Sources& sources) const {
+  std::uint64_t hash = sources.fingerprint ^ base_->Checksum();
+  for (const Folder& folder : folders_) hash = Hash(folder.path, hash + (folder.recursive ? 1 : 0));
+  return hash;
+}
+
+}  // namespace sentrel::mib

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "mib/collection.h"
+#include "mib/image.h"
+#include "mib/sources.h"
+
+namespace sentrel::mib {
+
+/// The image of the modules in a list of folders, on top of a base image, kept in a file. The file
+/// is used only if it was made from exactly these folders, files and base; any other is replaced.
+class ImageCache {
+ public:
+  ImageCache(std::string file, std::vector<Folder> folders, std::shared_ptr<const Image> base);
+
+  /// The image for the files as they are now: from the file if it fits, else compiled. The base
+  /// itself when there are no files; null when stopped. A file that cannot be written does no
+  /// harm. Throws only for want of memory.
+  std::shared_ptr<const Image> Get(const ReadOptions& options);
+
+  /// Whether Get would yield something else than it did the last time.
+  bool IsOutdated() const;
+
+ private:
+  std::shared_ptr<const Image> FromFile(std::uint64_t fingerprint) const;
+  std::uint64_t FingerprintOf(const Sources& sources) const;
+
+  std::string file_;
+  std::vector<Folder> folders_;
+  std::shared_ptr<const Image> base_;
+  std::uint64_t current_ = 0;
+};
+
+}  // namespace sentrel::mib

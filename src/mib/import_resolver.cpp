@@ -1,0 +1,203 @@
+#include "mib/import_resolver.h"
+
+#include <algorithm>
+#include <bitset>
+
+#include "mib/hash.h"
+#include "mib/token_reader.h"
+
+namespace sentrel::mib {
+namespace {
+
+struct Wanted {
+  std::string_view name;
+  bool isType;
+  bool operator==(const Wanted&) const = default;
+};
+
+struct WantedHash {
+  size_t operator()(const Wanted& wanted) const { return Hash(wanted.name, wanted.isType ? 1 : 0); }
+};
+
+/// The targets of names that are looked for everywhere. Nearly every name in the world is none of
+/// them: a bit for each length with its outer letters spares most of the hashing.
+class Search {
+ public:
+  void Add(const Wanted& wanted) {
+    targets_[wanted];
+    maybe_.set(Sketch(wanted.name));
+  }
+  bool IsEmpty() const { return targets_.empty(); }
+
+  /// Null for a name that is not looked for.
+  std::vector<Target>* Find(const Wanted& wanted) {
+    if (!maybe_[Sketch(wanted.name)]) return nullptr;
+    const auto found = targets_.find(wanted);
+    return found == targets_.end() ? nullptr : &found->second;
+  }
+
+ private:
+  static constexpr size_t kBits = 1 << 14;
+
+  static size_t Sketch(std::string_view name) {
+    if (name.empty()) return 0;
+    const auto letter = [](char c) { return static_cast<size_t>(static_cast<unsigned char>(c)); };
+    return (name.size() * 641 + letter(name.front()) * 67 + letter(name.back())) % kBits;
+  }
+
+  std::unordered_map<Wanted, std::vector<Target>, WantedHash> targets_;
+  std::bitset<kBits> maybe_;
+};
+
+bool IsTypeEntry(const format::EntryRecord& entry) {
+  return entry.kind == static_cast<std::uint32_t>(Kind::Type);
+}
+
+}  // namespace
+
+ImportResolver::ImportResolver(const std::vector<Module>& modules, const Image& base)
+    : modules_(modules), base_(base) {
+  for (std::uint32_t i = 0; i < modules.size(); ++i) moduleByName_.emplace(modules[i].name, i);
+  const auto baseModules = base.Modules();
+  for (std::uint32_t i = 0; i < baseModules.size(); ++i) {
+    baseByName_.emplace(base.Text(baseModules[i].name), i);
+  }
+}
+
+std::vector<std::vector<Target>> ImportResolver::ResolveAll() {
+  std::vector<std::vector<Target>> targets(modules_.size());
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) {
+    targets[m].resize(modules_[m].imports.size());
+    for (size_t i = 0; i < targets[m].size(); ++i) {
+      const Import& import = modules_[m].imports[i];
+      if (!import.isUsed) continue;
+      targets[m][i] = InModule(import.module, import.name, import.isType);
+      if (!targets[m][i].IsFound()) targets[m][i] = Nearby(m, import);
+    }
+    ReportMissingModules(modules_[m]);
+  }
+  FindAnywhere(targets);
+  return targets;
+}
+
+bool ImportResolver::IsKnown(std::string_view module) const {
+  return moduleByName_.contains(module) || baseByName_.contains(module);
+}
+
+Target ImportResolver::InModule(std::string_view module, std::string_view name, bool isType) const {
+  Target target;
+  if (module.empty()) return target;
+  const auto found = moduleByName_.find(module);
+  if (found != moduleByName_.end()) target = InDefinitions(found->second, name, isType);
+  if (target.IsFound()) return target;
+  const auto inBase = baseByName_.find(module);
+  if (inBase == baseByName_.end()) return target;
+  return InBaseModule(base_.Modules()[inBase->second], name, isType);
+}
+
+Target ImportResolver::InDefinitions(std::uint32_t module, std::string_view name,
+                                     bool isType) const {
+  const auto& definitions = modules_[module].definitions;
+  const auto& byName = modules_[module].byName;
+  auto at = std::lower_bound(byName.begin(), byName.end(), name, [&](std::uint32_t i, auto text) {
+    return definitions[i].name < text;
+  });
+  for (; at != byName.end() && definitions[*at].name == name; ++at) {
+    if ((definitions[*at].kind == Kind::Type) == isType) {
+      return {Target::Place::Module, module, *at};
+    }
+  }
+  return {};
+}
+
+Target ImportResolver::InBaseModule(const format::ModuleRecord& module, std::string_view name,
+                                    bool isType) const {
+  const auto entries = base_.Entries(module);
+  auto at =
+      std::lower_bound(entries.begin(), entries.end(), name,
+                       [&](const auto& entry, auto text) { return base_.Text(entry.name) < text; });
+  for (; at != entries.end() && base_.Text(at->name) == name; ++at) {
+    if (IsTypeEntry(*at) == isType) {
+      return {Target::Place::Base, 0,
+              static_cast<std::uint32_t>(module.firstEntry + (at - entries.begin()))};
+    }
+  }
+  return {};
+}
+
+Target ImportResolver::Nearby(std::uint32_t module, const Import& import) const {
+  std::string_view tried = import.module;
+  for (const Import& other : modules_[module].imports) {
+    if (other.module == tried) continue;
+    tried = other.module;
+    const Target target = InModule(other.module, import.name, import.isType);
+    if (target.IsFound()) return target;
+  }
+  return {};
+}
+
+/// One pass over everything for all names that are still missing.
+void ImportResolver::FindAnywhere(std::vector<std::vector<Target>>& targets) {
+  Search search;
+  ForEachMissing(targets, [&](const Import& import, std::uint32_t, Target&) {
+    search.Add({import.name, import.isType});
+  });
+  if (search.IsEmpty()) return;
+  for (const format::ModuleRecord& module : base_.Modules()) {
+    const auto entries = base_.Entries(module);
+    for (std::uint32_t i = 0; i < entries.size(); ++i) {
+      auto* found = search.Find({base_.Text(entries[i].name), IsTypeEntry(entries[i])});
+      if (found != nullptr) found->push_back({Target::Place::Base, 0, module.firstEntry + i});
+    }
+  }
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) {
+    for (std::uint32_t d = 0; d < modules_[m].definitions.size(); ++d) {
+      const Definition& definition = modules_[m].definitions[d];
+      auto* found = search.Find({definition.name, definition.kind == Kind::Type});
+      if (found != nullptr) found->push_back({Target::Place::Module, m, d});
+    }
+  }
+  ForEachMissing(targets, [&](const Import& import, std::uint32_t module, Target& target) {
+    const auto* candidates = search.Find({import.name, import.isType});
+    if (candidates != nullptr) target = Choose(*candidates, modules_[module].file);
+  });
+}
+
+/// Calls with each import that is used and not found yet, its module and its target.
+template <typename Action>
+void ImportResolver::ForEachMissing(std::vector<std::vector<Target>>& targets,
+                                    const Action& action) const {
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) {
+    for (size_t i = 0; i < targets[m].size(); ++i) {
+      const Import& import = modules_[m].imports[i];
+      if (import.isUsed && !targets[m][i].IsFound()) action(import, m, targets[m][i]);
+    }
+  }
+}
+
+/// One of the same file if there is one, else the first.
+Target ImportResolver::Choose(const std::vector<Target>& candidates, std::uint32_t file) const {
+  const auto sameFile = std::find_if(candidates.begin(), candidates.end(), [&](const Target& t) {
+    return t.place == Target::Place::Module && modules_[t.module].file == file;
+  });
+  if (sameFile != candidates.end()) return *sameFile;
+  return candidates.empty() ? Target() : candidates.front();
+}
+
+/// One message for each module that is imported from and not there, with a name that is needed
+/// of it.
+void ImportResolver::ReportMissingModules(const Module& module) {
+  std::string_view reported;
+  for (const Import& import : module.imports) {
+    if (!import.isUsed || import.module.empty() || import.module == reported) continue;
+    if (IsKnown(import.module)) continue;
+    reported = import.module;
+    messages_.push_back({module.file,
+                         {{},
+                          import.line,
+                          "module " + Quote(import.module) + " is missing, " + Quote(import.name) +
+                              " is imported from it"}});
+  }
+}
+
+}  // namespace sentrel::mib

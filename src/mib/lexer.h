@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace sentrel::mib {
+
+enum class TokenKind : std::uint8_t {
+  End,
+  Word,    ///< identifier or keyword; may hold what no identifier should, such as underscores
+  Number,  ///< decimal digits, with a sign before them or not
+  Quoted,  ///< 'FF'H or '01'B, text is without the quotes and the letter
+  String,  ///< text is without the quotes
+  Assign,  ///< ::=
+  Mark,    ///< any other character; text is that character
+};
+
+struct Token {
+  TokenKind kind = TokenKind::End;
+  std::string_view text;
+  /// Where the token begins in the source text.
+  size_t offset = 0;
+
+  bool Is(std::string_view word) const { return kind == TokenKind::Word && text == word; }
+  bool IsMark(char mark) const { return kind == TokenKind::Mark && text[0] == mark; }
+};
+
+/// How a comment ends that holds a second "--" on its line. ASN.1 ends it there (X.680 section
+/// 12.6.3); makers often mean the end of the line.
+enum class CommentEnd { AtDashes, AtLineEnd };
+
+/// Splits the text of a module file into tokens. Any bytes are accepted: those that mean nothing
+/// outside strings and comments count as blanks. The text must outlive the tokens.
+class Lexer {
+ public:
+  Lexer(std::string_view text, CommentEnd commentEnd) : text_(text), commentEnd_(commentEnd) {}
+
+  Token Next();
+  /// Goes back, or on, to the offset of a token.
+  void MoveTo(size_t offset) { at_ = offset; }
+  /// Outside modules a quotation mark is a character like any other.
+  void SetStrings(bool on) { strings_ = on; }
+  size_t Size() const { return text_.size(); }
+
+ private:
+  void SkipBlanks();
+  void SkipComment();
+  Token Make(TokenKind kind, size_t begin, size_t end);
+  Token NextString();
+  Token NextQuoted();
+  Token NextWord();
+
+  std::string_view text_;
+  size_t at_ = 0;
+  CommentEnd commentEnd_;
+  bool strings_ = true;
+};
+
+}  // namespace sentrel::mib

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "mib/image.h"
+
+namespace sentrel::mib {
+
+/// What an image tells of one OID text.
+struct Lookup {
+  /// The name of the deepest known node and what is left of the text; the whole text, without a
+  /// leading dot, where nothing is known; the text itself where it is no OID.
+  std::string name;
+  /// The type of the node's object; one without named values if there is none.
+  const format::TypeRecord* type = nullptr;
+};
+
+/// `type` points into the image.
+Lookup LookUp(const Image& image, std::string_view oid);
+
+/// "up(1),down(2)", empty where the type has no named values.
+std::string ListOf(const Image& image, const format::TypeRecord& type);
+
+/// "down(2)"; "unknown(0)" where the type has no name for the number.
+std::string LabelOf(const Image& image, const format::TypeRecord& type, std::int32_t number);
+
+}  // namespace sentrel::mib

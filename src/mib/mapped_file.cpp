@@ -1,0 +1,40 @@
+#include "mib/mapped_file.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "common/failure.h"
+
+namespace sentrel::mib {
+namespace {
+
+[[noreturn]] void Fail(const std::string& path, int error) {
+  throw Failure(path + ": " + std::generic_category().message(error));
+}
+
+}  // namespace
+
+MappedFile::MappedFile(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (file < 0) Fail(path, errno);
+  struct stat status {};
+  const bool usable = fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
+  const auto size = static_cast<size_t>(status.st_size);
+  void* place =
+      usable ? mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file, 0) : MAP_FAILED;
+  const int error = usable ? errno : EINVAL;
+  close(file);
+  if (place == MAP_FAILED) Fail(path, error);
+  bytes_ = {static_cast<const char*>(place), size};
+}
+
+MappedFile::~MappedFile() {
+  munmap(const_cast<char*>(bytes_.data()), bytes_.size());
+}
+
+}  // namespace sentrel::mib

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace sentrel::mib {
+
+/// A file mapped into memory for reading. The file must not be cut short meanwhile: images are
+/// replaced by renaming, never written in place.
+class MappedFile {
+ public:
+  /// Throws Failure when the file cannot be read or is empty.
+  explicit MappedFile(const std::string& path);
+  ~MappedFile();
+  MappedFile(const MappedFile&) = delete;
+  MappedFile& operator=(const MappedFile&) = delete;
+
+  std::string_view Bytes() const { return bytes_; }
+
+ private:
+  std::string_view bytes_;
+};
+
+}  // namespace sentrel::mib

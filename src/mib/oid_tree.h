@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace sentrel::mib {
+
+/// A set of OIDs as a tree while it is being built. Nodes are numbered in the order in which they
+/// came, parents before children; node 0 is the root above iso.
+class OidTree {
+ public:
+  static constexpr std::uint32_t kRoot = 0;
+  /// The most numbers that an OID has (RFC 2578 section 7.1.3).
+  static constexpr int kDeepest = 128;
+
+  struct Node {
+    std::uint32_t number = 0;
+    std::uint32_t parent = 0;
+    std::uint32_t depth = 0;
+  };
+
+  OidTree();
+  /// The child of the node with this number, made if there is none.
+  std::uint32_t Child(std::uint32_t node, std::uint32_t number);
+  const std::vector<Node>& Nodes() const { return nodes_; }
+
+ private:
+  size_t SlotOf(std::uint32_t node, std::uint32_t number) const;
+  void Grow();
+
+  std::vector<Node> nodes_;
+  /// Open addressing over (parent, number); 0 marks a free slot, as the root is no child.
+  std::vector<std::uint32_t> slots_;
+};
+
+}  // namespace sentrel::mib

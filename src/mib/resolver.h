@@ -1,0 +1,26 @@
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "mib/catalog.h"
+#include "mib/image.h"
+#include "mib/import_resolver.h"
+#include "mib/message.h"
+
+namespace sentrel::mib {
+
+/// A message and the number of the file that it is about.
+using FileMessage = std::pair<std::uint32_t, Message>;
+
+/// Makes one catalog of modules and of the base image: resolves imports, OIDs and textual
+/// conventions across modules. Where several definitions claim one OID, modules win over the base
+/// image, definitions over labels given in passing, macros over plain values, the newer module
+/// over the older one, the earlier in the list over the later one.
+///
+/// The modules' named values are put into the order of their numbers. Modules and base image must
+/// outlive the catalog.
+Catalog Resolve(std::vector<Module>& modules, const Image& base,
+                std::vector<FileMessage>& messages);
+
+}  // namespace sentrel::mib

@@ -1,0 +1,374 @@
+#include "mib/smi_parser.h"
+
+#include <charconv>
+
+#include "mib/bind.h"
+#include "mib/syntax.h"
+#include "mib/token_reader.h"
+
+namespace sentrel::mib {
+namespace {
+
+Kind KindOf(std::string_view macro) {
+  if (macro == "OBJECT-TYPE") return Kind::Object;
+  if (macro == "NOTIFICATION-TYPE" || macro == "TRAP-TYPE") return Kind::Notification;
+  if (macro == "MODULE-IDENTITY" || macro == "OBJECT-IDENTITY") return Kind::Identity;
+  if (IsDefiningMacro(macro)) return Kind::Group;
+  return Kind::Value;
+}
+
+/// "9611150000Z" or "199611150000Z" as 199611150000 (RFC 2578 section 2, ExtUTCTime).
+std::uint64_t ReadDate(std::string_view text) {
+  std::uint64_t date = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), date);
+  if (error != std::errc()) return 0;
+  const auto digits = end - text.data();
+  constexpr std::uint64_t kCentury = 10'000'000'000;
+  if (digits == 10) return date + (date / 100'000'000 >= 70 ? 19 : 20) * kCentury;
+  return digits == 12 ? date : 0;
+}
+
+bool IsModuleName(std::string_view word) {
+  return !word.empty() && !IsDefiningMacro(word) && BaseTypeOf(word) == BaseType::None;
+}
+
+class Parser {
+ public:
+  Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
+      : reader_(text, commentEnd, arena) {}
+
+  /// All modules of the file.
+  std::vector<Module> Parse() {
+    std::vector<Module> modules;
+    while (FindModule()) {
+      modules.push_back(std::move(module_));
+      module_ = {};
+    }
+    if (modules.empty()) reader_.Report({}, "no MIB module in this file");
+    return modules;
+  }
+
+  TokenReader& Reader() { return reader_; }
+
+ private:
+  bool FindModule();
+  bool SkipToBegin();
+  void ReadBody();
+  void ReadImports();
+  void ReadStatement();
+  void ReadValueOrOther(const Token& name);
+  void ReadTypeAssignment(const Token& name);
+  void ReadTextualConvention(Definition& type);
+  void ReadMacro(const Token& name, const Token& macro);
+  void ReadMacroValue(Definition& definition, const Token& macro, std::string_view enterprise);
+  void SkipMacroDefinition();
+  bool IsNextDefinition();
+  std::string_view ReadEnterprise();
+  Definition NewDefinition(const Token& name, Kind kind);
+
+  TokenReader reader_;
+  Module module_;
+  /// The token before the next one, where it may turn out to be the name of a definition.
+  Token previous_;
+  /// The name of a module that began within another one.
+  Token nextName_;
+};
+
+/// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text stands around modules, and reads
+/// that module.
+bool Parser::FindModule() {
+  reader_.SetStrings(false);
+  Token name = nextName_;
+  nextName_ = {};
+  int depth = 0;
+  while (!reader_.AtEnd()) {
+    const Token token = reader_.Take();
+    if (token.Is("DEFINITIONS") && IsModuleName(name.text) && SkipToBegin()) {
+      module_.name = reader_.Keep(name.text);
+      module_.line = reader_.LineOf(name);
+      ReadBody();
+      return true;
+    }
+    // The module's own OID may stand between its name and the keyword.
+    if (token.IsMark('{')) ++depth;
+    if (token.IsMark('}') && depth > 0) {
+      --depth;
+    } else if (token.kind == TokenKind::Word && depth == 0) {
+      name = token;
+    }
+    if (depth > 8) depth = 0;
+  }
+  return false;
+}
+
+bool Parser::SkipToBegin() {
+  const Token start = reader_.Peek();
+  for (int words = 0; words < 4 && !reader_.AtEnd(); ++words) {
+    if (reader_.Peek().Is("BEGIN")) {
+      reader_.SetStrings(true);
+      reader_.Take();
+      return true;
+    }
+    reader_.Take();
+  }
+  reader_.Rewind(start);
+  return false;
+}
+
+void Parser::ReadBody() {
+  previous_ = {};
+  while (!reader_.AtEnd()) {
+    const Token& token = reader_.Peek();
+    if (token.Is("END")) {
+      reader_.SetStrings(false);
+      reader_.Take();
+      Bind(module_);
+      return;
+    }
+    if (token.Is("DEFINITIONS")) {
+      reader_.Report(token, "module " + Quote(module_.name) + " has no END");
+      nextName_ = previous_;
+      Bind(module_);
+      return;
+    }
+    ReadStatement();
+  }
+  reader_.Report(reader_.Peek(), "module " + Quote(module_.name) + " has no END");
+  Bind(module_);
+}
+
+void Parser::ReadStatement() {
+  const Token name = reader_.Take();
+  previous_ = name;
+  if (name.kind != TokenKind::Word) {
+    if (name.IsMark(';') || name.IsMark(',')) return;
+    reader_.Report(name, Quote(name.text) + " where a definition should begin");
+    while (!reader_.AtEnd() && !reader_.Peek().Is("END") &&
+           reader_.Peek().kind != TokenKind::Word) {
+      reader_.Take();
+    }
+    return;
+  }
+  if (name.text == "IMPORTS") return ReadImports();
+  if (name.text == "EXPORTS") {
+    while (!reader_.AtEnd() && !reader_.Peek().Is("IMPORTS") && !reader_.TakeMark(';')) {
+      reader_.Take();
+    }
+    return;
+  }
+  const Token& next = reader_.Peek();
+  if (next.kind == TokenKind::Assign) return ReadTypeAssignment(name);
+  if (next.Is("MACRO")) return SkipMacroDefinition();
+  if (next.Is("OBJECT")) return ReadValueOrOther(name);
+  if (next.Is("DEFINITIONS") || next.Is("END")) return;
+  if (next.kind == TokenKind::Word) return ReadMacro(name, reader_.Take());
+  if (next.IsMark('{')) {
+    // Either the OID of a module that begins without an END before it, or nonsense.
+    reader_.Take();
+    reader_.SkipPast('{', '}');
+    if (!reader_.Peek().Is("DEFINITIONS"))
+      reader_.Report(name, Quote(name.text) + " defines nothing");
+    return;
+  }
+  reader_.Report(name, Quote(name.text) + " defines nothing");
+}
+
+/// "a, b FROM Module" up to ";". A list without its ";" ends behind the last module named.
+void Parser::ReadImports() {
+  size_t named = module_.imports.size();
+  Token listEnd = reader_.Peek();
+  Token last;
+  while (!reader_.AtEnd() && !reader_.TakeMark(';')) {
+    const Token token = reader_.Take();
+    if (token.Is("FROM")) {
+      const Token from = reader_.Take();
+      const auto module = reader_.Keep(from.text);
+      for (; named < module_.imports.size(); ++named) module_.imports[named].module = module;
+      if (reader_.TakeMark('{')) reader_.SkipPast('{', '}');
+      listEnd = reader_.Peek();
+    } else if (token.kind == TokenKind::Assign || token.Is("LAST-UPDATED") || token.Is("SYNTAX") ||
+               token.Is("IMPORTS")) {
+      reader_.Report(listEnd, "no ';' behind the imports");
+      reader_.Rewind(listEnd);
+      break;
+    } else if (token.kind == TokenKind::Word) {
+      last = token;
+      if (!IsDefiningMacro(token.text) && BaseTypeOf(token.text) == BaseType::None) {
+        module_.imports.push_back({reader_.Keep(token.text), {}, reader_.LineOf(token)});
+      }
+    }
+  }
+  if (named < module_.imports.size()) {
+    module_.imports.resize(named);
+    if (reader_.AtEnd()) reader_.Rewind(listEnd);
+  }
+}
+
+Definition Parser::NewDefinition(const Token& name, Kind kind) {
+  Definition definition;
+  definition.name = reader_.Keep(name.text);
+  definition.line = reader_.LineOf(name);
+  definition.kind = kind;
+  return definition;
+}
+
+/// "name OBJECT IDENTIFIER ::= { ... }".
+void Parser::ReadValueOrOther(const Token& name) {
+  reader_.Take();
+  if (reader_.Peek().Is("IDENTIFIER")) reader_.Take();
+  if (reader_.Peek().kind != TokenKind::Assign) {
+    reader_.Report(reader_.Peek(), "no '::=' behind " + Quote(name.text) + " OBJECT IDENTIFIER");
+  } else {
+    reader_.Take();
+  }
+  Definition value = NewDefinition(name, Kind::Value);
+  if (ReadOid(reader_, module_, value)) module_.definitions.push_back(value);
+}
+
+/// "Name ::= type", and "name ::= { ... }" of those who forget OBJECT IDENTIFIER.
+void Parser::ReadTypeAssignment(const Token& name) {
+  reader_.Take();
+  if (reader_.Peek().IsMark('{')) {
+    reader_.Report(name, "no OBJECT IDENTIFIER behind " + Quote(name.text));
+    Definition value = NewDefinition(name, Kind::Value);
+    if (ReadOid(reader_, module_, value)) module_.definitions.push_back(value);
+    return;
+  }
+  Definition type = NewDefinition(name, Kind::Type);
+  if (reader_.Peek().Is("TEXTUAL-CONVENTION")) {
+    previous_ = reader_.Take();
+    ReadTextualConvention(type);
+  } else {
+    ReadType(reader_, module_, type);
+  }
+  module_.definitions.push_back(type);
+}
+
+/// The clauses of a TEXTUAL-CONVENTION, of which SYNTAX is the last (RFC 2579 section 2).
+void Parser::ReadTextualConvention(Definition& type) {
+  while (!reader_.AtEnd() && !reader_.Peek().Is("END")) {
+    if (IsNextDefinition()) break;
+    const Token token = reader_.Take();
+    previous_ = token;
+    if (token.Is("SYNTAX")) return ReadType(reader_, module_, type);
+    if (token.Is("DISPLAY-HINT") && reader_.Peek().kind == TokenKind::String) {
+      type.hint = reader_.Keep(reader_.Take().text);
+    }
+  }
+  reader_.Report(reader_.Peek(), "textual convention " + Quote(type.name) + " has no SYNTAX");
+}
+
+/// Whether the token before the next one turned out to be the name of a new definition; then it
+/// is the next token again.
+bool Parser::IsNextDefinition() {
+  const Token next = reader_.Peek();
+  if (next.kind != TokenKind::Word && next.kind != TokenKind::Assign) return false;
+  bool begins = next.kind == TokenKind::Assign || next.text == "MACRO" ||
+                next.text == "DEFINITIONS" || IsDefiningMacro(next.text);
+  if (next.text == "OBJECT") {
+    reader_.Take();
+    if (reader_.Peek().Is("IDENTIFIER")) {
+      reader_.Take();
+      begins = reader_.Peek().kind == TokenKind::Assign;
+    }
+    reader_.Rewind(next);
+  }
+  if (begins && previous_.kind == TokenKind::Word) reader_.Rewind(previous_);
+  return begins;
+}
+
+/// The clauses of any macro up to the value behind "::=". Only what the database keeps is read;
+/// clauses that are misspelt, unknown or out of order are passed over.
+void Parser::ReadMacro(const Token& name, const Token& macro) {
+  const size_t errorsBefore = reader_.Errors();
+  Definition definition = NewDefinition(name, KindOf(macro.text));
+  std::string_view enterprise;
+  bool hasSyntax = false;
+  previous_ = macro;
+  while (reader_.Peek().kind != TokenKind::Assign) {
+    if (reader_.AtEnd() || reader_.Peek().Is("END") || IsNextDefinition()) {
+      reader_.Report(name, Quote(name.text) + " has no '::='");
+      return;
+    }
+    const Token token = reader_.Take();
+    previous_ = token;
+    if (token.IsMark('{')) {
+      reader_.SkipPast('{', '}');
+    } else if (definition.kind == Kind::Object && token.Is("SYNTAX") && !hasSyntax) {
+      hasSyntax = true;
+      ReadType(reader_, module_, definition);
+    } else if (token.Is("LAST-UPDATED") && reader_.Peek().kind == TokenKind::String) {
+      module_.lastUpdated = ReadDate(reader_.Take().text);
+    } else if (macro.text == "TRAP-TYPE" && token.Is("ENTERPRISE")) {
+      enterprise = ReadEnterprise();
+    }
+  }
+  reader_.Take();
+  if (definition.kind == Kind::Object && !hasSyntax) {
+    reader_.Report(name, "object " + Quote(name.text) + " has no SYNTAX");
+  }
+  if (definition.kind == Kind::Value && reader_.Peek().IsMark('{') &&
+      reader_.Errors() == errorsBefore) {
+    reader_.Report(macro, "unknown macro " + Quote(macro.text));
+  }
+  ReadMacroValue(definition, macro, enterprise);
+}
+
+/// "enterprise", or with braces that should not be there.
+std::string_view Parser::ReadEnterprise() {
+  const bool braces = reader_.TakeMark('{');
+  const Token name = reader_.Peek();
+  if (name.kind != TokenKind::Word) return {};
+  reader_.Take();
+  if (braces) reader_.SkipPast('{', '}');
+  return reader_.Keep(name.text);
+}
+
+/// Behind "::=". A trap of version 1 is the node enterprise.0.N (RFC 3584 section 3.1).
+void Parser::ReadMacroValue(Definition& definition, const Token& macro,
+                            std::string_view enterprise) {
+  const Token value = reader_.Peek();
+  if (macro.text == "TRAP-TYPE" && value.kind == TokenKind::Number) {
+    reader_.Take();
+    std::int64_t number = 0;
+    if (enterprise.empty() || !ReadNumber(value.text, false, number)) {
+      reader_.Report(value, "trap " + Quote(definition.name) + " has no enterprise or no number");
+      return;
+    }
+    definition.parentName = enterprise;
+    definition.numbers = {static_cast<std::uint32_t>(module_.numbers.size()), 2};
+    module_.numbers.push_back(0);
+    module_.numbers.push_back(static_cast<std::uint32_t>(number));
+  } else if (definition.kind == Kind::Value && !value.IsMark('{')) {
+    // A constant of some other type, "limit INTEGER ::= 5": nothing to keep.
+    reader_.Take();
+    return;
+  } else if (!ReadOid(reader_, module_, definition)) {
+    return;
+  }
+  module_.definitions.push_back(definition);
+}
+
+/// "NAME MACRO ::= BEGIN ... END": no module of data needs its body.
+void Parser::SkipMacroDefinition() {
+  while (!reader_.AtEnd() && !reader_.Peek().Is("END")) reader_.Take();
+  reader_.Take();
+}
+
+}  // namespace
+
+ParsedFile ParseSmi(std::string_view text, Arena& arena) {
+  Parser strict(text, CommentEnd::AtDashes, arena);
+  ParsedFile file{strict.Parse(), {}};
+  if (strict.Reader().Errors() > 0) {
+    Parser lenient(text, CommentEnd::AtLineEnd, arena);
+    auto modules = lenient.Parse();
+    if (lenient.Reader().Errors() < strict.Reader().Errors()) {
+      return {std::move(modules), std::move(lenient.Reader().AllMessages())};
+    }
+  }
+  file.messages = std::move(strict.Reader().AllMessages());
+  return file;
+}
+
+}  // namespace sentrel::mib

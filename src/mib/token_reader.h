@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "mib/arena.h"
+#include "mib/lexer.h"
+#include "mib/message.h"
+
+namespace sentrel::mib {
+
+/// The tokens of one file with one token of foresight, the messages about it, and the arena that
+/// keeps what is worth keeping of its text.
+class TokenReader {
+ public:
+  TokenReader(std::string_view text, CommentEnd commentEnd, Arena& arena);
+
+  const Token& Peek() const { return next_; }
+  Token Take();
+  /// Makes the token the next one again.
+  void Rewind(const Token& token);
+  void SetStrings(bool on) { lexer_.SetStrings(on); }
+  bool AtEnd() const { return next_.kind == TokenKind::End; }
+
+  /// Takes the next token if it is this mark.
+  bool TakeMark(char mark);
+  /// After an opening mark: takes everything up to and including its partner. Stops, with a
+  /// message, before the next definition, which tells that the partner is missing.
+  void SkipPast(char open, char close);
+
+  /// The number of the line that the token begins on, from 1.
+  std::uint32_t LineOf(const Token& token);
+  /// Beyond a bound, messages are counted and not kept.
+  void Report(const Token& at, std::string text);
+  Messages& AllMessages() { return messages_; }
+  /// How many things were wrong, kept or not.
+  size_t Errors() const { return errors_; }
+
+  std::string_view Keep(std::string_view text) { return arena_.Keep(text); }
+
+ private:
+  std::string_view text_;
+  Lexer lexer_;
+  Arena& arena_;
+  Token next_;
+  size_t countedTo_ = 0;
+  std::uint32_t line_ = 1;
+  Messages messages_;
+  size_t errors_ = 0;
+};
+
+/// Whether the word is the name of an SMI macro that makes a definition with an OID.
+bool IsDefiningMacro(std::string_view word);
+
+/// A text from a file, made fit for a message: bounded, without control characters.
+std::string Quote(std::string_view text);
+
+}  // namespace sentrel::mib

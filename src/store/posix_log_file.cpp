@@ -1,0 +1,34 @@
+#include "store/posix_log_file.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "common/failure.h"
+#include "store/write_signals.h"
+
+namespace sentrel {
+namespace {
+
+[[noreturn]] void Fail(const std::string& path, int error) {
+  throw Failure(fmt::format("{}: {}", path, std::generic_category().message(error)));
+}
+
+}  // namespace
+
+void PosixLogFile::Append(const std::string& path, std::string_view entry) {
+  // O_NONBLOCK: a pipe without a reader or a file that is leased refuses instead of waiting.
+  const int file =
+      open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0644);
+  if (file < 0) Fail(path, errno);
+  const WriteSignalsHeld held;
+  const ssize_t written = write(file, entry.data(), entry.size());
+  const int error = written < 0 ? errno : ENOSPC;
+  close(file);
+  if (written != static_cast<ssize_t>(entry.size())) Fail(path, error);
+}
+
+}  // namespace sentrel

@@ -1,0 +1,157 @@
+#include "store/registry_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <utility>
+
+#include "store/recovered_copy.h"
+#include "store/set_aside.h"
+
+namespace sentrel {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr const char* kTables[] = {
+    "CREATE TABLE IF NOT EXISTS keys ("
+    "path TEXT PRIMARY KEY COLLATE NOCASE) WITHOUT ROWID",
+    "CREATE TABLE IF NOT EXISTS options ("
+    "key TEXT COLLATE NOCASE, name TEXT COLLATE NOCASE, value, "
+    "PRIMARY KEY (key, name)) WITHOUT ROWID"};
+
+/// Nothing, or false, where the step failed.
+template <typename Step>
+auto ResultOf(Step step) {
+  decltype(step()) result{};
+  Attempt([&] { result = step(); });
+  return result;
+}
+
+}  // namespace
+
+RegistryFile::RegistryFile(fs::path path, Audience audience, const Clock& clock,
+                           const Patience& patience)
+    : path_(std::move(path)), audience_(audience), clock_(clock), patience_(patience) {}
+
+bool RegistryFile::HasKey(const std::string& key) {
+  return ResultOf([&] {
+    return Open() && db_->Run(
+                            "SELECT 1 FROM keys WHERE path = ?1 "
+                            "UNION ALL SELECT 1 FROM options WHERE key = ?1",
+                            key)
+                         .Step();
+  });
+}
+
+RegistryFile::Value RegistryFile::Get(const std::string& key, const std::string& name) {
+  return ResultOf([&]() -> Value {
+    if (!Open()) return {};
+    auto row = db_->Run("SELECT value FROM options WHERE key = ?1 AND name = ?2", key, name);
+    if (!row.Step()) return {};
+    if (row.Type() == SQLITE_NULL) return {Kind::Deleted, {}};
+    return row.Type() == SQLITE_TEXT ? Value{Kind::Text, row.Text()} : Value{Kind::OtherType, {}};
+  });
+}
+
+bool RegistryFile::CanWrite() {
+  if (writing_) return true;
+  writing_.emplace();
+  const bool taken = ResultOf([&] {
+    if (!Open() && !(Make() && Open())) return false;
+    if (!IsWritable()) return false;
+    db_->Execute("BEGIN IMMEDIATE");
+    for (const char* table : kTables) db_->Execute(table);
+    return true;
+  });
+  if (!taken) EndTransaction();
+  return taken;
+}
+
+bool RegistryFile::MakeKey(const std::string& key) {
+  return ResultOf([&] {
+    const auto root = key.find('\\');
+    for (auto end = key.find('\\', root + 1);; end = key.find('\\', end + 1)) {
+      db_->Execute("INSERT OR IGNORE INTO keys VALUES (?1)", key.substr(0, end));
+      if (end == std::string::npos) return true;
+    }
+  });
+}
+
+bool RegistryFile::Set(const std::string& key, const std::string& name,
+                       const std::optional<std::string>& text) {
+  return ResultOf([&] {
+    db_->Execute(
+        "INSERT INTO options VALUES (?1, ?2, ?3) ON CONFLICT DO "
+        "UPDATE SET value = excluded.value WHERE value IS NOT excluded.value",
+        key, name, text);
+    return true;
+  });
+}
+
+bool RegistryFile::Remove(const std::string& key, const std::string& name) {
+  return ResultOf([&] {
+    db_->Execute("DELETE FROM options WHERE key = ?1 AND name = ?2", key, name);
+    return true;
+  });
+}
+
+bool RegistryFile::Commit() {
+  const bool committed = !writing_ || Attempt([&] { db_->Execute("COMMIT"); });
+  Rollback();
+  return committed;
+}
+
+void RegistryFile::Rollback() {
+  EndTransaction();
+  batch_.reset();
+}
+
+void RegistryFile::EndTransaction() {
+  if (db_ && db_->InTransaction()) Attempt([&] { db_->Execute("ROLLBACK"); });
+  writing_.reset();
+}
+
+void RegistryFile::Close() {
+  Rollback();
+  db_.reset();
+}
+
+bool RegistryFile::Open() {
+  std::error_code ignored;
+  if (db_) return true;
+  if (!fs::is_regular_file(path_, ignored)) return false;
+  db_ = OpenSound();
+  if (batch_ == RegistryBatch::Read) db_->Execute("BEGIN");
+  return true;
+}
+
+std::unique_ptr<Database> RegistryFile::OpenSound() const {
+  try {
+    return std::make_unique<Database>(path_, patience_);
+  } catch (const DatabaseFailure& failure) {
+    if (failure.IsUnfinishedWrite()) return OpenRecoveredCopy(path_, patience_);
+    if (!failure.IsDamage() || !IsWritable()) throw;
+  }
+  SetAside(path_, clock_.Now(), patience_);
+  return std::make_unique<Database>(path_, patience_);
+}
+
+bool RegistryFile::Make() const {
+  const bool shared = audience_ == Audience::Everybody;
+  const fs::path folder = path_.parent_path();
+  std::error_code ignored;
+  fs::create_directories(folder.parent_path(), ignored);
+  if (mkdir(folder.c_str(), 0700) == 0 && shared) chmod(folder.c_str(), 0755);
+  const int descriptor = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (descriptor < 0) return errno == EEXIST;
+  if (shared) fchmod(descriptor, 0644);
+  close(descriptor);
+  return true;
+}
+
+bool RegistryFile::IsWritable() const {
+  return eaccess(path_.c_str(), W_OK) == 0 && eaccess(path_.parent_path().c_str(), W_OK) == 0;
+}
+
+}  // namespace sentrel

@@ -1,0 +1,84 @@
+#include "app/program.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace sentrel {
+namespace {
+
+/// The program as a user has it, but for its port and its state folder.
+struct ProgramTest : testing::Test {
+  ProgramTest() {
+    EXPECT_TRUE(program.Start());
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&program.Window()));
+  }
+  std::string Peer() const { return "127.0.0.1:" + std::to_string(program.Listener().Port()); }
+
+  /// Runs one of the field's own senders to its end, the program's events being handled meanwhile.
+  int Send(const char* sender, const QStringList& version, const QStringList& rest) {
+    QProcess process;
+    QStringList arguments = version;
+    arguments << QString::fromStdString(Peer()) << rest;
+    process.start(sender, arguments);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
+    return process.exitCode();
+  }
+  void AwaitRows(int rows) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
+  }
+  /// A cell as a screen reader is told it.
+  QString Cell(int row, int col) {
+    auto* view = program.Window().findChild<QWidget*>("Table");
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(view);
+    return table->tableInterface()->cellAt(row, col)->text(QAccessible::Name);
+  }
+
+  QTemporaryDir state;
+  Program program{{.port = 0,
+                   .machineFolder = state.filePath("machine").toStdString(),
+                   .userFolder = state.filePath("user").toStdString()}};
+};
+
+const QStringList kV2 = {"-v2c", "-cpublic"};
+
+TEST_F(ProgramTest, TrapsOfEveryKindBecomeRowsNewestFirst) {
+  const QStringList linkDown = {"", "1.3.6.1.6.3.1.1.5.3", "1.3.6.1.2.1.2.2.1.1.7", "i", "7"};
+  EXPECT_EQ(Send(SNMPTRAP, kV2, linkDown), 0);
+  AwaitRows(2);
+  EXPECT_EQ(Cell(1, 1), "127.0.0.1");
+  EXPECT_EQ(Cell(1, 2), "public");
+  EXPECT_TRUE(Cell(1, 4).contains("= 7"));
+
+  EXPECT_EQ(Send(SNMPTRAP, {"-v1", "-cold"}, {"1.3.6.1.4.1.9", "192.0.2.1", "2", "0", ""}), 0);
+  AwaitRows(3);
+  EXPECT_EQ(Cell(1, 2), "old");
+  EXPECT_FALSE(Cell(1, 3).isEmpty()) << "the enterprise";
+
+  EXPECT_EQ(Send(SNMPINFORM, {"-v2c", "-cinform", "-r0"}, linkDown), 0) << "it is answered";
+  AwaitRows(4);
+  EXPECT_EQ(Cell(1, 2), "inform");
+  EXPECT_EQ(Cell(3, 2), "public");
+}
+
+TEST_F(ProgramTest, ABlockedEventLoopCostsNoTrapAndNoAnswer) {
+  QProcess process;
+  process.start(SNMPINFORM, {"-v2c", "-cpublic", "-r0", QString::fromStdString(Peer()), "",
+                             "1.3.6.1.6.3.1.1.5.1"});
+  EXPECT_TRUE(process.waitForFinished(20'000)) << "no event is handled in here";
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_EQ(program.Traps().Rows(), 1);
+  AwaitRows(2);
+}
+
+TEST_F(ProgramTest, ClosingTheWindowStopsTheListener) {
+  EXPECT_TRUE(program.Listener().Listening());
+  program.Window().close();
+  EXPECT_FALSE(program.Listener().Listening());
+}
+
+}  // namespace
+}  // namespace sentrel

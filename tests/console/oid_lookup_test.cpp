@@ -1,0 +1,83 @@
+#include "console/oid_lookup.h"
+
+#include "console_fixture.h"
+
+namespace sentrel {
+namespace {
+
+constexpr const char* kStatus = "1.3.6.1.2.1.2.2.1.8.7";
+constexpr const char* kUpTime = "1.3.6.1.2.1.1.3.0";
+constexpr const char* kLinkDown = "1.3.6.1.6.3.1.1.5.3";
+
+struct OidLookupTest : ConsoleTest {
+  OidLookupTest() {
+    mibs.entries[kStatus] = {"ifOperStatus.7", {{0, "zero(0)"}, {1, "up(1)"}, {2, "down(2)"}}};
+    mibs.entries[kUpTime] = {"sysUpTime.0", {}};
+    mibs.entries[kLinkDown] = {"linkDown", {}};
+    mibs.entries["1.3.9"] = {"odd.0.0", {{5, "five(5)"}}};
+    mibs.entries["1.3.8.0"] = {"scalar.0", {}};
+  }
+};
+
+TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
+  struct Case {
+    const char *oid, *value, *line;
+  };
+  const Case cases[] = {
+      {kUpTime, "12345", "sysUpTime = 12345"},
+      {kUpTime, "", "sysUpTime = "},
+      {"1.3.6.1.6.3.1.1.4.1.0", kLinkDown, "1.3.6.1.6.3.1.1.4.1 = linkDown"},
+      {kUpTime, "1.3.8.0", "sysUpTime = scalar.0"},
+      {kUpTime, "1.3", "sysUpTime = 1.3"},
+      {kUpTime, ".1.3.8.0", "sysUpTime = .1.3.8.0"},
+      {kUpTime, "2.5.4.3", "sysUpTime = 2.5.4.3"},
+      {kStatus, "2", "ifOperStatus.7 = down(2)"},
+      {kStatus, "9", "ifOperStatus.7 = 9"},
+      {kStatus, "1.5", "ifOperStatus.7 = down(2)"},
+      {kStatus, "2.5", "ifOperStatus.7 = down(2)"},
+      {kStatus, "2 of 3", "ifOperStatus.7 = down(2)"},
+      {kStatus, " +1", "ifOperStatus.7 = up(1)"},
+      {kStatus, "-1", "ifOperStatus.7 = -1"},
+      {kStatus, "text", "ifOperStatus.7 = zero(0)"},
+      {kStatus, "nan", "ifOperStatus.7 = zero(0)"},
+      {kStatus, "", "ifOperStatus.7 = zero(0)"},
+      {kStatus, "1.3.8.0", "ifOperStatus.7 = up(1)"},
+      {kStatus, "2147483648", "ifOperStatus.7 = "},
+      {kStatus, "1e999", "ifOperStatus.7 = "},
+      {"1.3.9", "text", "odd.0 = text"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(lookup.LookupOIDDetails(c.oid, c.value), c.line) << c.value;
+}
+
+TEST_F(OidLookupTest, OnlyWhatLooksLikeAnOidIsLookedUpAsAValue) {
+  EXPECT_EQ(lookup.LookupOIDValue(kLinkDown), "linkDown");
+  EXPECT_EQ(lookup.LookupOIDValue("1.3.8.0"), "scalar.0");
+  const int made = mibs.made;
+  for (const char* text : {"1.3", ".1.3.6", "2.5.4.3", ""}) {
+    EXPECT_EQ(lookup.LookupOIDValue(text), text);
+  }
+  EXPECT_EQ(mibs.made, made);
+}
+
+TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {
+  struct Case {
+    const char *failing, *failingOid, *oid, *value, *line;
+  };
+  const Case cases[] = {
+      {"MakeOIDObject", "", kStatus, "2", " = "},
+      {"Name", kStatus, kStatus, "2", " = down(2)"},
+      {"EnumerationList", "", kStatus, "2", "ifOperStatus.7 = down(2)"},
+      {"EnumerationName", "", kStatus, "2", "ifOperStatus.7 = "},
+      {"Name", kLinkDown, kUpTime, kLinkDown, "sysUpTime = "},
+      {"SetOID", kLinkDown, kUpTime, kLinkDown, "sysUpTime = 1.3.6.1.6.3.1.1.5.3"},
+  };
+  for (const Case& c : cases) {
+    decoder.Forget();
+    mibs.failing = c.failing;
+    mibs.failingOid = c.failingOid;
+    EXPECT_EQ(lookup.LookupOIDDetails(c.oid, c.value), c.line) << c.failing;
+  }
+}
+
+}  // namespace
+}  // namespace sentrel

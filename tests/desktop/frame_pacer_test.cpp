@@ -1,0 +1,35 @@
+#include "desktop/frame_pacer.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace sentrel {
+namespace {
+
+TEST(FramePacer, ManyRequestsMakeFewFrames) {
+  int frames = 0;
+  FramePacer pacer([&] { ++frames; });
+  QElapsedTimer time;
+  time.start();
+  int requests = 0;
+  while (time.elapsed() < 200) {
+    pacer.Request();
+    ++requests;
+    QCoreApplication::processEvents();
+  }
+  EXPECT_GT(frames, 1);
+  EXPECT_LE(frames, time.elapsed() / 16 + 1);
+  EXPECT_GT(requests, frames);
+}
+
+TEST(FramePacer, TheLastRequestIsNeverForgotten) {
+  int wanted = 0;
+  int shown = 0;
+  FramePacer pacer([&] { shown = wanted; });
+  for (; wanted < 50; ++wanted) pacer.Request();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shown == wanted; }));
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "common/text.h"
+#include "platform/registry.h"
+
+namespace sentrel {
+
+/// A registry in memory. Make another on the same contents to see what a next start would see.
+class FakeRegistry : public Registry {
+ public:
+  using Value = std::variant<std::string, int>;
+  using Values = std::map<std::string, Value>;
+  /// Keys by root and path, paths and value names in upper case.
+  using Contents = std::map<std::pair<RegistryRoot, std::string>, Values>;
+
+  /// Nothing can be opened, as in a store that cannot be reached.
+  bool unreachable = false;
+  /// Nothing can be made, written or removed.
+  bool readOnly = false;
+  /// Changes that reached the store; a batch is one.
+  int changes = 0;
+  Contents contents;
+
+  std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override {
+    if (path.empty() || unreachable) return std::nullopt;
+    for (auto end = path.find('\\'); !Has(root, path); end = path.find('\\', end + 1)) {
+      if (readOnly) return std::nullopt;
+      contents.try_emplace({root, UpperCase(path.substr(0, end))});
+      if (end == std::string::npos) break;
+    }
+    return OpenKey(root, path);
+  }
+
+  std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override {
+    if (unreachable || !Has(root, path)) return std::nullopt;
+    open_.emplace(++lastKey_, std::pair(root, UpperCase(path)));
+    return lastKey_;
+  }
+
+  bool CloseKey(RegistryKey key) override { return open_.erase(key) > 0; }
+
+  std::optional<std::string> QueryStringValue(RegistryKey key, const std::string& name) override {
+    const Values* values = ValuesOf(key);
+    if (!values || !values->contains(UpperCase(name))) return std::nullopt;
+    const auto* text = std::get_if<std::string>(&values->at(UpperCase(name)));
+    return text ? std::optional(*text) : std::nullopt;
+  }
+
+  bool SetStringValue(RegistryKey key, const std::string& name, const std::string& text) override {
+    Values* values = ValuesOf(key);
+    if (!values || readOnly) return false;
+    (*values)[UpperCase(name)] = text;
+    CountChange();
+    return true;
+  }
+
+  bool DeleteValue(RegistryKey key, const std::string& name) override {
+    Values* values = ValuesOf(key);
+    if (!values || readOnly || values->erase(UpperCase(name)) == 0) return false;
+    CountChange();
+    return true;
+  }
+
+  void BeginBatch(RegistryBatch) override { inBatch_ = true; }
+  void EndBatch() override {
+    inBatch_ = false;
+    changes += batchChanged_ ? 1 : 0;
+    batchChanged_ = false;
+  }
+
+  bool AllClosed() const { return open_.empty() && !inBatch_; }
+
+ private:
+  bool Has(RegistryRoot root, const std::string& path) const {
+    return contents.contains({root, UpperCase(path)});
+  }
+
+  Values* ValuesOf(RegistryKey key) {
+    return unreachable || !open_.contains(key) ? nullptr : &contents[open_.at(key)];
+  }
+
+  void CountChange() {
+    if (inBatch_) {
+      batchChanged_ = true;
+    } else {
+      ++changes;
+    }
+  }
+
+  std::map<RegistryKey, std::pair<RegistryRoot, std::string>> open_;
+  RegistryKey lastKey_ = 0;
+  bool inBatch_ = false;
+  bool batchChanged_ = false;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,114 @@
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <random>
+
+#include "mib/sources.h"
+#include "workshop.h"
+
+namespace sentrel::mib {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::string Repeat(const std::string& text, size_t times) {
+  std::string all;
+  for (size_t i = 0; i < times; ++i) all += text;
+  return all;
+}
+
+TEST(Hostile, NestingAndLoopsEnd) {
+  const std::string kept = "kept OBJECT IDENTIFIER ::= { iso 7 }\n";
+  const Compiled braces({ModuleText("A-MIB", kept + "x OBJECT-TYPE INDEX " + Repeat("{", 10000))});
+  EXPECT_EQ(braces.Name("1.7"), "kept");
+  EXPECT_THAT(braces.Messages(), testing::Contains(HasSubstr("no '}'")));
+
+  const Compiled loop({ModuleText("A-MIB", kept + "a OBJECT IDENTIFIER ::= { b 1 }\n"
+                                                  "b OBJECT IDENTIFIER ::= { a 1 }\n"
+                                                  "self OBJECT IDENTIFIER ::= { self 1 }\n"
+                                                  "T ::= U U ::= T x OBJECT-TYPE SYNTAX T ::= "
+                                                  "{ iso 8 }")});
+  EXPECT_EQ(loop.Name("1.7"), "kept");
+  EXPECT_EQ(loop.Name("1.8"), "x");
+  EXPECT_EQ(loop.Messages().size(), 3);
+  EXPECT_THAT(loop.Messages(), Each(HasSubstr("leads back to itself")));
+
+  const Compiled imports({ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { b 1 }", "b FROM B-MIB"),
+                          ModuleText("B-MIB", "b OBJECT IDENTIFIER ::= { a 1 }", "a FROM A-MIB")});
+  EXPECT_THAT(imports.Messages(), ElementsAre(HasSubstr("leads back to itself")));
+}
+
+TEST(Hostile, WordsInWrongPlacesAreReadOnce) {
+  const std::string begin = "A-MIB DEFINITIONS ::= BEGIN ";
+  const std::string texts[] = {
+      begin + "DEFINITIONS",
+      begin + "X ::= TEXTUAL-CONVENTION OBJECT-TYPE",
+      begin + "X ::= TEXTUAL-CONVENTION ::= ",
+      begin + "x OBJECT-TYPE MACRO DEFINITIONS ::= BEGIN",
+      begin + "\" x DEFINITIONS ::= BEGIN DEFINITIONS \"",
+      begin + Repeat("IMPORTS a, b ", 100'000),
+      begin + Repeat("x { 1 } DEFINITIONS ", 100'000),
+      begin + Repeat("x OBJECT-TYPE { ", 100'000),
+      begin + Repeat("x OBJECT-TYPE \" ", 100'001),
+      Repeat(begin, 10'000),
+  };
+  for (const std::string& text : texts) EXPECT_FALSE(Compiled({text}).Messages().empty());
+}
+
+TEST(Hostile, LongChainsAndLongOidsAreRefused) {
+  std::string chain = "n0 OBJECT IDENTIFIER ::= { iso 1 }\n";
+  for (int i = 1; i < 3000; ++i) {
+    chain = "n" + std::to_string(i) + " OBJECT IDENTIFIER ::= { n" + std::to_string(i - 1) +
+            " 1 }\n" + chain;
+  }
+  const Compiled compiled({ModuleText("A-MIB", chain)});
+  EXPECT_EQ(compiled.Name("1.1.1"), "n1");
+  EXPECT_FALSE(compiled.Messages().empty());
+}
+
+TEST(Hostile, BytesWithoutMeaningAreNoModule) {
+  std::mt19937 random(1);
+  std::string bytes(200'000, '\0');
+  for (char& c : bytes) c = static_cast<char>(random());
+  EXPECT_THAT(Compiled({bytes}).Messages(), ElementsAre("1:1: no MIB module in this file"));
+  // Inside a module anything may come; messages are bounded.
+  EXPECT_LE(Compiled({ModuleText("A-MIB", bytes)}).Messages().size(), 101);
+}
+
+TEST(Hostile, AHugeFileIsPassedOver) {
+  const Workshop workshop;
+  const std::string path = workshop.Write("huge", "A-MIB DEFINITIONS ::= BEGIN END");
+  ASSERT_EQ(truncate(path.c_str(), 100'000'000), 0);
+  const Collection collection({path}, {});
+  ASSERT_EQ(collection.AllMessages().size(), 1);
+  EXPECT_THAT(collection.AllMessages()[0].text, HasSubstr("too large"));
+}
+
+TEST(Hostile, FoldersMayHoldAnything) {
+  const Workshop workshop;
+  workshop.Write("mibs/.hidden", "");
+  workshop.Write("mibs/b/c/deep", "");
+  workshop.Write("mibs/a", "");
+  ASSERT_EQ(mkfifo(workshop.Path("mibs/pipe").c_str(), 0600), 0);
+  std::filesystem::create_directory_symlink("..", workshop.Path("mibs/b/loop"));
+  std::filesystem::create_symlink("nowhere", workshop.Path("mibs/dangling"));
+
+  const std::string mibs = workshop.Path("mibs");
+  EXPECT_THAT(FindSources({{mibs, true}}).files, ElementsAre(mibs + "/a", mibs + "/b/c/deep"));
+  EXPECT_THAT(FindSources({{mibs, false}, {mibs, false}}).files, ElementsAre(mibs + "/a"));
+  EXPECT_EQ(FindSources({{workshop.Path("gone"), true}}).messages.size(), 1);
+  EXPECT_EQ(FindSources({{mibs + "/a", true}}).messages.size(), 1);
+}
+
+TEST(Hostile, FilesThatCannotBeReadAreNamed) {
+  const Workshop workshop;
+  const Collection collection({workshop.Path("gone"), workshop.Path("")}, {});
+  ASSERT_EQ(collection.AllMessages().size(), 2);
+  EXPECT_THAT(collection.AllMessages()[0].ToText(), testing::StartsWith(workshop.Path("gone: ")));
+}
+
+}  // namespace
+}  // namespace sentrel::mib

@@ -1,0 +1,116 @@
+#include "mib/image.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "common/failure.h"
+#include "mib/image_cache.h"
+#include "mib/image_writer.h"
+#include "mib/lookup.h"
+#include "workshop.h"
+
+namespace sentrel::mib {
+namespace {
+
+std::string SampleImage() {
+  const Workshop workshop;
+  Collection collection(
+      {workshop.Write("a",
+                      ModuleText("A-MIB",
+                                 "s OBJECT-TYPE SYNTAX INTEGER { up(1), down(2) } ::= { iso 7 }\n"
+                                 "t OBJECT IDENTIFIER ::= { iso 4294967295 }"))},
+      {});
+  return MakeImage(collection.Compile(*Image::Empty()), 42);
+}
+
+std::shared_ptr<const Image> Open(const std::string& bytes) {
+  auto copy = std::make_shared<std::string>(bytes);
+  return Image::Over(*copy, copy);
+}
+
+std::string Contents(const std::string& path) {
+  std::stringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+TEST(Image, TellsWhatWasCompiled) {
+  const auto image = Open(SampleImage());
+  EXPECT_EQ(image->Fingerprint(), 42);
+  EXPECT_EQ(LookUp(*image, "1.7.0").name, "s.0");
+  EXPECT_EQ(LookUp(*image, "1.4294967295").name, "t");
+  EXPECT_EQ(LookUp(*image, "1.8").name, "1.8");
+  const auto& type = *LookUp(*image, "1.7.0").type;
+  EXPECT_EQ(LabelOf(*image, type, 2), "down(2)");
+  EXPECT_EQ(LabelOf(*image, type, 3), "unknown(0)");
+  EXPECT_EQ(LabelOf(*image, *LookUp(*image, "1.8").type, 0), "unknown(0)");
+  EXPECT_EQ(LookUp(*Image::Empty(), "1.7").name, "1.7");
+}
+
+TEST(Image, EveryDamageIsFound) {
+  const std::string good = SampleImage();
+  for (size_t at = 0; at < good.size(); ++at) {
+    std::string bad = good;
+    bad[at] = static_cast<char>(bad[at] ^ 0x10);
+    EXPECT_THROW(Open(bad), Failure) << at;
+    EXPECT_THROW(Open(good.substr(0, at)), Failure) << at;
+  }
+  EXPECT_THROW(Open(good + "x"), Failure);
+}
+
+TEST(Image, AForgedImageNeverCrashes) {
+  const std::string good = SampleImage();
+  for (size_t at = sizeof(format::Header); at + 4 <= good.size(); at += 4) {
+    for (const std::uint32_t number : {0U, 1U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+      std::string bad = good;
+      std::memcpy(bad.data() + at, &number, sizeof number);
+      Seal(bad);
+      const auto image = Open(bad);
+      for (const char* oid : {"1.7.0", "1.4294967295", "1", "0.0"}) {
+        ListOf(*image, *LookUp(*image, oid).type);
+      }
+      Compiled({ModuleText("B-MIB", "b OBJECT-TYPE SYNTAX Foo ::= { s 1 }", "s, Foo FROM A-MIB")},
+               image);
+    }
+  }
+}
+
+TEST(ImageCache, CompilesOnceAndAgainWhenAnythingHasChanged) {
+  const Workshop workshop;
+  const std::string file = workshop.Path("cache/x.image");
+  const auto name = [&](const std::string& oid) {
+    const auto image = ImageCache(file, {{workshop.Path("mibs"), true}}, Image::Empty()).Get({});
+    return LookUp(*image, oid).name;
+  };
+  workshop.Write("mibs/a", ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { iso 7 }"));
+  EXPECT_EQ(name("1.7"), "a");
+  const auto written = std::filesystem::last_write_time(file);
+  EXPECT_EQ(name("1.7"), "a");
+  EXPECT_EQ(std::filesystem::last_write_time(file), written);
+
+  workshop.Write("mibs/a", ModuleText("A-MIB", "b OBJECT IDENTIFIER ::= { iso 7 }"));
+  EXPECT_EQ(name("1.7"), "b");
+
+  std::string bytes = Contents(file);
+  bytes[bytes.size() / 2] = static_cast<char>(bytes[bytes.size() / 2] + 1);
+  workshop.Write("cache/x.image", bytes);
+  EXPECT_EQ(name("1.7"), "b");
+  EXPECT_NO_THROW(Image::Open(file));
+
+  workshop.Write("cache/x.image", bytes.substr(0, 50));
+  EXPECT_EQ(name("1.7"), "b");
+  EXPECT_NO_THROW(Image::Open(file));
+}
+
+TEST(ImageCache, DoesWithoutAFileItCannotWrite) {
+  const Workshop workshop;
+  workshop.Write("mibs/a", ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { iso 7 }"));
+  workshop.Write("file", "");
+  ImageCache cache(workshop.Path("file/below"), {{workshop.Path("mibs"), true}}, Image::Empty());
+  EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, "a");
+}
+
+}  // namespace
+}  // namespace sentrel::mib

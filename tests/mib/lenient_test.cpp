@@ -1,0 +1,134 @@
+#include <gmock/gmock.h>
+
+#include "workshop.h"
+
+namespace sentrel::mib {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kState =
+    "state OBJECT-TYPE SYNTAX INTEGER { up(1), down(2) } MAX-ACCESS read-only STATUS current\n"
+    "DESCRIPTION \"x\" ::= { iso 7 }\n";
+
+std::string InModule(const std::string& definitions) {
+  return ModuleText("A-MIB", definitions);
+}
+
+/// Texts that are odd and clear: understood without a word.
+TEST(Lenient, UnderstandsWhatMakersWrite) {
+  struct Case {
+    const char* what;
+    std::string text;
+  };
+  const Case cases[] = {
+      {"plain", InModule(kState)},
+      {"byte order mark", "\xEF\xBB\xBF" + InModule(kState)},
+      {"text around the module", "Dear \"customer,\n{ it's\n" + InModule(kState) + "Bye. \" {"},
+      {"OID of the module", "A-MIB { iso org(3) 1 } DEFINITIONS ::= BEGIN\n" + kState + "END"},
+      {"Latin-1 in strings and between words", InModule("-- \xE9t\xE9\n\xA0" + kState)},
+      {"comment that ends at dashes", InModule("-- a -- " + kState)},
+      {"comment meant to the end of the line", InModule("-- a -- b (c\n" + kState)},
+      {"rulers of dashes", InModule("-----\n------\n-------\n" + kState + "---------")},
+      {"quotation marks within a description",
+       InModule("o OBJECT-IDENTITY STATUS current DESCRIPTION \"a \"b\" c\" ::= { iso 3 }" +
+                kState)},
+      {"macro defined in the module",
+       InModule("OBJECT-TYPE MACRO ::= BEGIN TYPE NOTATION ::= \"SYNTAX\" type END\n" + kState)},
+      {"underscores, capitals, digits first",
+       InModule(
+           "Bad_Name OBJECT IDENTIFIER ::= { iso 3 } 3com OBJECT IDENTIFIER ::= { Bad_Name 1 }" +
+           kState)},
+      {"constant of another type", InModule("limit INTEGER ::= 5\n" + kState)},
+      {"exports and empty imports", InModule("EXPORTS a, b; IMPORTS ;" + kState)},
+      {"SMIv1", InModule("state OBJECT-TYPE SYNTAX INTEGER { up(1), down(2) } ACCESS read-only\n"
+                         "STATUS mandatory ::= { iso 7 }")},
+      {"last comma, missing comma, blanks",
+       InModule("state OBJECT-TYPE SYNTAX INTEGER { up (1) down( 2 ), } ::= { iso 7 }")},
+      {"forward references",
+       InModule("state OBJECT-TYPE SYNTAX T ::= { b 7 } b OBJECT IDENTIFIER ::= { c }\n"
+                "c OBJECT IDENTIFIER ::= { iso } T ::= INTEGER { up(1), down(2) }")},
+      {"path with names and numbers", InModule("org OBJECT IDENTIFIER ::= { iso 3 }\n"
+                                               "a OBJECT IDENTIFIER ::= { iso org(3) dod(6) 1 }\n" +
+                                               kState)},
+  };
+  for (const Case& c : cases) {
+    std::string crLf, cr;
+    for (const char ch : c.text) {
+      crLf += ch == '\n' ? "\r\n" : std::string(1, ch);
+      cr += ch == '\n' ? '\r' : ch;
+    }
+    for (const std::string& text : {c.text, crLf, cr}) {
+      const Compiled compiled({text});
+      EXPECT_EQ(compiled.Name("1.7.0"), "state.0") << c.what;
+      EXPECT_EQ(compiled.Labels("1.7.0"), "up(1),down(2)") << c.what;
+      EXPECT_THAT(compiled.Messages(), IsEmpty()) << c.what;
+    }
+  }
+}
+
+/// Texts that are wrong: one message, and everything else is there.
+TEST(Lenient, PassesOverWhatIsWrongWithOneMessage) {
+  struct Case {
+    std::string broken;
+    std::string message;
+  };
+  const Case cases[] = {
+      {"x OBJECT-TYPE SYNTAX INTEGER ACCESS read-only", "'x' has no '::='"},
+      {"x OBJECT-TYPE SYNTX INTEGER ::= { iso 4 }", "object 'x' has no SYNTAX"},
+      {"x OBJECT-TYPO SYNTAX INTEGER ::= { iso 4 }", "unknown macro 'OBJECT-TYPO'"},
+      {"x OBJECT-TYPE SYNTAX INTEGER INDEX { a, b ::= { iso 4 }", "no '}' for the '{' before this"},
+      {"x ::= { iso 4 }", "no OBJECT IDENTIFIER behind 'x'"},
+      {"x OBJECT IDENTIFIER { iso 4 }", "no '::=' behind 'x' OBJECT IDENTIFIER"},
+      {"x OBJECT IDENTIFIER ::= { }", "the OID of 'x' is empty"},
+      {"x OBJECT IDENTIFIER ::= { iso 99999999999 }", "'99999999999' is no number of an OID"},
+      {"x OBJECT IDENTIFIER ::= { nowhere 4 }",
+       "'x' has no place: its parent 'nowhere' is unknown"},
+      {"x OBJECT-TYPE SYNTAX Nothing ::= { iso 4 }", "type 'Nothing' is unknown"},
+      {"x TRAP-TYPE VARIABLES { a } ::= 4", "trap 'x' has no enterprise or no number"},
+      {"X ::= TEXTUAL-CONVENTION STATUS current", "textual convention 'X' has no SYNTAX"},
+      {"x OBJECT-TYPE SYNTAX INTEGER { a(1), b } ::= { iso 4 }", "label 'b' without a number"},
+      {"= $", "'=' where a definition should begin"},
+  };
+  for (const Case& c : cases) {
+    const Compiled compiled({InModule(c.broken + "\n" + kState)});
+    EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << c.broken;
+    ASSERT_EQ(compiled.Messages().size(), 1) << c.broken;
+    EXPECT_THAT(compiled.Messages()[0], testing::AnyOf("1:2: " + c.message, "1:3: " + c.message))
+        << c.broken;
+  }
+}
+
+TEST(Lenient, ModulesWithoutAnEndOrWithoutASemicolon) {
+  const Compiled noEnd({"A-MIB DEFINITIONS ::= BEGIN\na OBJECT IDENTIFIER ::= { iso 1 }\n" +
+                        ModuleText("B-MIB", kState)});
+  EXPECT_EQ(noEnd.Name("1.1"), "a");
+  EXPECT_EQ(noEnd.Name("1.7"), "state");
+  EXPECT_THAT(noEnd.Messages(), ElementsAre("1:3: module 'A-MIB' has no END"));
+
+  const Compiled noSemicolon(
+      {"A-MIB DEFINITIONS ::= BEGIN\nIMPORTS top FROM B-MIB\n"
+       "a MODULE-IDENTITY LAST-UPDATED \"9901010000Z\" ::= { top 1 }\nEND\n" +
+       ModuleText("B-MIB", "top OBJECT IDENTIFIER ::= { iso 2 }")});
+  EXPECT_EQ(noSemicolon.Name("1.2.1"), "a");
+  EXPECT_THAT(noSemicolon.Messages(), ElementsAre("1:3: no ';' behind the imports"));
+}
+
+TEST(Lenient, AFileWithoutAModuleSaysSo) {
+  EXPECT_THAT(Compiled({"Read me first"}).Messages(),
+              ElementsAre("1:1: no MIB module in this file"));
+}
+
+TEST(Lenient, NamedValuesKeepTheirNumbers) {
+  const Compiled compiled({InModule(
+      "x OBJECT-TYPE SYNTAX INTEGER { c(2147483647), b(-3), a(0), d(4294967295) } ::= { iso 4 }\n"
+      "y OBJECT-TYPE SYNTAX BITS { a(0), b(1) } ::= { iso 5 }")});
+  EXPECT_EQ(compiled.Labels("1.4"), "b(-3),a(0),c(2147483647)");
+  EXPECT_EQ(compiled.Labels("1.5"), "");
+  EXPECT_THAT(compiled.Messages(),
+              ElementsAre("1:2: '4294967295' is not a number for the label 'd'"));
+}
+
+}  // namespace
+}  // namespace sentrel::mib

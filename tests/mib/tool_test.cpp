@@ -1,0 +1,100 @@
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+
+#include "mib/image.h"
+#include "workshop.h"
+
+namespace sentrel::mib {
+namespace {
+
+using testing::HasSubstr;
+
+struct Outcome {
+  int status = -1;
+  std::string text;
+};
+
+/// The real program, as a user would start it, in surroundings of its own.
+class ToolTest : public testing::Test {
+ protected:
+  Outcome Run(const std::string& words) const {
+    const std::string command = "XDG_CACHE_HOME=" + workshop_.Path("cache") +
+                                " XDG_DATA_HOME=" + workshop_.Path("data") +
+                                " HOME=" + workshop_.Path("") + " " + words + " 2>&1";
+    Outcome outcome;
+    FILE* pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr) return outcome;
+    std::array<char, 4096> buffer{};
+    for (size_t got = 0; (got = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
+      outcome.text.append(buffer.data(), got);
+    }
+    outcome.status = WEXITSTATUS(pclose(pipe));
+    return outcome;
+  }
+
+  Outcome RunTool(const std::string& words) const {
+    return Run(ProgramFolder() + "/sentrel-mib " + words);
+  }
+
+  const Workshop workshop_;
+  const std::string vendor_ =
+      ModuleText("ACME-MIB",
+                 "acme OBJECT IDENTIFIER ::= { enterprises 99999 }\n"
+                 "mode OBJECT-TYPE SYNTAX INTEGER { on(1), off(2) } ::= { acme 1 }\n"
+                 "lost OBJECT IDENTIFIER ::= { nowhere 1 }",
+                 "enterprises FROM SNMPv2-SMI");
+};
+
+TEST_F(ToolTest, LooksUpArgumentsAndStandardInput) {
+  const std::string expected =
+      ".1.3.6.1.2.1.2.2.1.7.3\tifAdminStatus.3\tup(1),down(2),testing(3)\n1.3.6\tdod\t\n";
+  EXPECT_EQ(RunTool("lookup .1.3.6.1.2.1.2.2.1.7.3 1.3.6").text, expected);
+  EXPECT_EQ(Run("printf '.1.3.6.1.2.1.2.2.1.7.3\\r\\n\\n1.3.6' | " + ProgramFolder() +
+                "/sentrel-mib lookup")
+                .text,
+            expected);
+}
+
+TEST_F(ToolTest, LooksUpInFolders) {
+  workshop_.Write("mibs/acme", vendor_);
+  EXPECT_EQ(RunTool("lookup -M " + workshop_.Path("mibs") + " 1.3.6.1.4.1.99999.1.0").text,
+            "1.3.6.1.4.1.99999.1.0\tmode.0\ton(1),off(2)\n");
+  workshop_.Write("data/sentrel/mibs/deep/acme", vendor_);
+  EXPECT_EQ(RunTool("lookup 1.3.6.1.4.1.99999.1.0").text,
+            "1.3.6.1.4.1.99999.1.0\tmode.0\ton(1),off(2)\n");
+}
+
+TEST_F(ToolTest, CompilesAndTellsWhatIsWrong) {
+  const std::string file = workshop_.Write("mibs/acme", vendor_);
+  const std::string image = workshop_.Path("out.image");
+  const Outcome outcome =
+      RunTool("compile -o " + image + " " + workshop_.Path("mibs") + " " + workshop_.Path("gone"));
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.text,
+              HasSubstr(file + ":5: 'lost' has no place: its parent 'nowhere' is unknown\n"));
+  EXPECT_THAT(outcome.text, HasSubstr(workshop_.Path("gone: ")));
+  EXPECT_THAT(outcome.text, HasSubstr("1 files, 1 modules, "));
+  EXPECT_NO_THROW(Image::Open(image));
+}
+
+TEST_F(ToolTest, ChecksFiles) {
+  EXPECT_EQ(RunTool("check " + workshop_.Write("bad", vendor_)).status, 1);
+  const Outcome good =
+      RunTool("check " + workshop_.Write("good", ModuleText("G", "T ::= INTEGER")));
+  EXPECT_EQ(good.status, 0);
+  EXPECT_EQ(good.text, "");
+}
+
+TEST_F(ToolTest, ExplainsItself) {
+  for (const char* words : {"", "nonsense", "lookup -x", "compile", "check", "compile -o"}) {
+    const Outcome outcome = RunTool(words);
+    EXPECT_EQ(outcome.status, 2) << words;
+    EXPECT_THAT(outcome.text, HasSubstr("usage: sentrel-mib")) << words;
+  }
+}
+
+}  // namespace
+}  // namespace sentrel::mib

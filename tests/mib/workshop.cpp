@@ -1,0 +1,64 @@
+#include "workshop.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "mib/image_writer.h"
+#include "mib/lookup.h"
+
+namespace sentrel::mib {
+
+Workshop::Workshop() {
+  std::string name = (std::filesystem::temp_directory_path() / "sentrel-mib-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) std::abort();
+  folder_ = name;
+}
+
+Workshop::~Workshop() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+std::string Workshop::Write(const std::string& name, const std::string& text) const {
+  const auto path = folder_ / name;
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << text;
+  return path.string();
+}
+
+Compiled::Compiled(const std::vector<std::string>& texts, std::shared_ptr<const Image> base) {
+  const Workshop workshop;
+  std::vector<std::string> files;
+  for (const std::string& text : texts) {
+    files.push_back(workshop.Write(std::to_string(files.size() + 1), text));
+  }
+  Collection collection(files, {});
+  auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(*base), 0));
+  image_ = Image::Over(*bytes, bytes);
+  const size_t prefix = workshop.Path("").size();
+  for (const Message& message : collection.AllMessages()) {
+    messages_.push_back(message.ToText().substr(prefix));
+  }
+}
+
+std::string Compiled::Name(const std::string& oid) const {
+  return LookUp(*image_, oid).name;
+}
+
+std::string Compiled::Labels(const std::string& oid) const {
+  return ListOf(*image_, *LookUp(*image_, oid).type);
+}
+
+std::string ModuleText(const std::string& name, const std::string& definitions,
+                       const std::string& imports) {
+  return name + " DEFINITIONS ::= BEGIN\n" + (imports.empty() ? "" : "IMPORTS " + imports + ";\n") +
+         definitions + "\nEND\n";
+}
+
+std::string ProgramFolder() {
+  return std::getenv("SENTREL_BIN");
+}
+
+}  // namespace sentrel::mib

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "mib/collection.h"
+#include "mib/image.h"
+
+namespace sentrel::mib {
+
+/// A folder of its own for a test, gone with the object.
+class Workshop {
+ public:
+  Workshop();
+  ~Workshop();
+  Workshop(const Workshop&) = delete;
+  Workshop& operator=(const Workshop&) = delete;
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  /// Writes a file, with the folders that it needs, and returns its path.
+  std::string Write(const std::string& name, const std::string& text) const;
+
+ private:
+  std::filesystem::path folder_;
+};
+
+/// What compiling some texts, each a file of its own, yields.
+class Compiled {
+ public:
+  explicit Compiled(const std::vector<std::string>& texts,
+                    std::shared_ptr<const Image> base = Image::Empty());
+
+  std::string Name(const std::string& oid) const;
+  std::string Labels(const std::string& oid) const;
+  /// The messages as "1:12: what is wrong", files counted from 1.
+  const std::vector<std::string>& Messages() const { return messages_; }
+  const std::shared_ptr<const Image>& Database() const { return image_; }
+
+ private:
+  std::shared_ptr<const Image> image_;
+  std::vector<std::string> messages_;
+};
+
+/// A module text around definitions.
+std::string ModuleText(const std::string& name, const std::string& definitions,
+                       const std::string& imports = "");
+
+/// The folder of the programs that the build made.
+std::string ProgramFolder();
+
+}  // namespace sentrel::mib

@@ -1,0 +1,114 @@
+#include "settings/ip_functions.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace sentrel {
+namespace {
+
+TEST(IsIPAddress, TakesFourPartsOfPlainDigits) {
+  for (const char* address : {"10.0.1.23", "010.000.001.023", "0.0.0.0", "255.255.255.255",
+                              "0000010.0.0.0000000000000000000255"})
+    EXPECT_TRUE(IsIPAddress(address)) << address;
+  for (const char* text :
+       {"", "10.0.1", "10.0.1.23.4", "10.0.1.", "10..1.23", "10.0.1.256", "10.0.1.x", "99999.0.0.1",
+        ".0.0.1.2", "...", " 10.0.1.23", "10.0.1.23 ", "10.0.-1.23", "10.0.+1.23", "10.0.1.1e1",
+        "10.0.1.0x1", "::ffff:1.2.3.4", "10.0.1.4294967297", "10.0.1.\t1"})
+    EXPECT_FALSE(IsIPAddress(text)) << text;
+}
+
+TEST(IsSubnetMask, ComparesWithTheTableCharacterByCharacter) {
+  for (const char* mask : {"0.0.0.0", "128.0.0.0", "255.128.0.0", "255.255.255.254"})
+    EXPECT_TRUE(IsSubnetMask(mask)) << mask;
+  for (const char* text : {"", "255.255.255.000", "255.0.255.0", "0.0.0.1", "255.255.255.0 "})
+    EXPECT_FALSE(IsSubnetMask(text)) << text;
+}
+
+TEST(MaskOfPrefixLength, TakesTheNearerEndOutsideTheTable) {
+  const std::pair<int, const char*> cases[] = {
+      {-32768, "0.0.0.0"},     {-1, "0.0.0.0"},           {0, "0.0.0.0"},
+      {1, "128.0.0.0"},        {8, "255.0.0.0"},          {9, "255.128.0.0"},
+      {24, "255.255.255.0"},   {31, "255.255.255.254"},   {32, "255.255.255.255"},
+      {33, "255.255.255.255"}, {32767, "255.255.255.255"}};
+  for (const auto& [length, mask] : cases)
+    EXPECT_EQ(MaskOfPrefixLength(static_cast<std::int16_t>(length)), mask) << length;
+}
+
+TEST(IPAddressToDouble, LaysThePartsSideBySide) {
+  const std::pair<const char*, double> cases[] = {{"192.168.1.10", 192168001010.0},
+                                                  {"010.000.001.023", 10000001023.0},
+                                                  {"255.255.255.255", 255255255255.0},
+                                                  {"0.0.0.1", 1.0},
+                                                  {"10.0.1", 0.0},
+                                                  {"", 0.0},
+                                                  {" 1x0.0.1.2-3 ", 10000001023.0},
+                                                  {"10.0.1.23.99", 10000001023.0},
+                                                  {"10..1.23", 10000001023.0}};
+  for (const auto& [address, expected] : cases)
+    EXPECT_EQ(IPAddressToDouble(address), expected) << address;
+}
+
+TEST(Hex, GoesBothWays) {
+  EXPECT_EQ(IPAddressToHex("10.0.1.23"), "0A000117");
+  EXPECT_EQ(IPAddressToHex("10.0.1.256"), "0A000100");
+  EXPECT_EQ(IPAddressToHex("10.0.1"), "");
+  EXPECT_EQ(HexToIPAddress("A"), "0.0.0.10");
+  EXPECT_EQ(HexToIPAddress(""), "0.0.0.0");
+  EXPECT_EQ(HexToIPAddress("FFFFFF00"), "255.255.255.0");
+  EXPECT_EQ(HexToIPAddress("99C0A8010A"), "192.168.1.10");
+  EXPECT_EQ(HexToIPAddress("zz00fF1x"), "0.0.255.1");
+}
+
+TEST(Long, HoldsTheFirstPartInTheTopByte) {
+  EXPECT_EQ(IPAddressToLong("192.168.1.10"), -1062731510);
+  EXPECT_EQ(IPAddressToLong("255.255.255.0"), -256);
+  EXPECT_EQ(IPAddressToLong("128.0.0.0"), INT32_MIN);
+  EXPECT_EQ(IPAddressToLong("10.0.1"), 0);
+  EXPECT_EQ(LongToIPAddress(INT32_MIN), "128.0.0.0");
+  EXPECT_EQ(LongToIPAddress(-1), "255.255.255.255");
+  EXPECT_EQ(LongToIPAddress(1), "0.0.0.1");
+}
+
+TEST(Subnet, ClearsAndSetsHostBits) {
+  EXPECT_EQ(SubnetOfAddress("10.0.1.77", "255.255.255.0"), "10.0.1.0");
+  EXPECT_EQ(SubnetOfAddress("192.168.1.77", "255.255.255.240"), "192.168.1.64");
+  EXPECT_EQ(LastAddressOfSubnet("192.168.1.64", "255.255.255.240"), "192.168.1.79");
+  EXPECT_EQ(LastAddressOfSubnet("0.0.0.0", "0.0.0.0"), "255.255.255.255");
+}
+
+TEST(RandomAddresses, SurviveEveryConversion) {
+  std::mt19937 random(162);
+  std::string before = "0.0.0.0";
+  for (int i = 0; i < 20000; ++i) {
+    const auto bits = static_cast<std::uint32_t>(random());
+    const auto number = static_cast<std::int32_t>(bits);
+    const std::string address = LongToIPAddress(number);
+    ASSERT_TRUE(IsIPAddress(address));
+    ASSERT_EQ(IPAddressToLong(address), number);
+    ASSERT_EQ(HexToIPAddress(IPAddressToHex(address)), address);
+    ASSERT_EQ(IPAddressToDouble(address) < IPAddressToDouble(before),
+              bits < static_cast<std::uint32_t>(IPAddressToLong(before)));
+    before = address;
+  }
+}
+
+TEST(RandomSubnets, AgreeWith32BitArithmetic) {
+  std::mt19937 random(1157);
+  for (int i = 0; i < 5000; ++i) {
+    const auto bits = static_cast<std::uint32_t>(random());
+    const auto length = static_cast<std::int16_t>(random() % 33);
+    const std::uint32_t host = length == 0 ? ~0U : (1ULL << (32 - length)) - 1;
+    const std::string address = LongToIPAddress(static_cast<std::int32_t>(bits));
+    const std::string mask = MaskOfPrefixLength(length);
+    ASSERT_TRUE(IsSubnetMask(mask));
+    ASSERT_EQ(IPAddressToLong(mask), static_cast<std::int32_t>(~host));
+    const std::string subnet = SubnetOfAddress(address, mask);
+    ASSERT_EQ(IPAddressToLong(subnet), static_cast<std::int32_t>(bits & ~host));
+    ASSERT_EQ(IPAddressToLong(LastAddressOfSubnet(subnet, mask)),
+              static_cast<std::int32_t>(bits | host));
+  }
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,167 @@
+#include "settings/settings.h"
+
+#include <gmock/gmock.h>
+
+#include "fakes/fake_registry.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
+const std::string kKey = "SOFTWARE\\VARNHOLTNET\\SENTREL\\SETTINGS";
+
+class SettingsTest : public testing::Test {
+ protected:
+  void Store(const std::string& name, const std::string& text) {
+    RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Settings", name, text, false);
+  }
+  std::string Stored(const std::string& name) {
+    return RegistrySupport(registry_).ReadRegistryValue("Sentrel", "Settings", name, "(none)",
+                                                        false);
+  }
+  void Record(Settings& settings) {
+    settings.SetChanged([this](const std::string& name, const std::string& value) {
+      changes_.push_back(name + "=" + value);
+    });
+  }
+
+  FakeRegistry registry_;
+  std::vector<std::string> changes_;
+};
+
+TEST_F(SettingsTest, AFirstRunHasDefaultsAndLeavesTheStoreEmpty) {
+  const Settings settings(registry_);
+  EXPECT_FALSE(settings.Raw() || settings.DeviceFilterActive() || settings.LoggingEnabled() ||
+               settings.Paused());
+  EXPECT_EQ(settings.LogFilename(), "");
+  EXPECT_EQ(settings.OIDCacheSize(), 1000);
+  EXPECT_EQ(settings.DeviceFilters()->Count(), 0);
+  EXPECT_EQ(settings.CommunityStrings()->Count(), 0);
+  EXPECT_THAT(registry_.contents, IsEmpty());
+  EXPECT_TRUE(registry_.AllClosed());
+}
+
+TEST_F(SettingsTest, EachOptionIsStoredWhenItChangesAndFoundByTheNextStart) {
+  Settings settings(registry_);
+  Record(settings);
+  settings.SetRaw(true);
+  settings.SetDeviceFilterActive(true);
+  settings.SetPaused(true);
+  settings.SetLoggingEnabled(true);
+  std::string filename = "x.log";
+  settings.SetLogFilename(filename);
+  settings.SetOIDCacheSize(250);
+  EXPECT_THAT(changes_, ElementsAre("Raw=True", "Device Filter Active=True", "Logging Enabled=True",
+                                    "Log Filename=x.log", "OID Cache Size=250"));
+  EXPECT_EQ(registry_.changes, 5);
+  EXPECT_EQ(registry_.contents.at({kMachine, kKey}).size(), 5U);
+  EXPECT_TRUE(registry_.AllClosed());
+
+  const Settings next(registry_);
+  EXPECT_TRUE(next.Raw() && next.DeviceFilterActive() && next.LoggingEnabled());
+  EXPECT_FALSE(next.Paused());
+  EXPECT_EQ(next.LogFilename(), "x.log");
+  EXPECT_EQ(next.OIDCacheSize(), 250);
+}
+
+TEST_F(SettingsTest, ThePresentValueIsNotWrittenAgain) {
+  Settings settings(registry_);
+  Record(settings);
+  settings.SetRaw(false);
+  settings.SetDeviceFilterActive(false);
+  settings.SetLoggingEnabled(false);
+  settings.SetOIDCacheSize(1000);
+  std::string blanks = "   ";
+  settings.SetLogFilename(blanks);
+  EXPECT_EQ(blanks, "");
+  EXPECT_THAT(changes_, IsEmpty());
+  EXPECT_EQ(registry_.changes, 0);
+}
+
+TEST_F(SettingsTest, LogFilenameIsTrimmedInTheCallersVariableToo) {
+  Settings settings(registry_);
+  std::string filename = "  x.log  ";
+  settings.SetLogFilename(filename);
+  EXPECT_EQ(filename, "x.log");
+  EXPECT_EQ(settings.LogFilename(), "x.log");
+  EXPECT_EQ(Stored("Log Filename"), "x.log");
+  std::string otherCase = "X.log";
+  settings.SetLogFilename(otherCase);
+  EXPECT_EQ(Stored("Log Filename"), "X.log");
+  std::string blanks = "  ";
+  settings.SetLogFilename(blanks);
+  EXPECT_EQ(settings.LogFilename(), "");
+  EXPECT_EQ(Stored("Log Filename"), "");
+}
+
+TEST_F(SettingsTest, ATextThatDoesNotConvertIsTheDefault) {
+  Store("Raw", "maybe");
+  Store("Logging Enabled", "");
+  Store("Device Filter Active", "1");
+  Store("OID Cache Size", "99999999999");
+  registry_.contents.at({kMachine, kKey})["LOG FILENAME"] = 5;
+  const Settings settings(registry_);
+  EXPECT_FALSE(settings.Raw() || settings.LoggingEnabled());
+  EXPECT_TRUE(settings.DeviceFilterActive());
+  EXPECT_EQ(settings.OIDCacheSize(), 1000);
+  EXPECT_EQ(settings.LogFilename(), "");
+}
+
+TEST_F(SettingsTest, AWriteThatFailsKeepsTheValueForThisRunAndStillTellsOfIt) {
+  Settings settings(registry_);
+  Record(settings);
+  registry_.readOnly = true;
+  settings.SetRaw(true);
+  EXPECT_TRUE(settings.Raw());
+  EXPECT_THAT(changes_, ElementsAre("Raw=True"));
+  EXPECT_FALSE(Settings(registry_).Raw());
+}
+
+TEST_F(SettingsTest, RefreshReplacesAllButPausedAndTellsOfNothing) {
+  Settings settings(registry_);
+  Record(settings);
+  settings.SetPaused(true);
+  Store("Raw", "True");
+  RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Device Filters", 1, "10.0.1.1", false);
+  RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Community Strings", 1, "a", false);
+  const auto filters = settings.DeviceFilters();
+  settings.Refresh();
+  EXPECT_TRUE(settings.Raw() && settings.Paused());
+  EXPECT_EQ(filters->Count(), 1);
+  EXPECT_EQ(settings.CommunityStrings()->Count(), 1);
+  EXPECT_THAT(changes_, IsEmpty());
+}
+
+TEST_F(SettingsTest, RetrieveOptionGivesTextEvenForADefaultThatIsNone) {
+  Settings settings(registry_);
+  EXPECT_EQ(settings.RetrieveOption("Never Written", 5), "5");
+  EXPECT_EQ(settings.RetrieveOption("Never Written", false), "False");
+  settings.SaveOption("Other", 12);
+  EXPECT_EQ(settings.RetrieveOption("other", ""), "12");
+}
+
+TEST_F(SettingsTest, ReadsWholeKeyPathsAndTheUsersTreeUpToTheFirstNul) {
+  const RegistrySupport support(registry_);
+  support.SaveRegistryValue("Benchwell", "Help", "Directory", std::string("/docs\0junk", 10), true);
+  EXPECT_EQ(support.ReadRegistryKeyValue(RegistryRoot::HKEY_CURRENT_USER,
+                                         "Software\\VarnholtNet\\Benchwell\\Help", "Directory", ""),
+            "/docs");
+  EXPECT_EQ(support.ReadRegistryValue("Benchwell", "Help", "Directory", true, false), "True");
+}
+
+TEST_F(SettingsTest, DeleteWorksInTheMachinesTreeOnly) {
+  const RegistrySupport support(registry_);
+  for (const bool user : {true, false}) support.SaveRegistryValue("A", "S", "x", "1", user);
+  support.DeleteRegistryValue("A", "S", "x");
+  support.DeleteRegistryValue("A", "S", "x");
+  support.DeleteRegistryValue("A", "T", "x");
+  EXPECT_EQ(support.ReadRegistryValue("A", "S", "x", "", true), "1");
+  EXPECT_EQ(support.ReadRegistryValue("A", "S", "x", "", false), "");
+  EXPECT_TRUE(registry_.AllClosed());
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,171 @@
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+
+#include <fstream>
+
+#include "store/sqlite_registry.h"
+#include "store_folder.h"
+
+namespace sentrel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::UnorderedElementsAre;
+constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
+constexpr auto kUser = RegistryRoot::HKEY_CURRENT_USER;
+
+std::string Bytes(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class Damage : public StoreTest {
+ protected:
+  void SetUp() override {
+    auto registry = folder_.Registry();
+    registry.BeginBatch(RegistryBatch::Write);
+    for (int i = 0; i < 200; ++i)
+      ASSERT_TRUE(SetText(registry, kMachine, "a", std::to_string(i), std::string(60, 'x')));
+    ASSERT_TRUE(SetText(registry, kUser, "a", "other file", "kept"));
+    registry.EndBatch();
+  }
+
+  std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder_.Machine().parent_path()))
+      names.push_back(entry.path().filename());
+    return names;
+  }
+  void Overwrite(std::streamoff offset, std::size_t count) {
+    std::fstream file(folder_.Machine(), std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(offset);
+    file << std::string(count, '\xA5');
+  }
+};
+
+TEST_F(Damage, SetsTheFileAsideAndBeginsAFreshOne) {
+  const std::function<void()> damages[] = {
+      [&] { Overwrite(0, 100); },                               // no database any more
+      [&] { Overwrite(4096, 3000); },                           // a damaged table
+      [&] { fs::resize_file(folder_.Machine(), 4096 + 100); },  // cut off
+  };
+  const std::string aside = "registry.db.damaged-20261205-154937";
+  for (const auto& damage : damages) {
+    damage();
+    const std::string damaged = Bytes(folder_.Machine());
+    EXPECT_TRUE(Set("x", "fresh"));
+    EXPECT_THAT(Names(), UnorderedElementsAre("registry.db", aside));
+    EXPECT_EQ(Bytes(folder_.Machine().parent_path() / aside), damaged);
+    EXPECT_EQ(Get("x") + Get("1"), "fresh-");
+    auto registry = folder_.Registry();
+    EXPECT_EQ(GetText(registry, kUser, "a", "other file"), "kept");
+    fs::remove(folder_.Machine());
+    fs::remove(folder_.Machine().parent_path() / aside);
+    SetUp();
+  }
+}
+
+TEST_F(Damage, AReadSetsAsideTooAndASecondTimeFindsAnotherName) {
+  for (int i = 0; i < 2; ++i) {
+    Overwrite(0, 100);
+    EXPECT_EQ(Get("1"), "-");
+    EXPECT_EQ(RunSql(folder_.Machine(), "PRAGMA quick_check"), "ok");
+    SetUp();
+  }
+  EXPECT_THAT(Names(), UnorderedElementsAre("registry.db", "registry.db.damaged-20261205-154937",
+                                            "registry.db.damaged-20261205-154937-2"));
+}
+
+TEST_F(Damage, OfManyProcessesThatFindItOneSetsTheFileAside) {
+  constexpr int kWriters = 6;
+  for (int round = 0; round < 10; ++round) {
+    Overwrite(0, 100);
+    for (int writer = 0; writer < kWriters; ++writer)
+      if (fork() == 0) _exit(Set(fmt::format("{}.{}", round, writer), "x") ? 0 : 1);
+    for (int status = 0; wait(&status) > 0;) EXPECT_EQ(status, 0);
+    for (int writer = 0; writer < kWriters; ++writer)
+      EXPECT_EQ(Get(fmt::format("{}.{}", round, writer)), "x");
+    EXPECT_EQ(Names().size(), static_cast<std::size_t>(round + 2));
+  }
+}
+
+TEST_F(Damage, AnOrdinaryUserLeavesTheMachinesFileAndUsesTheirOwn) {
+  Overwrite(0, 100);
+  folder_.LockMachine();
+  fs::remove_all(folder_.User().parent_path());
+  AsOrdinaryUser([&] {
+    EXPECT_EQ(Get("1"), "-");
+    EXPECT_TRUE(Set("1", "mine"));
+    EXPECT_EQ(Get("1"), "mine");
+  });
+  EXPECT_THAT(Names(), UnorderedElementsAre("registry.db"));
+}
+
+TEST_F(Damage, AnEmptyFileAndOneOfOtherTablesTakeOptions) {
+  fs::resize_file(folder_.Machine(), 0);
+  EXPECT_EQ(Get("x"), "-");
+  EXPECT_TRUE(Set("x", "1"));
+  EXPECT_EQ(Get("x"), "1");
+  RunSql(folder_.Machine(), "DROP TABLE options");
+  EXPECT_EQ(Get("x"), "-");
+  EXPECT_TRUE(Set("x", "2"));
+  EXPECT_EQ(Get("x"), "2");
+  EXPECT_THAT(Names(), UnorderedElementsAre("registry.db"));
+}
+
+TEST_F(Damage, AFullDiskLosesTheWriteAndNothingElse) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const rlimit limit{1000, 1000};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const bool done = Set("x", "new");
+    _exit(done || Get("1") != std::string(60, 'x') ? 1 : 0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(Get("x"), "-");
+  EXPECT_EQ(Get("1"), std::string(60, 'x'));
+  EXPECT_THAT(Names(), UnorderedElementsAre("registry.db"));
+}
+
+/// Leaves a transaction half written, as a process does that is killed in the middle.
+void DieWhileWriting(const fs::path& file) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const Patience none{std::chrono::milliseconds(0)};
+    Database database(file, none);
+    database.Execute("PRAGMA cache_size = 1");
+    database.Execute("BEGIN IMMEDIATE");
+    database.Execute("UPDATE options SET value = 'half written'");
+    database.Execute(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
+        "INSERT INTO options SELECT 'b', i, 'filler that makes the pages spill' FROM n");
+    raise(SIGKILL);
+  }
+  waitpid(child, nullptr, 0);
+  ASSERT_TRUE(fs::exists(file.native() + "-journal"));
+  ASSERT_NE(Bytes(file).find("half written"), std::string::npos);
+}
+
+TEST_F(Damage, AHalfWrittenFileIsRepairedByWhoeverMayWriteIt) {
+  DieWhileWriting(folder_.Machine());
+  EXPECT_EQ(Get("1"), std::string(60, 'x'));
+  EXPECT_FALSE(fs::exists(folder_.Machine().native() + "-journal"));
+}
+
+TEST_F(Damage, AnOrdinaryUserReadsAHalfWrittenFileAsItWasBefore) {
+  DieWhileWriting(folder_.Machine());
+  folder_.LockMachine();
+  fs::remove_all(folder_.User().parent_path());
+  AsOrdinaryUser([&] {
+    EXPECT_EQ(Get("1"), std::string(60, 'x'));
+    EXPECT_TRUE(Set("1", "mine"));
+    EXPECT_EQ(Get("1"), "mine");
+  });
+  EXPECT_TRUE(fs::exists(folder_.Machine().native() + "-journal"));
+}
+
+}  // namespace
+}  // namespace sentrel

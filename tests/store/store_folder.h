@@ -1,0 +1,97 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "fakes/fake_console.h"
+#include "fakes/registry_access.h"
+#include "store/database.h"
+#include "store/sqlite_registry.h"
+
+namespace sentrel {
+
+/// A folder that everybody may use and that goes with all that is in it, with the paths of a
+/// machine's and a user's file.
+class StoreFolder {
+ public:
+  StoreFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "sentrel-store-XXXXXX");
+    root_ = mkdtemp(pattern.data());
+    std::filesystem::permissions(root_, std::filesystem::perms::all);
+  }
+  ~StoreFolder() {
+    Unlock();
+    std::filesystem::remove_all(root_);
+  }
+
+  const std::filesystem::path& Root() const { return root_; }
+  std::filesystem::path Machine() const { return root_ / "machine" / "registry.db"; }
+  std::filesystem::path User() const { return root_ / "user" / "registry.db"; }
+  SqliteRegistry Registry() const { return {Machine(), User(), clock_}; }
+
+  /// Takes the machine's folder and file out of the reach of an ordinary user's writes.
+  void LockMachine() const { SetMachineAccess(0444, 0555); }
+  void Unlock() const { SetMachineAccess(0644, 0755); }
+
+ private:
+  void SetMachineAccess(unsigned file, unsigned folder) const {
+    using std::filesystem::perms;
+    std::error_code ignored;
+    std::filesystem::permissions(Machine().parent_path(), perms(0755), ignored);
+    std::filesystem::permissions(Machine(), perms(file), ignored);
+    std::filesystem::permissions(Machine().parent_path(), perms(folder), ignored);
+  }
+
+  std::filesystem::path root_;
+  FakeClock clock_;
+};
+
+/// Runs a step in a process of its own, as a user without privileges. Its standard output, as far
+/// as GoogleTest writes there, is this test's. Fails the test if an expectation fails in it.
+inline void AsOrdinaryUser(const std::function<void()>& step) {
+  const pid_t child = fork();
+  if (child == 0) {
+    constexpr uid_t kNobody = 65534;
+    if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(2);
+    step();
+    _exit(testing::Test::HasFailure() ? 1 : 0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0) << "in the process of the ordinary user";
+}
+
+/// Runs SQL on a file, as an administrator might; returns the first column of the first row.
+inline std::string RunSql(const std::filesystem::path& file, const char* sql) {
+  const Patience none{std::chrono::milliseconds(0)};
+  Database database(file, none);
+  auto rows = database.Run(sql);
+  return rows.Step() ? rows.Text() : std::string();
+}
+
+/// Works on values of one key of the machine, each time with a registry of its own.
+class StoreTest : public testing::Test {
+ protected:
+  std::string Get(const std::string& name) const {
+    auto registry = folder_.Registry();
+    return GetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name);
+  }
+  bool Set(const std::string& name, const std::string& text) const {
+    auto registry = folder_.Registry();
+    return SetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name, text);
+  }
+  bool Delete(const std::string& name) const {
+    auto registry = folder_.Registry();
+    return DeleteText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name);
+  }
+
+  StoreFolder folder_;
+};
+
+}  // namespace sentrel
