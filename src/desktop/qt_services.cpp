@@ -1,9 +1,9 @@
 #include "desktop/qt_services.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
@@ -25,11 +25,8 @@ std::string QtApplication::ExecutableName() const {
 }
 
 std::string QtApplication::LayoutFolder() const {
-  if (!stateFolder_.empty()) return stateFolder_;
-  if (QFileInfo(QCoreApplication::applicationDirPath()).isWritable()) return ProgramFolder();
-  const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-  const QString state = QDir::isAbsolutePath(named) ? named : QDir::homePath() + "/.local/state";
-  return QDir(state).filePath("sentrel").toStdString();
+  const bool writable = QFileInfo(QCoreApplication::applicationDirPath()).isWritable();
+  return writable ? ProgramFolder() : userFolder_;
 }
 
 void QtClipboard::Clear() {
@@ -69,11 +66,15 @@ bool IsReadOnly(const std::string& path) {
   return file.exists() && (!(file.permissions() & anyone) || !file.isWritable());
 }
 
+QWidget* OwnerOfNextDialog(QWidget& window) {
+  if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+  return window.isVisible() ? &window : nullptr;
+}
+
 void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::string& title) {
-  QWidget* owner = owner_.isVisible() ? &owner_ : nullptr;
   QMessageBox box(icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
                   QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
-                  QMessageBox::Ok, owner);
+                  QMessageBox::Ok, OwnerOfNextDialog(window_));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.exec();

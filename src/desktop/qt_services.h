@@ -17,15 +17,15 @@ namespace sentrel {
 
 class QtApplication : public Application {
  public:
-  /// The state folder takes the place of the one that LayoutFolder() finds, unless empty.
-  explicit QtApplication(std::string stateFolder) : stateFolder_(std::move(stateFolder)) {}
+  /// The layout folder is the program folder, or, where that cannot be written, the user's.
+  explicit QtApplication(std::string userFolder) : userFolder_(std::move(userFolder)) {}
   std::string ProgramFolder() const override;
   std::string ExecutableName() const override;
   std::string LayoutFolder() const override;
   void SetHelpFile(const std::string& path) override { helpFile_ = path; }
 
  private:
-  std::string stateFolder_;
+  std::string userFolder_;
   std::string helpFile_;
 };
 
@@ -45,14 +45,19 @@ class QtFileSystem : public FileSystem {
 /// Whether nobody may write to the file, or at least not this user. Root is kept out too.
 bool IsReadOnly(const std::string& path);
 
+/// What a dialog is to stand above: the dialog that is open, else the window; null if neither can
+/// be seen.
+QWidget* OwnerOfNextDialog(QWidget& window);
+
 class QtMessageBox : public MessageBox {
  public:
-  /// The box stands above the owner, which may be hidden and must outlive it.
-  explicit QtMessageBox(QWidget& owner) : owner_(owner) {}
+  /// The box stands above whatever dialog is open, else above the window, which may be hidden and
+  /// must outlive it.
+  explicit QtMessageBox(QWidget& window) : window_(window) {}
   void Show(const std::string& text, MessageIcon icon, const std::string& title) override;
 
  private:
-  QWidget& owner_;
+  QWidget& window_;
 };
 
 class QtTimer : public Timer {

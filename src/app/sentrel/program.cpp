@@ -6,6 +6,7 @@
 
 #include "app/folders.h"
 #include "console/globals.h"
+#include "desktop/qt_settings_form.h"
 
 namespace sentrel {
 namespace {
@@ -35,6 +36,7 @@ Program::Program(const ProgramOptions& options)
       log_(settings_, clock_, locale_, logFile_),
       window_(table_, toolBars_, statusBar_),
       messageBox_(window_),
+      fileDialog_(window_),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
@@ -52,7 +54,11 @@ Program::Program(const ProgramOptions& options)
 }
 
 Commands Program::OtherCommands() {
-  return {};
+  Commands commands;
+  commands.ShowSettingsForm = [this] {
+    QtSettingsForm(settings_, messageBox_, fileDialog_, &window_).exec();
+  };
+  return commands;
 }
 
 bool Program::Start() {

@@ -17,6 +17,7 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
+#include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
 #include "mib/library.h"
@@ -73,6 +74,7 @@ class Program {
   StatusBar statusBar_;
   QtMainWindow window_;
   QtMessageBox messageBox_;
+  QtFileDialog fileDialog_;
   QtClipboard clipboard_;
   QtFileSystem files_;
   QtTimer resetTimer_;
