@@ -30,7 +30,8 @@ SendForm::SendForm(SendFormView& view, SNMP& snmp, MessageBox& messageBox, Regis
 
 void SendForm::SendTrap(const TrapObject& trap) {
   trap_ = &trap;
-  view_.ShowModal(*this, target_, community_);
+  Form_Load();
+  view_.ShowModal();
 }
 
 void SendForm::Form_Load() {

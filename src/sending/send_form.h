@@ -11,27 +11,13 @@
 
 namespace sentrel {
 
-/// Told of what happens to the Send Trap dialog, on the event loop.
-class SendFormEvents {
- public:
-  virtual ~SendFormEvents() = default;
-  /// The dialog is made and not yet shown.
-  virtual void Form_Load() = 0;
-  /// The size of the inner area is known or has changed.
-  virtual void Form_Resize() = 0;
-  /// The dialog closes for good; comes once.
-  virtual void Form_Unload() = 0;
-  virtual void cmdSend_Click() = 0;
-  virtual void cmdCancel_Click() = 0;
-};
-
 /// The Send Trap dialog as its logic sees it. All but ShowModal is called only while that runs.
 class SendFormView {
  public:
   virtual ~SendFormView() = default;
-  /// Shows the dialog above the main window, its boxes bound to the controls, and returns when it
-  /// has closed. Events go on being handled meanwhile.
-  virtual void ShowModal(SendFormEvents& events, AutoCombo& target, AutoCombo& community) = 0;
+  /// Shows the dialog above the main window and returns when it has closed. Events go on being
+  /// handled meanwhile.
+  virtual void ShowModal() = 0;
   /// The number by which the help key finds its page.
   virtual void SetHelpContext(int number) = 0;
   virtual Area InnerArea() const = 0;
@@ -47,8 +33,9 @@ class SendFormView {
   virtual void Unload() = 0;
 };
 
-/// The logic of the dialog that asks for a host and a community and sends a trap there.
-class SendForm : public SendFormEvents {
+/// The logic of the dialog that asks for a host and a community and sends a trap there: one object
+/// for each time that the dialog is shown. No handler throws.
+class SendForm {
  public:
   /// The references must outlive the form.
   SendForm(SendFormView& view, SNMP& snmp, MessageBox& messageBox, Registry& registry);
@@ -56,13 +43,18 @@ class SendForm : public SendFormEvents {
   /// Lets the user send the trap, as often as it takes. Returns when the dialog has closed.
   void SendTrap(const TrapObject& trap);
 
-  void Form_Load() override;
-  void Form_Resize() override;
-  void Form_Unload() override;
-  void cmdSend_Click() override;
-  void cmdCancel_Click() override;
+  AutoCombo& Target() { return target_; }
+  AutoCombo& Community() { return community_; }
+
+  /// The size of the inner area is known or has changed.
+  void Form_Resize();
+  /// The dialog closes for good.
+  void Form_Unload();
+  void cmdSend_Click();
+  void cmdCancel_Click();
 
  private:
+  void Form_Load();
   std::optional<std::string> AddressOfTarget();
   void Send(const std::string& address);
   void TellThatSendFailed();
@@ -73,7 +65,7 @@ class SendForm : public SendFormEvents {
   MessageBox& messageBox_;
   AutoCombo target_;
   AutoCombo community_;
-  /// Null while no dialog is open.
+  /// Null but for the time from SendTrap to Form_Unload.
   const TrapObject* trap_ = nullptr;
 };
 

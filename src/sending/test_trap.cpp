@@ -1,7 +1,6 @@
 #include "sending/test_trap.h"
 
 #include "common/dates.h"
-#include "sending/trap_object.h"
 
 namespace sentrel {
 namespace {
@@ -26,7 +25,7 @@ void TestTrap::SendTestTrap() {
   trap.VarBinds().AddVarBind(kSnmpTrapEnterprise, kObjectIdentifier, "1.3.6.1.4.1.58213");
   trap.VarBinds().AddVarBind("1.3.6.1.4.1.58213.10.1", kOctetString,
                              "Test trap at " + FormatTime(clock_.Now(), locale_.Texts()));
-  form_.SendTrap(trap);
+  sendTrap_(trap);
 }
 
 }  // namespace sentrel

@@ -15,14 +15,9 @@ class FakeSendFormView : public SendFormView {
  public:
   explicit FakeSendFormView(CallLog& log) : log_(log) {}
 
-  void ShowModal(SendFormEvents& form, AutoCombo& targetBox, AutoCombo& communityBox) override {
-    events = &form;
-    target = &targetBox;
-    community = &communityBox;
+  void ShowModal() override {
     open = true;
-    events->Form_Load();
-    events->Form_Resize();
-    log_.Note("shown");
+    form->Form_Resize();
     user();
     if (open) Unload();
   }
@@ -43,15 +38,13 @@ class FakeSendFormView : public SendFormView {
   void Unload() override {
     open = false;
     log_.Note("Unload");
-    events->Form_Unload();
+    form->Form_Unload();
   }
 
   std::function<void()> user = [] {};
   /// What happens while pending events are handled.
   std::function<void()> pending;
-  SendFormEvents* events = nullptr;
-  AutoCombo* target = nullptr;
-  AutoCombo* community = nullptr;
+  SendForm* form = nullptr;
   int helpContext = 0;
   Area message;
   bool open = false;
@@ -63,26 +56,31 @@ class FakeSendFormView : public SendFormView {
 struct SendFormTest : testing::Test {
   /// Shows the dialog to a user and returns what was called from then on.
   std::vector<std::string> Run(const std::function<void()>& user) {
-    calls.calls.clear();
     view.user = [&, user] {
       calls.calls.clear();
       user();
     };
-    form.SendTrap(trap);
+    Show(trap);
     return calls.calls;
   }
-  void SendTo(const std::string& target, const std::string& community = "public") {
-    view.target->SetText(target);
-    view.community->SetText(community);
-    view.events->cmdSend_Click();
+  void Show(const TrapObject& object) {
+    SendForm made(view, snmp, messageBox, registry);
+    view.form = &made;
+    made.SendTrap(object);
   }
+  void SendTo(const std::string& target, const std::string& community = "public") {
+    Target().SetText(target);
+    Community().SetText(community);
+    view.form->cmdSend_Click();
+  }
+  AutoCombo& Target() { return view.form->Target(); }
+  AutoCombo& Community() { return view.form->Community(); }
 
   CallLog calls;
   FakeSendFormView view{calls};
   FakeSNMP snmp{calls};
   FakeMessageBox messageBox{calls};
   FakeRegistry registry;
-  SendForm form{view, snmp, messageBox, registry};
   TrapObject trap;
 };
 

@@ -22,8 +22,8 @@ const Calls kAfterFailure = {"MessageBox", "HideMessage", "arrow", "FocusTarget"
 TEST_F(SendFormTest, LoadsWithHelpDefaultsAndThePanelInPlace) {
   Run([&] {
     EXPECT_EQ(view.helpContext, 9100);
-    EXPECT_EQ(view.target->Text(), "");
-    EXPECT_EQ(view.community->Text(), "public");
+    EXPECT_EQ(Target().Text(), "");
+    EXPECT_EQ(Community().Text(), "public");
     EXPECT_EQ(view.message.left, 0);
     EXPECT_EQ(view.message.top, 0);
     EXPECT_EQ(view.message.width, 300);
@@ -35,20 +35,23 @@ TEST_F(SendFormTest, LoadsWithHelpDefaultsAndThePanelInPlace) {
 
 TEST_F(SendFormTest, AnEmptyTargetIsAskedFor) {
   for (const char* target : {"", "   "}) {
-    EXPECT_THAT(Run([&] { SendTo(target); }), ElementsAre("MessageBox", "FocusTarget", "Unload"));
+    EXPECT_THAT(Run([&] {
+                  SendTo(target);
+                  EXPECT_EQ(Target().Text(), "");
+                }),
+                ElementsAre("MessageBox", "FocusTarget", "Unload"));
     EXPECT_EQ(messageBox.text, "Please enter a Hostname or IP Address first.");
     EXPECT_EQ(messageBox.title, "Send Trap");
     EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
-    EXPECT_EQ(view.target->Text(), "");
   }
 }
 
 TEST_F(SendFormTest, SendsToAnAddressAsItStandsAndClosesSilently) {
   EXPECT_EQ(Run([&] { SendTo("  192.0.2.010 ", ""); }), Sending("192.0.2.010 ") + Calls{"Unload"});
   Run([&] {
-    EXPECT_EQ(view.target->Text(), "192.0.2.010");
-    EXPECT_EQ(view.community->Text(), "public") << "an empty one is filled in at load only";
-    EXPECT_THAT(view.community->History(), ElementsAre(""));
+    EXPECT_EQ(Target().Text(), "192.0.2.010");
+    EXPECT_EQ(Community().Text(), "public") << "an empty one is filled in at load only";
+    EXPECT_THAT(Community().History(), ElementsAre(""));
   });
 }
 
@@ -57,23 +60,25 @@ TEST_F(SendFormTest, ANameIsResolvedAndRemembered) {
   EXPECT_EQ(Run([&] { SendTo("noc.example", " c "); }),
             Calls{"ResolveHost noc.example"} + Sending("192.0.2.9  c ") + Calls{"Unload"});
   Run([&] {
-    EXPECT_THAT(view.target->History(), ElementsAre("noc.example"));
-    EXPECT_THAT(view.community->History(), ElementsAre(" c "));
-    EXPECT_EQ(view.target->Text(), "noc.example");
+    EXPECT_THAT(Target().History(), ElementsAre("noc.example"));
+    EXPECT_THAT(Community().History(), ElementsAre(" c "));
+    EXPECT_EQ(Target().Text(), "noc.example");
   });
 }
 
 TEST_F(SendFormTest, ATargetThatCannotBeResolvedIsNotSentTo) {
   snmp.hosts["v6only.example"] = "2001:db8::1";
   for (const char* target : {"nowhere.example", "1.2.3.256", "v6only.example"}) {
-    EXPECT_THAT(Run([&] { SendTo(target); }),
+    EXPECT_THAT(Run([&] {
+                  SendTo(target);
+                  EXPECT_EQ(Target().Text(), target);
+                }),
                 ElementsAre("ResolveHost " + std::string(target), "MessageBox", "Unload"));
     EXPECT_EQ(messageBox.title, "Send Trap");
     EXPECT_EQ(messageBox.text,
               "SNMP Sentrel was unable to complete the request. Ensure you specified the "
               "appropriate hostname, IP address, community string, and that your firewall allows "
               "SNMP traffic.");
-    EXPECT_EQ(view.target->Text(), target);
   }
   EXPECT_EQ(registry.changes, 0);
 }
@@ -98,19 +103,19 @@ TEST_F(SendFormTest, AFailureIsToldAndTheSameTrapCanBeSentAgain) {
   });
   EXPECT_EQ(made, Sending("192.0.2.1 public") + kAfterFailure + Sending("192.0.2.1 public") +
                       kAfterFailure + Sending("192.0.2.2 public") + Calls{"Unload"});
-  Run([&] { EXPECT_THAT(view.target->History(), ElementsAre("192.0.2.2")); });
+  Run([&] { EXPECT_THAT(Target().History(), ElementsAre("192.0.2.2")); });
 }
 
 TEST_F(SendFormTest, CancelSendsAndRemembersNothing) {
   snmp.sendResult = 1;
   EXPECT_THAT(Run([&] {
-                view.target->SetText("192.0.2.1");
-                view.events->cmdCancel_Click();
+                Target().SetText("192.0.2.1");
+                view.form->cmdCancel_Click();
               }),
               ElementsAre("Unload"));
   Run([&] {
     SendTo("192.0.2.1");
-    view.events->cmdCancel_Click();
+    view.form->cmdCancel_Click();
   });
   EXPECT_EQ(registry.changes, 0);
 }

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 struct TestTrapTest : SendFormTest {
   FakeClock clock;
   FakeLocale locale;
-  TestTrap command{snmp, clock, locale, form};
+  TestTrap command{snmp, clock, locale, [this](const TrapObject& made) { Show(made); }};
 };
 
 TEST_F(TestTrapTest, HasItsFourBindingsAndTheTimeOfTheCommand) {
