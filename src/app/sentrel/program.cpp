@@ -6,6 +6,7 @@
 
 #include "app/folders.h"
 #include "console/globals.h"
+#include "desktop/qt_send_form.h"
 #include "desktop/qt_settings_form.h"
 
 namespace sentrel {
@@ -20,7 +21,8 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
           .port_helper = application.ProgramFolder() + "/sentrel-port",
           .state_folder = root ? options.machineFolder : options.userFolder,
           .configuration_path = "",
-          .queue = {}};
+          .queue = {},
+          .send_port = options.sendPort};
 }
 
 }  // namespace
@@ -44,6 +46,8 @@ Program::Program(const ProgramOptions& options)
       toggles_(settings_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
+      savedTrap_(table_, fileDialog_, listener_, trapWriter_),
+      testTrap_(listener_, clock_, locale_, [this](const TrapObject& trap) { ShowSendForm(trap); }),
       mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }) {
@@ -58,7 +62,13 @@ Commands Program::OtherCommands() {
   commands.ShowSettingsForm = [this] {
     QtSettingsForm(settings_, messageBox_, fileDialog_, &window_).exec();
   };
+  commands.SaveSelectedTrap = [this] { savedTrap_.SaveSelectedTrap(); };
+  commands.SendTestTrap = [this] { testTrap_.SendTestTrap(); };
   return commands;
+}
+
+void Program::ShowSendForm(const TrapObject& trap) {
+  QtSendForm(listener_, messageBox_, registry_, &window_).SendTrap(trap);
 }
 
 bool Program::Start() {

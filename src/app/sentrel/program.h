@@ -6,6 +6,7 @@
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
 #include "console/row_builder.h"
+#include "console/saved_trap.h"
 #include "console/table_commands.h"
 #include "console/toggles.h"
 #include "console/tool_dispatch.h"
@@ -20,7 +21,9 @@
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "documents/trap_document.h"
 #include "mib/library.h"
+#include "sending/test_trap.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
 #include "store/posix_log_file.h"
@@ -33,6 +36,8 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
+  /// UDP port to send traps to.
+  std::uint16_t sendPort = 162;
   /// Where what outlives a run is kept.
   std::filesystem::path machineFolder = MachineStateFolder();
   std::filesystem::path userFolder = UserStateFolder();
@@ -55,6 +60,7 @@ class Program {
 
  private:
   bool AdoptMibs();
+  void ShowSendForm(const TrapObject& trap);
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
@@ -85,6 +91,9 @@ class Program {
   Toggles toggles_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;
+  TrapDocumentWriter trapWriter_;
+  SavedTrapCommand savedTrap_;
+  TestTrap testTrap_;
   MainForm mainForm_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
