@@ -6,6 +6,7 @@
 
 #include "app/folders.h"
 #include "console/globals.h"
+#include "desktop/qt_send_form.h"
 #include "desktop/qt_settings_form.h"
 
 namespace sentrel {
@@ -34,7 +35,8 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
           .port_helper = application.ProgramFolder() + "/sentrel-port",
           .state_folder = folder,
           .configuration_path = "",
-          .queue = {}};
+          .queue = {},
+          .send_port = options.sendPort};
 }
 
 }  // namespace
@@ -61,6 +63,8 @@ Program::Program(const ProgramOptions& options)
       toggles_(settings_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
+      savedTrap_(table_, fileDialog_, listener_, trapWriter_),
+      testTrap_(listener_, clock_, locale_, [this](const TrapObject& trap) { ShowSendForm(trap); }),
       mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }) {
@@ -78,7 +82,13 @@ Commands Program::OtherCommands() {
   commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
   commands.PrintTraps = [this] { trapExport_.PrintTraps(); };
   commands.PreviewTraps = [this] { trapExport_.PreviewTraps(); };
+  commands.SaveSelectedTrap = [this] { savedTrap_.SaveSelectedTrap(); };
+  commands.SendTestTrap = [this] { testTrap_.SendTestTrap(); };
   return commands;
+}
+
+void Program::ShowSendForm(const TrapObject& trap) {
+  QtSendForm(listener_, messageBox_, registry_, &window_).SendTrap(trap);
 }
 
 bool Program::Start() {

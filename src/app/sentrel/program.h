@@ -6,6 +6,7 @@
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
 #include "console/row_builder.h"
+#include "console/saved_trap.h"
 #include "console/table_commands.h"
 #include "console/toggles.h"
 #include "console/tool_dispatch.h"
@@ -22,8 +23,10 @@
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "documents/trap_document.h"
 #include "export/trap_export.h"
 #include "mib/library.h"
+#include "sending/test_trap.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
 #include "store/posix_log_file.h"
@@ -36,6 +39,8 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
+  /// UDP port to send traps to.
+  std::uint16_t sendPort = 162;
   /// Where what outlives a run is kept.
   std::filesystem::path machineFolder = MachineStateFolder();
   std::filesystem::path userFolder = UserStateFolder();
@@ -58,6 +63,7 @@ class Program {
 
  private:
   bool AdoptMibs();
+  void ShowSendForm(const TrapObject& trap);
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
@@ -93,6 +99,9 @@ class Program {
   Toggles toggles_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;
+  TrapDocumentWriter trapWriter_;
+  SavedTrapCommand savedTrap_;
+  TestTrap testTrap_;
   MainForm mainForm_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
