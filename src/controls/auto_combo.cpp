@@ -12,10 +12,9 @@ void AutoCombo::SetText(const std::string& text) {
   Changed();
 }
 
-void AutoCombo::AddToHistory(const std::string& text) {
-  const std::string newest = text;
-  std::erase(history_, newest);
-  history_.insert(history_.begin(), newest);
+void AutoCombo::AddToHistory(std::string text) {
+  std::erase(history_, text);
+  history_.insert(history_.begin(), std::move(text));
   history_.resize(std::min(history_.size(), kRemembered));
   Changed();
 }

@@ -33,7 +33,7 @@ class AutoCombo {
   /// Newest first, each text once.
   const std::vector<std::string>& History() const { return history_; }
   /// Puts the text first; the oldest goes when there are too many.
-  void AddToHistory(const std::string& text);
+  void AddToHistory(std::string text);
   /// Takes the stored history, and its newest text, or none, into the edit box.
   void LoadHistory();
   void SaveHistory();

@@ -15,6 +15,9 @@ class QtAutoCombo : public QComboBox {
   explicit QtAutoCombo(AutoCombo& combo, QWidget* parent = nullptr);
   ~QtAutoCombo() override;
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void ShowState();
 

@@ -235,7 +235,7 @@ TEST_F(RememberingDialog, WhatIsTypedIsSentWhateverIsOffered) {
     EXPECT_TRUE(Box("Target").completer()->popup()->isVisible());
     QTest::keyClicks(Box("Target").completer()->popup(), ".1");
     QTest::keyClick(Box("Target").completer()->popup(), Qt::Key_Return);
-    if (form->isVisible()) QTest::keyClick(Box("Target").lineEdit(), Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible()) << "one Enter is enough";
   });
   EXPECT_THAT(calls.calls, ElementsAre("SendTrap 192.0.2.1 public"));
   Use([&] {
