@@ -40,10 +40,10 @@ struct SendDialog : testing::Test {
     form = &shown;
     bool used = false;
     QTimer::singleShot(0, &shown, [&] {
-      ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+      EXPECT_TRUE(QTest::qWaitForWindowActive(form));
       user();
       used = true;
-      if (form->isVisible()) QTest::keyClick(form, Qt::Key_Escape);
+      if (form->isVisible()) shown.reject();
     });
     shown.SendTrap(trap);
     EXPECT_TRUE(used);
