@@ -68,7 +68,8 @@ bool IsReadOnly(const std::string& path) {
 void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::string& title) {
   QWidget* owner = owner_.isVisible() ? &owner_ : nullptr;
   QMessageBox box(icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
-                  QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
+                  QString::fromStdString(title),
+                  QString::fromStdString(text).replace("\r\n", "\n").replace('\r', '\n'),
                   QMessageBox::Ok, owner);
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -101,7 +102,10 @@ SystemLocale::SystemLocale() {
   for (int month = 1; month <= 12; ++month) {
     QString name = locale.monthName(month, QLocale::ShortFormat);
     if (name.endsWith('.')) name.chop(1);
-    if (!name.isEmpty()) texts_.months[static_cast<size_t>(month - 1)] = name.toStdString();
+    const auto place = static_cast<size_t>(month - 1);
+    if (!name.isEmpty()) texts_.months[place] = name.toStdString();
+    const QString fullName = locale.standaloneMonthName(month, QLocale::LongFormat);
+    if (!fullName.isEmpty()) texts_.fullMonths[place] = fullName.toStdString();
   }
   texts_.am = locale.amText().toStdString();
   texts_.pm = locale.pmText().toStdString();
