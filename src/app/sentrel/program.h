@@ -17,10 +17,17 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
+#include "desktop/qt_about_dialog.h"
+#include "desktop/qt_browser.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "desktop/qt_tip_dialog.h"
 #include "mib/library.h"
+#include "program_file/elf_version_reader.h"
 #include "settings/settings.h"
+#include "shell/about_box.h"
+#include "shell/help_benchwell.h"
+#include "shell/tip_of_the_day.h"
 #include "snmp/net_snmp_listener.h"
 #include "store/posix_log_file.h"
 #include "store/sqlite_registry.h"
@@ -84,6 +91,14 @@ class Program {
   ToolbarLayout layout_;
   TableCommands tableCommands_;
   MainForm mainForm_;
+  QtBrowserFactory browsers_;
+  Help_Benchwell help_;
+  HelpKey helpKey_;
+  ElfVersionReader versions_;
+  QtAboutDialogFactory aboutDialogs_;
+  AboutBox about_;
+  QtTipDialogFactory tipDialogs_;
+  TipOfTheDay tips_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
 };
