@@ -67,6 +67,7 @@ QListWidget* List(SettingsList control, const QString& accessibleName) {
 
 QPushButton* RemoveButton(SettingsButton control, QListWidget* list) {
   auto* button = Button(control, "Remove Selected Filter");
+  button->setMinimumWidth(button->sizeHint().width() + 2 * kGroupSpacing);
   button->setEnabled(false);
   auto* deleteKey = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
   QObject::connect(deleteKey, &QShortcut::activated, button, &QPushButton::click);

@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QAction>
+#include <QCheckBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace sentrel {
 namespace {
@@ -72,6 +76,24 @@ TEST_F(ProgramTest, ABlockedEventLoopCostsNoTrapAndNoAnswer) {
   EXPECT_EQ(process.exitCode(), 0);
   EXPECT_EQ(program.Traps().Rows(), 1);
   AwaitRows(2);
+}
+
+TEST_F(ProgramTest, TrapsUnderTheOpenSettingsDialogMeetTheOldFilters) {
+  const QStringList coldStart = {"", "1.3.6.1.6.3.1.1.5.1"};
+  QTimer::singleShot(0, &program.Window(), [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_TRUE(dialog && dialog->objectName() == "SettingsForm");
+    dialog->findChild<QCheckBox*>("checkCommunity")->click();
+    EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-cprivate"}, coldStart), 0);
+    AwaitRows(2);
+    QTest::mouseClick(dialog->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+  });
+  program.Window().findChild<QAction*>("Main:Settings")->trigger();
+  EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-cprivate"}, coldStart), 0);
+  EXPECT_EQ(Send(SNMPTRAP, kV2, coldStart), 0);
+  AwaitRows(3);
+  EXPECT_EQ(Cell(1, 2), "public");
+  EXPECT_EQ(Cell(2, 2), "private");
 }
 
 TEST_F(ProgramTest, ClosingTheWindowStopsTheListener) {
