@@ -85,6 +85,11 @@ void QtSendForm::done(int result) {
   form_.Form_Unload();
 }
 
+void QtSendForm::ShowModal() {
+  FocusTarget();
+  exec();
+}
+
 void QtSendForm::SetHelpContext(int number) {
   setProperty("helpContext", number);
 }

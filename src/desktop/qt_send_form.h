@@ -28,7 +28,7 @@ class QtSendForm : public QDialog, private SendFormView {
  private:
   void LayOut();
 
-  void ShowModal() override { exec(); }
+  void ShowModal() override;
   void SetHelpContext(int number) override;
   Area InnerArea() const override;
   void FocusTarget() override;
