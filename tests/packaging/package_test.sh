@@ -61,7 +61,7 @@ scripts postrm purge
 
 # The program, started as the desktop does.
 ip link set lo up
-export QT_QPA_PLATFORM=offscreen HOME=$work/home PATH=$root/usr/bin:$PATH
+export QT_QPA_PLATFORM=offscreen HOME=$work/home SNMP_PERSISTENT_DIR=$work/home PATH=$root/usr/bin:$PATH
 mkdir "$HOME"
 "$root/usr/bin/sentrel-mib" lookup 1.3.6.1.6.3.1.1.5.3 | grep -q linkDown || fail "no names"
 command=$(sed -n 's/^Exec=//p' "$root/usr/share/applications/sentrel.desktop")
@@ -72,5 +72,9 @@ snmpinform -v2c -c public -r 0 -t 5 127.0.0.1 '' 1.3.6.1.6.3.1.1.5.1 || fail "no
 kill -TERM $sentrel
 wait $sentrel || fail "SIGTERM is no clean end"
 sentrel=
-[ -z "$(find "$root" -newer "$work/control" -type f)" ] || fail "the program writes beside itself"
+# Root's toolbar layout lies beside the program.
+left() { find "$root" -newer "$work/control" -type f; }
+[ "$(left)" = "$root/usr/lib/sentrel/Sentrel.Toolbars" ] || fail "the program leaves behind: $(left)"
+scripts postrm remove
+[ -z "$(left)" ] || fail "removal leaves behind: $(left)"
 echo PASSED
