@@ -100,7 +100,7 @@ void HelpWindow::SearchEntered() {
 
 void HelpWindow::PageChanged() {
   setWindowTitle(view_->documentTitle() + " - Sentrel Help");
-  view_->Mark(search_->text());
+  view_->Mark(view_->source().isLocalFile() ? search_->text() : QString());
 }
 
 void HelpWindow::Print() {
