@@ -90,6 +90,7 @@ std::vector<HelpHit> SearchHelp(const QString& folder, const QString& words) {
     return a.inTitle != b.inTitle ? a.inTitle : a.count > b.count;
   });
   std::vector<HelpHit> hits;
+  hits.reserve(ranked.size());
   for (RankedHit& hit : ranked) hits.push_back(std::move(hit.hit));
   return hits;
 }

@@ -61,7 +61,7 @@ QString HelpView::HitPage(const QString& words) const {
   const QString shown = words.toHtmlEscaped();
   QString page = "<html><head><title>Search</title></head><body><h1>" + shown + "</h1>";
   page += hits.empty() ? QString("<p>No page has all of these words.</p>")
-                       : QString("<p>%1 of the pages</p>").arg(hits.size());
+                       : QString("<p>Pages with these words: %1</p>").arg(hits.size());
   for (const HelpHit& hit : hits) {
     page += QString("<p><a href=\"%1\">%2</a><br/>%3</p>")
                 .arg(QUrl::fromLocalFile(hit.file).toString(QUrl::FullyEncoded).toHtmlEscaped(),

@@ -98,9 +98,9 @@ void HelpWindow::SearchEntered() {
   }
 }
 
-void HelpWindow::PageChanged() {
+void HelpWindow::PageChanged(const QUrl& page) {
   setWindowTitle(view_->documentTitle() + " - Sentrel Help");
-  view_->Mark(search_->text());
+  view_->Mark(page.isLocalFile() ? search_->text() : QString());
 }
 
 void HelpWindow::Print() {

@@ -21,7 +21,7 @@ class HelpWindow : public QMainWindow {
   QAction* AddTool(const char* name, const char* iconId, const QString& caption,
                    const QKeySequence& keys);
   void SearchEntered();
-  void PageChanged();
+  void PageChanged(const QUrl& page);
   void Print();
 
   HelpView* view_;

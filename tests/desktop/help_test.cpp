@@ -128,11 +128,11 @@ TEST_F(HelpWindowTest, ListsWhereTheWordsStandAndMarksThem) {
   auto* search = Window()->findChild<QLineEdit*>("Search");
   QTest::keyClicks(search, "filter");
   QTest::keyClick(search, Qt::Key_Return);
-  EXPECT_TRUE(View().toPlainText().contains("2 of the pages"));
+  EXPECT_TRUE(View().toPlainText().contains("Pages with these words: 2"));
   View().setSource(QUrl::fromLocalFile(folder.filePath("one.html")));
   EXPECT_EQ(View().extraSelections().size(), 2);
   Choose("Back");
-  EXPECT_TRUE(View().toPlainText().contains("2 of the pages"));
+  EXPECT_TRUE(View().toPlainText().contains("Pages with these words: 2"));
 
   search->clear();
   QTest::keyClicks(search, "<b>& \"?#%41");
