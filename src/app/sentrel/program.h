@@ -22,6 +22,7 @@
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "export/stored_export_memory.h"
 #include "export/trap_export.h"
 #include "mib/library.h"
 #include "settings/settings.h"
@@ -82,7 +83,7 @@ class Program {
   QtFileSystem files_;
   QtPrinters printers_;
   QtMousePointer mousePointer_;
-  RunExportMemory exportMemory_;
+  StoredExportMemory exportMemory_;
   QtEngineFactory exportEngines_;
   TrapExport trapExport_;
   QtTimer resetTimer_;
