@@ -54,6 +54,7 @@ Program::Program(const ProgramOptions& options)
       messageBox_(window_),
       fileDialog_(window_),
       mousePointer_(window_),
+      exportMemory_(registry_),
       exportEngines_({window_, clock_, locale_, messageBox_, exportMemory_}),
       trapExport_(table_, mousePointer_, {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),

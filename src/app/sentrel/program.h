@@ -27,6 +27,7 @@
 #include "desktop/qt_services.h"
 #include "desktop/qt_tip_dialog.h"
 #include "documents/trap_document.h"
+#include "export/stored_export_memory.h"
 #include "export/trap_export.h"
 #include "mib/library.h"
 #include "program_file/elf_version_reader.h"
@@ -95,7 +96,7 @@ class Program {
   QtFileSystem files_;
   QtPrinters printers_;
   QtMousePointer mousePointer_;
-  RunExportMemory exportMemory_;
+  StoredExportMemory exportMemory_;
   QtEngineFactory exportEngines_;
   TrapExport trapExport_;
   QtTimer resetTimer_;
