@@ -71,19 +71,20 @@ class Resolver {
 };
 
 Catalog Resolver::Run() {
+  size_t definitions = 0;
+  for (const Module& module : modules_) definitions += module.definitions.size();
+  catalog_.tree.Reserve(base_.Nodes().size() + definitions);
   AddBase();
   ImportResolver importResolver(modules_, base_);
   imports_ = importResolver.ResolveAll();
   for (FileMessage& message : importResolver.TakeMessages()) {
     messages_.push_back(std::move(message));
   }
-  size_t definitions = catalog_.entries.size();
   for (const Module& module : modules_) {
     nodeOf_.emplace_back(module.definitions.size(), kUnset);
     typeOf_.emplace_back(module.definitions.size(), kUnset);
-    definitions += module.definitions.size();
   }
-  catalog_.entries.reserve(definitions);
+  catalog_.entries.reserve(catalog_.entries.size() + definitions);
   for (std::uint32_t m = 0; m < modules_.size(); ++m) AddModule(m);
   catalog_.names.resize(catalog_.tree.Nodes().size(), kNothing);
   return std::move(catalog_);
