@@ -88,7 +88,10 @@ class BreadthFirst {
     records.reserve(tree_.size());
     placeOf.resize(tree_.size());
     order_.push_back(OidTree::kRoot);
-    for (size_t i = 0; i < order_.size(); ++i) Append(order_[i], catalog.names[order_[i]]);
+    while (records.size() < order_.size()) {
+      const std::uint32_t node = order_[records.size()];
+      Append(node, catalog.names[node]);
+    }
     for (format::NodeRecord& record : records) record.parent = placeOf[record.parent];
   }
 
