@@ -24,8 +24,14 @@ constexpr std::uint32_t kRuleColor = 0x6464FF;
 
 }  // namespace
 
-MainForm::MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox)
-    : window_(window), table_(table), snmp_(snmp), messageBox_(messageBox) {}
+MainForm::MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox,
+                   Toggles& toggles, ToolbarLayout& layout)
+    : window_(window),
+      table_(table),
+      snmp_(snmp),
+      messageBox_(messageBox),
+      toggles_(toggles),
+      layout_(layout) {}
 
 void MainForm::Show() {
   Form_Load();
@@ -35,7 +41,9 @@ void MainForm::Show() {
 void MainForm::Form_Load() {
   window_.SetCaption("SNMP Sentrel");
   window_.SetHelpContext(kHelpContext);
+  layout_.LoadToolbarLayout();
   SetupTable();
+  toggles_.UpdateRawTool();
   if (snmp_.StartListening() <= 0) return;
   TellThatReceptionFailed();
   window_.Unload();
@@ -77,6 +85,7 @@ void MainForm::Form_Resize() {
 void MainForm::Form_Unload() {
   Attempt([&] { snmp_.StopListening(); });
   Attempt([&] { snmp_.CloseListener(); });
+  Attempt([&] { layout_.SaveToolbarLayout(); });
 }
 
 }  // namespace sentrel

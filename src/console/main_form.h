@@ -1,5 +1,7 @@
 #pragma once
 
+#include "console/toggles.h"
+#include "console/toolbar_layout.h"
 #include "controls/table.h"
 #include "platform/main_window.h"
 #include "platform/message_box.h"
@@ -13,7 +15,8 @@ inline constexpr int kHelpContext = 9100;
 /// The main window's logic: load, layout of the table, shut-down.
 class MainForm : public MainWindowEvents {
  public:
-  MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox);
+  MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox, Toggles& toggles,
+           ToolbarLayout& layout);
 
   /// Loads the window and shows it. Throws Failure when traps cannot be received; the user has been
   /// told by then and the window is unloaded.
@@ -33,6 +36,8 @@ class MainForm : public MainWindowEvents {
   Table& table_;
   SNMP& snmp_;
   MessageBox& messageBox_;
+  Toggles& toggles_;
+  ToolbarLayout& layout_;
 };
 
 }  // namespace sentrel

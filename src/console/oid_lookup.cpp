@@ -15,7 +15,9 @@ namespace {
 /// What the MIB library answers for a number that has no name.
 constexpr std::string_view kUnnamed = "unknown(0)";
 
-bool IsOID(std::string_view text) { return text.starts_with("1.3."); }
+bool IsOID(std::string_view text) {
+  return text.starts_with("1.3.");
+}
 
 void CutInstanceZero(std::string& name) {
   if (name.ends_with(".0")) name.resize(name.size() - 2);

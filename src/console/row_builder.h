@@ -21,8 +21,9 @@ class RowBuilder {
   RowBuilder(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
              const Locale& locale, OidLookup& lookup, TrapLog& log);
 
-  /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond kMostTraps and keeps the selection on the same
-  /// traps. Painting is off meanwhile and on again afterwards, also after a failure.
+  /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond
+  /// kMostTraps and keeps the selection on the same traps. Painting is off meanwhile and on again
+  /// afterwards, also after a failure.
   void AddTrap(const Trap& trap);
 
  private:

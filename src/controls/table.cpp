@@ -69,6 +69,29 @@ void Table::SetColSel(int col) {
   Changed();
 }
 
+TableSelection Table::GetSelection() const {
+  const auto [firstRow, lastRow] = std::minmax(row_, rowSel_);
+  const auto [firstCol, lastCol] = std::minmax(col_, colSel_);
+  return {firstRow, firstCol, lastRow, lastCol};
+}
+
+std::string Table::Clip() const {
+  const TableSelection selection = GetSelection();
+  std::string clip;
+  for (int row = selection.firstRow; row <= selection.lastRow; ++row) {
+    if (row > selection.firstRow) clip += '\r';
+    for (int col = selection.firstCol; col <= std::min(selection.lastCol, Cols() - 1); ++col) {
+      if (col > selection.firstCol) clip += '\t';
+      clip += Cell(row, col);
+    }
+  }
+  return clip;
+}
+
+void Table::MouseDown(int button, int shift, int x, int y) {
+  if (events_) events_->Table_MouseDown(button, shift, x, y);
+}
+
 void Table::SetWholeRows(bool wholeRows) {
   wholeRows_ = wholeRows;
   KeepSelectionInside();
@@ -132,6 +155,8 @@ void Table::AddItem(const std::string& text, int index) {
 void Table::RemoveItem(int index) {
   Require("row", index, 1, Rows());
   rows_.erase(rows_.begin() + index);
+  if (row_ > index) --row_;
+  if (rowSel_ > index) --rowSel_;
   KeepSelectionInside();
   if (observer_) observer_->RowRemoved(index);
   Changed();

@@ -20,7 +20,24 @@ class TableObserver {
   virtual void TableChanged() = 0;
 };
 
+/// Told of what the user does with a Table, on the event loop. Must not throw.
+class TableEvents {
+ public:
+  virtual ~TableEvents() = default;
+  /// A mouse button was pressed on the table: 1 left, 2 right, 4 middle. `shift` adds 1 for Shift,
+  /// 2 for Ctrl and 4 for Alt; the place is in the table's own units.
+  virtual void Table_MouseDown(int button, int shift, int x, int y) = 0;
+};
+
 enum class Alignment { Left = 1, Center = 4 };
+
+/// A rectangle of cells.
+struct TableSelection {
+  int firstRow = 0;
+  int firstCol = 0;
+  int lastRow = 0;
+  int lastCol = 0;
+};
 
 /// A grid of texts whose row 0 is the header. It holds rows, sizes and the selection, and knows no
 /// toolkit: a view paints from it. Used on the event loop only.
@@ -34,6 +51,11 @@ class Table {
 
   /// At most one observer, which must outlive the table or be taken away with nullptr.
   void SetObserver(TableObserver* observer) { observer_ = observer; }
+
+  /// Must outlive the table or be taken away with nullptr.
+  void SetEvents(TableEvents* events) { events_ = events; }
+  /// The view says that a button was pressed; see TableEvents.
+  void MouseDown(int button, int shift, int x, int y);
 
   /// Number of rows, the header included. Writing a smaller number drops the last rows; the header
   /// stays.
@@ -56,6 +78,10 @@ class Table {
   void SetRowSel(int row);
   int ColSel() const { return colSel_; }
   void SetColSel(int col);
+  /// The selection, sorted so that first is not greater than last.
+  TableSelection GetSelection() const;
+  /// The text of the selection: a tab between the cells of a row, a carriage return between rows.
+  std::string Clip() const;
   /// Whether a selection always spans all columns.
   bool WholeRows() const { return wholeRows_; }
   void SetWholeRows(bool wholeRows);
@@ -85,7 +111,8 @@ class Table {
 
   /// Inserts a row at the index, 1 to Rows(). The text holds its cells, separated by tabs.
   void AddItem(const std::string& text, int index);
-  /// Removes the row at the index, 1 to Rows() - 1; the rows below move up by one.
+  /// Removes the row at the index, 1 to Rows() - 1; the rows below move up by one, and with them
+  /// the ends of the selection that lie there.
   void RemoveItem(int index);
 
  private:
@@ -108,6 +135,7 @@ class Table {
   void Changed();
 
   TableObserver* observer_ = nullptr;
+  TableEvents* events_ = nullptr;
   std::deque<RowContent> rows_;
   std::vector<Column> columns_;
   std::uint64_t lastVersion_ = 0;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QScreen>
 #include <QStatusBar>
 
@@ -14,18 +15,46 @@ static void LoadResources() {
 }
 
 namespace sentrel {
+namespace {
 
-QtMainWindow::QtMainWindow(Table& table)
-    : inner_(new QWidget(this)), view_(new TableView(table, inner_)) {
+constexpr int kStatusMargin = 4;
+
+}  // namespace
+
+QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
+    : table_(table),
+      status_(status),
+      inner_(new QWidget(this)),
+      view_(new TableView(table, inner_)) {
   LoadResources();
+  tools_ = new QtToolBars(toolBars, *this);
   setObjectName("MainForm");
-  setWindowIcon(QIcon(":/icons/sentrel.svg"));
+  QApplication::setWindowIcon(QIcon(":/icons/sentrel.svg"));
   setCentralWidget(inner_);
   inner_->installEventFilter(this);
   statusBar()->setObjectName("StatusBar");
+  auto* statusText = new QLabel;
+  statusText->setContentsMargins(kStatusMargin, 0, 0, 0);
+  statusBar()->addWidget(statusText, 1);
+  status_.SetObserver([this] { ShowStatus(); });
+  connect(view_, &TableView::MenuKeyPressed, this, &QtMainWindow::PressRightButtonAt);
   const QSize room = screen()->availableSize();
   resize(QSize(1100, 640).boundedTo(room));
   view_->setFocus();
+}
+
+QtMainWindow::~QtMainWindow() {
+  status_.SetObserver(nullptr);
+}
+
+void QtMainWindow::ShowStatus() {
+  statusBar()->findChild<QLabel*>()->setText(QString::fromStdString(status_.Text()));
+}
+
+void QtMainWindow::PressRightButtonAt(const QPoint& place) {
+  tools_->SetPopupPlace(view_->viewport()->mapToGlobal(place));
+  table_.MouseDown(TableView::kRightButton, 0, place.x(), place.y());
+  tools_->SetPopupPlace(std::nullopt);
 }
 
 void QtMainWindow::SetCaption(const std::string& caption) {

@@ -2,16 +2,21 @@
 
 #include <QMainWindow>
 
+#include "controls/status_bar.h"
+#include "controls/tool_bars.h"
+#include "desktop/qt_tool_bars.h"
 #include "desktop/table_view.h"
 #include "platform/main_window.h"
 
 namespace sentrel {
 
-/// The main window on the screen: the table above a status bar.
+/// The main window on the screen: menus and toolbar, the table, the status bar.
 class QtMainWindow : public QMainWindow, public MainWindow {
   Q_OBJECT
  public:
-  explicit QtMainWindow(Table& table);
+  /// The controls must outlive the window.
+  QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status);
+  ~QtMainWindow() override;
 
   /// Must outlive the window.
   void SetEvents(MainWindowEvents& events) { events_ = &events; }
@@ -32,9 +37,15 @@ class QtMainWindow : public QMainWindow, public MainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void ShowStatus();
+  void PressRightButtonAt(const QPoint& place);
+
+  Table& table_;
+  StatusBar& status_;
   MainWindowEvents* events_ = nullptr;
   QWidget* inner_;
   TableView* view_;
+  QtToolBars* tools_ = nullptr;
   bool unloaded_ = false;
 };
 

@@ -1,9 +1,18 @@
 #include "desktop/qt_services.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QMessageBox>
+#include <QMimeData>
 #include <ctime>
+#include <memory>
+
+#include "common/failure.h"
 
 namespace sentrel {
 
@@ -11,11 +20,61 @@ std::string QtApplication::ProgramFolder() const {
   return QCoreApplication::applicationDirPath().toStdString();
 }
 
+std::string QtApplication::ExecutableName() const {
+  return QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName().toStdString();
+}
+
+std::string QtApplication::LayoutFolder() const {
+  const bool writable = QFileInfo(QCoreApplication::applicationDirPath()).isWritable();
+  return writable ? ProgramFolder() : userFolder_;
+}
+
+void QtClipboard::Clear() {
+  QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::SetText(const std::string& text, const std::string& html) {
+  auto content = std::make_unique<QMimeData>();
+  content->setText(QString::fromStdString(text));
+  content->setHtml(QString::fromStdString(html));
+  QGuiApplication::clipboard()->setMimeData(content.release());
+}
+
+bool QtFileSystem::Exists(const std::string& path) const {
+  return QFileInfo::exists(QString::fromStdString(path));
+}
+
+LocalTime QtFileSystem::CreatedAt(const std::string& path) const {
+  const QFileInfo file(QString::fromStdString(path));
+  const QDateTime born = file.birthTime();
+  const QDateTime created = born.isValid() ? born : file.lastModified();
+  if (!created.isValid()) throw Failure("There is no date of the file " + path + ".");
+  const QDate date = created.date();
+  const QTime time = created.time();
+  return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+}
+
+void QtFileSystem::Delete(const std::string& path) {
+  if (IsReadOnly(path) || !QFile::remove(QString::fromStdString(path))) {
+    throw Failure("The file " + path + " cannot be deleted.");
+  }
+}
+
+bool IsReadOnly(const std::string& path) {
+  constexpr auto anyone = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+  const QFileInfo file(QString::fromStdString(path));
+  return file.exists() && (!(file.permissions() & anyone) || !file.isWritable());
+}
+
+QWidget* OwnerOfNextDialog(QWidget& window) {
+  if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+  return window.isVisible() ? &window : nullptr;
+}
+
 void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::string& title) {
-  QWidget* owner = owner_.isVisible() ? &owner_ : nullptr;
   QMessageBox box(icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
                   QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
-                  QMessageBox::Ok, owner);
+                  QMessageBox::Ok, OwnerOfNextDialog(window_));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.exec();

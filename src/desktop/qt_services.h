@@ -4,8 +4,11 @@
 #include <QWidget>
 #include <functional>
 #include <string>
+#include <utility>
 
+#include "platform/clipboard.h"
 #include "platform/clock.h"
+#include "platform/file_system.h"
 #include "platform/main_window.h"
 #include "platform/message_box.h"
 #include "platform/timer.h"
@@ -14,21 +17,47 @@ namespace sentrel {
 
 class QtApplication : public Application {
  public:
+  /// The layout folder is the program folder, or, where that cannot be written, the user's.
+  explicit QtApplication(std::string userFolder) : userFolder_(std::move(userFolder)) {}
   std::string ProgramFolder() const override;
+  std::string ExecutableName() const override;
+  std::string LayoutFolder() const override;
   void SetHelpFile(const std::string& path) override { helpFile_ = path; }
 
  private:
+  std::string userFolder_;
   std::string helpFile_;
 };
 
+class QtClipboard : public Clipboard {
+ public:
+  void Clear() override;
+  void SetText(const std::string& text, const std::string& html) override;
+};
+
+class QtFileSystem : public FileSystem {
+ public:
+  bool Exists(const std::string& path) const override;
+  LocalTime CreatedAt(const std::string& path) const override;
+  void Delete(const std::string& path) override;
+};
+
+/// Whether nobody may write to the file, or at least not this user. Root is kept out too.
+bool IsReadOnly(const std::string& path);
+
+/// What a dialog is to stand above: the dialog that is open, else the window; null if neither can
+/// be seen.
+QWidget* OwnerOfNextDialog(QWidget& window);
+
 class QtMessageBox : public MessageBox {
  public:
-  /// The box stands above the owner, which may be hidden and must outlive it.
-  explicit QtMessageBox(QWidget& owner) : owner_(owner) {}
+  /// The box stands above whatever dialog is open, else above the window, which may be hidden and
+  /// must outlive it.
+  explicit QtMessageBox(QWidget& window) : window_(window) {}
   void Show(const std::string& text, MessageIcon icon, const std::string& title) override;
 
  private:
-  QWidget& owner_;
+  QWidget& window_;
 };
 
 class QtTimer : public Timer {

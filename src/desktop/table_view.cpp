@@ -22,6 +22,24 @@ QFont TableFont() {
   return font;
 }
 
+int ButtonNumber(Qt::MouseButton button) {
+  switch (button) {
+    case Qt::LeftButton:
+      return 1;
+    case Qt::RightButton:
+      return TableView::kRightButton;
+    case Qt::MiddleButton:
+      return 4;
+    default:
+      return 0;
+  }
+}
+
+int ShiftNumber(Qt::KeyboardModifiers keys) {
+  return (keys.testFlag(Qt::ShiftModifier) ? 1 : 0) + (keys.testFlag(Qt::ControlModifier) ? 2 : 0) +
+         (keys.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
 }  // namespace
 
 TableView::TableView(Table& table, QWidget* parent)
@@ -231,6 +249,9 @@ void TableView::wheelEvent(QWheelEvent* event) {
 }
 
 void TableView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    return PressMenuKey();
+  }
   const int target = KeyTarget(event->key());
   if (target < 1) return QAbstractScrollArea::keyPressEvent(event);
   MoveCursorTo(target, event->modifiers().testFlag(Qt::ShiftModifier));
@@ -270,7 +291,19 @@ void TableView::MoveCursorTo(int row, bool extend) {
   pacer_.Request();
 }
 
+void TableView::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard) PressMenuKey();
+}
+
+void TableView::PressMenuKey() {
+  const QRect row = table_.Rows() > 1 ? CellRect(std::max(table_.Row(), 1), 0) : QRect();
+  const QRect seen = row.intersected(viewport()->rect());
+  emit MenuKeyPressed(seen.isEmpty() ? QPoint() : seen.center());
+}
+
 void TableView::mousePressEvent(QMouseEvent* event) {
+  table_.MouseDown(ButtonNumber(event->button()), ShiftNumber(event->modifiers()), event->pos().x(),
+                   event->pos().y());
   if (event->button() != Qt::LeftButton) return;
   MoveCursorTo(RowAt(event->pos().y()), event->modifiers().testFlag(Qt::ShiftModifier));
 }

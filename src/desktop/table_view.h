@@ -29,6 +29,13 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   int RowAt(int y) const { return scroller_.RowAt(y); }
   int BottomRow() const { return scroller_.BottomRow(); }
 
+  /// How Table::MouseDown numbers the right button.
+  static constexpr int kRightButton = 2;
+
+ signals:
+  /// The user asks for the context menu by key; it belongs at this place of the viewport.
+  void MenuKeyPressed(const QPoint& place);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -38,6 +45,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
@@ -58,6 +66,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   bool IsSelected(int row) const;
   void MoveCursorTo(int row, bool extend);
   int KeyTarget(int key) const;
+  void PressMenuKey();
   void DragTo(int y);
 
   Table& table_;

@@ -50,6 +50,11 @@ class Application {
   virtual ~Application() = default;
   /// Folder of the running program, without a separator at its end.
   virtual std::string ProgramFolder() const = 0;
+  /// File name of the running program, without its extension.
+  virtual std::string ExecutableName() const = 0;
+  /// Folder of the layout file: the program folder where this user may write there, else a folder
+  /// of the user's own. Without a separator at its end.
+  virtual std::string LayoutFolder() const = 0;
   virtual void SetHelpFile(const std::string& path) = 0;
 };
 

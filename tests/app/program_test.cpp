@@ -38,7 +38,9 @@ struct ProgramTest : testing::Test {
   }
 
   QTemporaryDir state;
-  Program program{{.port = 0, .stateFolder = state.path().toStdString()}};
+  Program program{{.port = 0,
+                   .machineFolder = state.filePath("machine").toStdString(),
+                   .userFolder = state.filePath("user").toStdString()}};
 };
 
 const QStringList kV2 = {"-v2c", "-cpublic"};

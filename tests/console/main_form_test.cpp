@@ -4,14 +4,21 @@
 
 #include "console/globals.h"
 #include "fakes/fake_console.h"
+#include "fakes/fake_registry.h"
+#include "fakes/fake_tools.h"
 
 namespace sentrel {
 namespace {
 
 using testing::ElementsAre;
 
+constexpr const char* kSave = "SaveLayout /opt/sentrel/Sentrel.Toolbars";
+
 struct MainFormTest : testing::Test {
-  MainFormTest() { window.SetEvents(form); }
+  MainFormTest() {
+    window.SetEvents(form);
+    tools.SetView(&toolView);
+  }
 
   CallLog log;
   FakeMainWindow window{log};
@@ -19,28 +26,43 @@ struct MainFormTest : testing::Test {
   FakeMessageBox messageBox{log};
   FakeApplication application;
   Table table;
-  MainForm form{window, table, snmp, messageBox};
+  FakeRegistry registry;
+  Settings settings{registry};
+  ToolBars tools;
+  FakeToolBarsView toolView{log};
+  StatusBar statusBar;
+  FakeFileSystem files;
+  Toggles toggles{settings, tools, statusBar};
+  ToolbarLayout layout{application, files, tools};
+  MainForm form{window, table, snmp, messageBox, toggles, layout};
 };
 
 TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
   Main(application, form);
-  EXPECT_THAT(log.calls, ElementsAre("StartListening", "Show"));
+  EXPECT_THAT(log.calls, ElementsAre("SetHintTime 10000", "StartListening", "Show"));
   EXPECT_EQ(application.helpFile, "/opt/sentrel/Help/Varnholt.chm");
   EXPECT_EQ(window.caption, "SNMP Sentrel");
   EXPECT_EQ(window.helpContext, 9100);
 }
 
+TEST_F(MainFormTest, TheRawToolShowsTheStoredOption) {
+  settings.SetRaw(true);
+  Main(application, form);
+  EXPECT_EQ(tools.Tools("Edit:Raw").State(), 1);
+  EXPECT_EQ(tools.Tools("Edit:Pause").State(), 0);
+}
+
 TEST_F(MainFormTest, ANegativeStartResultIsNoFailure) {
   snmp.startResult = -1;
   Main(application, form);
-  EXPECT_THAT(log.calls, ElementsAre("StartListening", "Show"));
+  EXPECT_EQ(log.calls.back(), "Show");
 }
 
 TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
   snmp.startResult = 1;
   Main(application, form);
-  EXPECT_THAT(log.calls, ElementsAre("StartListening", "MessageBox", "Unload", "StopListening",
-                                     "CloseListener"));
+  EXPECT_THAT(log.calls, ElementsAre("SetHintTime 10000", "StartListening", "MessageBox", "Unload",
+                                     "StopListening", "CloseListener", kSave));
   EXPECT_EQ(messageBox.text,
             "Cannot enable trap reception. Did you install the Microsoft SNMP Trap service and is "
             "it running ?\r\n\r\nThe reason.\r\n\r\nThe remedy.");
@@ -49,10 +71,10 @@ TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
 }
 
 TEST_F(MainFormTest, UnloadingGoesOnPastAStepThatFails) {
-  for (const char* failing : {"StopListening", "CloseListener"}) {
+  for (const char* failing : {"StopListening", "CloseListener", kSave}) {
     log = {{}, failing};
     form.Form_Unload();
-    EXPECT_THAT(log.calls, ElementsAre("StopListening", "CloseListener")) << failing;
+    EXPECT_THAT(log.calls, ElementsAre("StopListening", "CloseListener", kSave)) << failing;
   }
 }
 

@@ -65,8 +65,8 @@ TEST_F(RowBuilderTest, LogsOnlyWhileLoggingIsOn) {
   builder.AddTrap(TrapOf({{"1.2", "a"}, {kEnterprise, "e"}}));
   EXPECT_EQ(logFile.contents["traps.log"],
             "Dec-05 15:49:37   192.0.2.7\r\n\r\n\r\n"
-            "Dec-05 15:49:37   192.0.2.7\r\n" + kIndent + "1.2 = a\r\n" + kIndent +
-                "Enterprise = e\r\n\r\n");
+            "Dec-05 15:49:37   192.0.2.7\r\n" +
+                kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = e\r\n\r\n");
   logFile.failing = true;
   builder.AddTrap(TrapOf({}));
   EXPECT_EQ(table.Rows(), 5) << "a log that cannot be written costs no row";

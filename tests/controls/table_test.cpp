@@ -95,6 +95,35 @@ TEST(Table, TheSelectionStaysInsideWhenRowsGo) {
   EXPECT_EQ(table.Row(), 0);
 }
 
+TEST(Table, TheSelectionStaysOnItsRowsWhenRowsAboveOrWithinGo) {
+  struct Case {
+    int row, rowSel, removed, rowAfter, rowSelAfter;
+  };
+  for (const Case& c : {Case{3, 3, 1, 2, 2}, {2, 2, 3, 2, 2}, {2, 4, 3, 2, 3}, {4, 2, 2, 3, 2}}) {
+    Table table = FiveRows();
+    table.SetRow(c.row);
+    table.SetRowSel(c.rowSel);
+    table.RemoveItem(c.removed);
+    EXPECT_EQ(table.Row(), c.rowAfter) << "row " << c.removed << " of " << c.row;
+    EXPECT_EQ(table.RowSel(), c.rowSelAfter) << "row " << c.removed << " of " << c.row;
+  }
+}
+
+TEST(Table, ClipsTheRectangleFromEitherEnd) {
+  Table table = FiveRows();
+  EXPECT_EQ(table.Clip(), "");
+  for (const auto& [row, rowSel] : {std::pair{1, 3}, {3, 1}}) {
+    table.SetRow(row);
+    table.SetCol(0);
+    table.SetRowSel(rowSel);
+    EXPECT_EQ(table.Clip(), "0\r1\r2");
+    table.SetColSel(1);
+    EXPECT_EQ(table.Clip(), "0\tx\r1\tx\r2\tx");
+    EXPECT_EQ(table.GetSelection().firstRow, 1);
+    EXPECT_EQ(table.GetSelection().lastRow, 3);
+  }
+}
+
 TEST(Table, ARowVersionIsNeverUsedTwice) {
   Table table = FiveRows();
   const auto before = table.RowVersion(1);

@@ -31,8 +31,8 @@ TEST_F(DecoderTest, TheCheckRemovesAllOrNothing) {
     int limit, entries;
     bool removed;
   };
-  for (const Case& c : {Case{1000, 1000, false}, {1000, 1001, true}, {0, 1, true}, {-5, 1, true},
-                        {-5, 0, true}}) {
+  for (const Case& c :
+       {Case{1000, 1000, false}, {1000, 1001, true}, {0, 1, true}, {-5, 1, true}, {-5, 0, true}}) {
     settings.SetOIDCacheSize(c.limit);
     decoder.Forget();
     library.made = 0;

@@ -141,6 +141,8 @@ class FakeTimer : public Timer {
 class FakeApplication : public Application {
  public:
   std::string ProgramFolder() const override { return "/opt/sentrel"; }
+  std::string ExecutableName() const override { return "Sentrel"; }
+  std::string LayoutFolder() const override { return "/opt/sentrel"; }
   void SetHelpFile(const std::string& path) override { helpFile = path; }
   std::string helpFile;
 };

@@ -42,9 +42,7 @@ class FakeMibLibrary : public MibLibrary {
       FailOn("SetOID");
     }
     const std::string& Name() const override { return FailOn("Name"), entry_.name; }
-    const std::string& EnumerationList() const override {
-      return FailOn("EnumerationList"), list_;
-    }
+    const std::string& EnumerationList() const override { return FailOn("EnumerationList"), list_; }
     std::string EnumerationName(std::int32_t number) const override {
       FailOn("EnumerationName");
       const auto found = entry_.values.find(number);

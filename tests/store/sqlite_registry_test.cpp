@@ -33,29 +33,14 @@ class OnDisk {
 
  private:
   StoreFolder folder_;
-  FixedClock clock_;
+  FakeClock clock_;
   SqliteRegistry registry_{folder_.Machine(), folder_.User(), clock_};
   std::unique_ptr<SqliteRegistry> reopened_;
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Sqlite, RegistryContract, OnDisk);
 
-class SqliteRegistryTest : public testing::Test {
- protected:
-  std::string Get(const std::string& name) {
-    auto registry = folder_.Registry();
-    return GetText(registry, kMachine, "a", name);
-  }
-  bool Set(const std::string& name, const std::string& text) {
-    auto registry = folder_.Registry();
-    return SetText(registry, kMachine, "a", name, text);
-  }
-  bool Delete(const std::string& name) {
-    auto registry = folder_.Registry();
-    return DeleteText(registry, kMachine, "a", name);
-  }
-  StoreFolder folder_;
-};
+using SqliteRegistryTest = StoreTest;
 
 TEST_F(SqliteRegistryTest, ReadingLeavesNothingOnDisk) {
   auto registry = folder_.Registry();
@@ -153,7 +138,7 @@ TEST_F(SqliteRegistryTest, PathsThatAreNoFilesHoldNothingAndTakeNothing) {
 
 TEST_F(SqliteRegistryTest, ABusyFileCostsLessThanASecondAndTheUsersFileTakesTheWrite) {
   Set("x", "old");
-  const Patience none;
+  const Patience none{std::chrono::milliseconds(0)};
   Database other(folder_.Machine(), none);
   other.Execute("BEGIN EXCLUSIVE");
   const auto start = std::chrono::steady_clock::now();
@@ -165,7 +150,7 @@ TEST_F(SqliteRegistryTest, ABusyFileCostsLessThanASecondAndTheUsersFileTakesTheW
 
 TEST_F(SqliteRegistryTest, ABatchOfReadsOnABusyFileWaitsOnceOnly) {
   Set("x", "old");
-  const Patience none;
+  const Patience none{std::chrono::milliseconds(0)};
   Database other(folder_.Machine(), none);
   other.Execute("BEGIN EXCLUSIVE");
   auto registry = folder_.Registry();

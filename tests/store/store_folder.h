@@ -9,16 +9,12 @@
 #include <functional>
 #include <string>
 
-#include "platform/clock.h"
+#include "fakes/fake_console.h"
+#include "fakes/registry_access.h"
 #include "store/database.h"
 #include "store/sqlite_registry.h"
 
 namespace sentrel {
-
-class FixedClock : public Clock {
- public:
-  LocalTime Now() const override { return {2026, 12, 5, 15, 49, 37}; }
-};
 
 /// A folder that everybody may use and that goes with all that is in it, with the paths of a
 /// machine's and a user's file.
@@ -53,7 +49,7 @@ class StoreFolder {
   }
 
   std::filesystem::path root_;
-  FixedClock clock_;
+  FakeClock clock_;
 };
 
 /// Runs a step in a process of its own, as a user without privileges. Its standard output, as far
@@ -71,40 +67,31 @@ inline void AsOrdinaryUser(const std::function<void()>& step) {
   EXPECT_EQ(status, 0) << "in the process of the ordinary user";
 }
 
-inline bool SetText(Registry& registry, RegistryRoot root, const std::string& path,
-                    const std::string& name, const std::string& text) {
-  const auto key = registry.CreateKey(root, path);
-  if (!key) return false;
-  const bool done = registry.SetStringValue(*key, name, text);
-  registry.CloseKey(*key);
-  return done;
-}
-
-/// "-" where there is none.
-inline std::string GetText(Registry& registry, RegistryRoot root, const std::string& path,
-                           const std::string& name) {
-  const auto key = registry.OpenKey(root, path);
-  if (!key) return "-";
-  const auto text = registry.QueryStringValue(*key, name);
-  registry.CloseKey(*key);
-  return text.value_or("-");
-}
-
-inline bool DeleteText(Registry& registry, RegistryRoot root, const std::string& path,
-                       const std::string& name) {
-  const auto key = registry.OpenKey(root, path);
-  if (!key) return false;
-  const bool done = registry.DeleteValue(*key, name);
-  registry.CloseKey(*key);
-  return done;
-}
-
 /// Runs SQL on a file, as an administrator might; returns the first column of the first row.
 inline std::string RunSql(const std::filesystem::path& file, const char* sql) {
-  const Patience none;
+  const Patience none{std::chrono::milliseconds(0)};
   Database database(file, none);
   auto rows = database.Run(sql);
   return rows.Step() ? rows.Text() : std::string();
 }
+
+/// Works on values of one key of the machine, each time with a registry of its own.
+class StoreTest : public testing::Test {
+ protected:
+  std::string Get(const std::string& name) const {
+    auto registry = folder_.Registry();
+    return GetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name);
+  }
+  bool Set(const std::string& name, const std::string& text) const {
+    auto registry = folder_.Registry();
+    return SetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name, text);
+  }
+  bool Delete(const std::string& name) const {
+    auto registry = folder_.Registry();
+    return DeleteText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name);
+  }
+
+  StoreFolder folder_;
+};
 
 }  // namespace sentrel

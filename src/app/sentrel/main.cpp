@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QTimer>
 #include <cstdlib>
 
 #include "app/program.h"
@@ -6,5 +7,9 @@
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   sentrel::Program program{sentrel::ProgramOptions{}};
-  return program.Start() ? QApplication::exec() : EXIT_FAILURE;
+  // Started from within the event loop, so that the program can be asked to end at any time.
+  QTimer::singleShot(0, &application, [&] {
+    if (!program.Start()) QApplication::exit(EXIT_FAILURE);
+  });
+  return QApplication::exec();
 }

@@ -4,17 +4,28 @@
 #include <filesystem>
 
 #include "console/main_form.h"
+#include "console/oid_lookup.h"
 #include "console/row_builder.h"
+#include "console/table_commands.h"
+#include "console/toggles.h"
+#include "console/tool_dispatch.h"
+#include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
+#include "console/trap_log.h"
+#include "controls/status_bar.h"
 #include "controls/table.h"
+#include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
+#include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "mib/library.h"
 #include "settings/settings.h"
 #include "snmp/net_snmp_listener.h"
 #include "store/posix_log_file.h"
 #include "store/sqlite_registry.h"
+#include "store/store_paths.h"
 
 namespace sentrel {
 
@@ -22,7 +33,7 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
-  /// Where what outlives a run is kept: by the machine, and by the user.
+  /// Where what outlives a run is kept.
   std::filesystem::path machineFolder = MachineStateFolder();
   std::filesystem::path userFolder = UserStateFolder();
 };
@@ -40,22 +51,42 @@ class Program {
   QtMainWindow& Window() { return window_; }
   const Table& Traps() const { return table_; }
   const NetSnmpListener& Listener() const { return listener_; }
+  Settings& Options() { return settings_; }
 
  private:
+  bool AdoptMibs();
+  /// What the tools run beyond the main window's own commands.
+  Commands OtherCommands();
+
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
   SqliteRegistry registry_;
   Settings settings_;
+  Wakeup newMibs_;
+  mib::Library mibs_;
+  Decoder decoder_;
+  OidLookup lookup_;
+  PosixLogFile logFile_;
+  TrapLog log_;
   Table table_;
+  ToolBars toolBars_;
+  StatusBar statusBar_;
   QtMainWindow window_;
   QtMessageBox messageBox_;
+  QtFileDialog fileDialog_;
+  QtClipboard clipboard_;
+  QtFileSystem files_;
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
-  Wakeup wakeup_;
+  Wakeup newTraps_;
   NetSnmpListener listener_;
+  Toggles toggles_;
+  ToolbarLayout layout_;
+  TableCommands tableCommands_;
   MainForm mainForm_;
+  ToolDispatch dispatch_;
   EndRequest endRequest_;
 };
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "controls/status_bar.h"
+#include "controls/tool_bars.h"
+#include "settings/settings.h"
+
+namespace sentrel {
+
+/// The two switches of the main window, each an option and a check mark that agree.
+class Toggles {
+ public:
+  Toggles(Settings& settings, ToolBars& toolBars, StatusBar& statusBar);
+
+  /// Takes effect with the next trap; rows already shown keep their text.
+  void ToggleRaw();
+  void TogglePause();
+  /// Puts the check mark of Edit:Raw in line with the option.
+  void UpdateRawTool();
+  /// True while UpdateRawTool runs: a tool event that comes then is no choice of the user.
+  bool UpdatingTools() const { return updatingTools_; }
+
+ private:
+  Settings& settings_;
+  ToolBars& toolBars_;
+  StatusBar& statusBar_;
+  bool updatingTools_ = false;
+};
+
+}  // namespace sentrel

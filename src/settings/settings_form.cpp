@@ -1,0 +1,221 @@
+#include "settings/settings_form.h"
+
+#include "common/text.h"
+
+namespace sentrel {
+
+using namespace settings_controls;
+
+namespace {
+
+constexpr int kHelpContext = 9100;
+constexpr int kGeneralTab = 1;
+constexpr int kDeviceFilterTab = 2;
+constexpr char32_t kEnter = U'\r';
+
+constexpr const char* kExamples =
+    "10.0.1.23\r\n"
+    "10.0.1.1 - 10.0.1.255\r\n"
+    "10.0.1.0/24\r\n"
+    "10.0.1.0/255.255.255.0";
+constexpr const char* kExampleKinds =
+    "Single IP Address\r\n"
+    "IP Address Range\r\n"
+    "Subnet\r\n"
+    "Subnet";
+
+constexpr const char* kFilterNotValid = "Please enter a valid Filter first.";
+constexpr const char* kCommunityMissing = "Please enter an SNMP Community string first.";
+constexpr const char* kFiltersMissing =
+    "You have enabled Device Filtering, but have not added any Device Filters.\r\n\r\n"
+    "Please add at least one Device Filter or disable Device Filtering.";
+
+}  // namespace
+
+void SettingsForm::Form_Load() {
+  view_.SetHelpContext(kHelpContext);
+  view_.SelectTab(kGeneralTab);
+  view_.SetChecked(kCheckDecode, !settings_.Raw());
+  view_.SetChecked(kCheckRaw, settings_.Raw());
+  view_.SetChecked(kCheckDeviceFilter, settings_.DeviceFilterActive());
+  view_.SetChecked(kCheckLoggingActive, settings_.LoggingEnabled());
+  view_.SetText(kLogFilename, settings_.LogFilename());
+  LoadCommunities();
+  ShowCommunityControls();
+  LoadDeviceFilters();
+  ShowLoggingControls();
+  view_.SetText(kExampleList, kExamples);
+  view_.SetText(kExampleNames, kExampleKinds);
+  ShowDeviceFilterControls();
+}
+
+void SettingsForm::LoadCommunities() {
+  const auto& communities = settings_.CommunityStrings();
+  view_.SetChecked(kCheckCommunity, communities->Count() > 0);
+  // The click that this may have been has put a line into the list.
+  view_.ClearLines(kCommunityList);
+  for (const std::string& community : communities->CStrings())
+    view_.AddLine(kCommunityList, community);
+}
+
+void SettingsForm::LoadDeviceFilters() {
+  const auto& filters = settings_.DeviceFilters();
+  for (const std::string& key : filters->Keys())
+    view_.AddLine(kDeviceFilterList, filters->Item(key)->Description());
+}
+
+void SettingsForm::ShowDeviceFilterControls() {
+  const bool active = view_.Checked(kCheckDeviceFilter);
+  Show({kAddLabel, kNewDeviceFilter, kCmdAddDeviceFilter, kExamplesLabel, kExampleList,
+        kExampleNames, kDeviceFilterList, kCmdDeleteDeviceFilter},
+       active);
+  if (active) view_.SetFocus(kNewDeviceFilter);
+}
+
+void SettingsForm::ShowCommunityControls() {
+  Show({kNewCommunity, kNewCommunityLabel, kCmdAddCommunity, kCommunityList, kCmdDeleteCommunity},
+       view_.Checked(kCheckCommunity));
+}
+
+void SettingsForm::ShowLoggingControls() {
+  Show({kLogLabel, kLogFilename, kCmdSelectLogFile}, view_.Checked(kCheckLoggingActive));
+}
+
+void SettingsForm::Show(std::initializer_list<SettingsControl> controls, bool visible) {
+  for (const SettingsControl control : controls) view_.SetVisible(control, visible);
+}
+
+void SettingsForm::checkDeviceFilter_Click() {
+  ShowDeviceFilterControls();
+}
+
+void SettingsForm::checkCommunity_Click() {
+  ShowCommunityControls();
+  if (view_.Checked(kCheckCommunity)) {
+    view_.AddLine(kCommunityList, "public");
+  } else {
+    view_.ClearLines(kCommunityList);
+  }
+}
+
+void SettingsForm::checkLoggingActive_Click() {
+  ShowLoggingControls();
+}
+
+void SettingsForm::cmdAddDeviceFilter_Click() {
+  const std::string text(TrimBlanks(view_.Text(kNewDeviceFilter)));
+  if (!settings_.DeviceFilters()->ValidFilter(text)) {
+    messageBox_.Show(kFilterNotValid, MessageIcon::Exclamation);
+    return;
+  }
+  DeviceFilter filter;
+  filter.SetFilter(text);
+  view_.AddLine(kDeviceFilterList, filter.Description());
+  Reenter(kNewDeviceFilter);
+}
+
+void SettingsForm::cmdAddCommunity_Click() {
+  const std::string text(TrimBlanks(view_.Text(kNewCommunity)));
+  view_.SetText(kNewCommunity, text);
+  if (text.empty()) {
+    messageBox_.Show(kCommunityMissing, MessageIcon::Exclamation);
+    return;
+  }
+  view_.AddLine(kCommunityList, text);
+  Reenter(kNewCommunity);
+}
+
+void SettingsForm::Reenter(SettingsText box) {
+  view_.SelectText(box);
+  view_.SetFocus(box);
+}
+
+bool SettingsForm::NewDeviceFilter_KeyPress(char32_t key) {
+  if (key != kEnter) return false;
+  cmdAddDeviceFilter_Click();
+  return true;
+}
+
+bool SettingsForm::NewCommunity_KeyPress(char32_t key) {
+  if (key != kEnter) return false;
+  cmdAddCommunity_Click();
+  return true;
+}
+
+void SettingsForm::DeviceFilterList_Click() {
+  EnableRemoval(kDeviceFilterList, kCmdDeleteDeviceFilter);
+}
+
+void SettingsForm::CommunityList_Click() {
+  EnableRemoval(kCommunityList, kCmdDeleteCommunity);
+}
+
+void SettingsForm::cmdDeleteDeviceFilter_Click() {
+  RemoveSelected(kDeviceFilterList, kCmdDeleteDeviceFilter);
+}
+
+void SettingsForm::cmdDeleteCommunity_Click() {
+  RemoveSelected(kCommunityList, kCmdDeleteCommunity);
+}
+
+void SettingsForm::RemoveSelected(SettingsList list, SettingsButton removeButton) {
+  if (const auto selected = view_.SelectedLine(list)) view_.RemoveLine(list, *selected);
+  EnableRemoval(list, removeButton);
+}
+
+void SettingsForm::EnableRemoval(SettingsList list, SettingsButton removeButton) {
+  const auto selected = view_.SelectedLine(list);
+  view_.SetEnabled(removeButton, selected && !view_.Lines(list)[*selected].empty());
+}
+
+void SettingsForm::cmdSelectLogFile_Click() {
+  const auto chosen = fileDialog_.ChooseSaveFile({.title = "Trap Logging File ...",
+                                                  .filter = "All Files (*.*)|*.*",
+                                                  .fileName = view_.Text(kLogFilename)});
+  if (chosen) view_.SetText(kLogFilename, *chosen);
+}
+
+void SettingsForm::cmdOK_Click() {
+  if (view_.Checked(kCheckDeviceFilter) && view_.Lines(kDeviceFilterList).empty()) {
+    view_.SelectTab(kDeviceFilterTab);
+    messageBox_.Show(kFiltersMissing, MessageIcon::Exclamation);
+    return;
+  }
+  SaveOptions();
+  SaveCommunities();
+  SaveDeviceFilters();
+  view_.Close();
+}
+
+void SettingsForm::SaveOptions() {
+  settings_.SetRaw(view_.Checked(kCheckRaw));
+  settings_.SetDeviceFilterActive(view_.Checked(kCheckDeviceFilter));
+  settings_.SetLoggingEnabled(view_.Checked(kCheckLoggingActive));
+  if (!settings_.LoggingEnabled()) return;
+  std::string filename = view_.Text(kLogFilename);
+  settings_.SetLogFilename(filename);
+}
+
+void SettingsForm::SaveCommunities() {
+  const auto& communities = settings_.CommunityStrings();
+  communities->Clear();
+  for (const std::string& line : view_.Lines(kCommunityList)) communities->Add(line);
+  communities->Sync();
+}
+
+void SettingsForm::SaveDeviceFilters() {
+  const auto& filters = settings_.DeviceFilters();
+  filters->Clear();
+  for (const std::string& line : view_.Lines(kDeviceFilterList)) {
+    const auto colon = line.find(':');
+    if (colon != std::string::npos)
+      filters->AddFilter(std::string(TrimBlanks(std::string_view(line).substr(colon + 1))));
+  }
+  filters->Sync();
+}
+
+void SettingsForm::cmdCancel_Click() {
+  view_.Close();
+}
+
+}  // namespace sentrel

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <initializer_list>
+
+#include "platform/file_dialog.h"
+#include "platform/message_box.h"
+#include "settings/settings.h"
+#include "settings/settings_view.h"
+
+namespace sentrel {
+
+/// The settings dialog without its window. It works on what its controls hold: options and lists
+/// change at OK only, so that traps go on being accepted by the old ones meanwhile. Made anew for
+/// each opening. Used on the event loop only.
+class SettingsForm {
+ public:
+  /// All must outlive this object.
+  SettingsForm(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
+               SettingsView& view)
+      : settings_(settings), messageBox_(messageBox), fileDialog_(fileDialog), view_(view) {}
+
+  void Form_Load();
+
+  void checkDeviceFilter_Click();
+  /// Also puts "public" into the list, or empties it.
+  void checkCommunity_Click();
+  void checkLoggingActive_Click();
+
+  void cmdAddDeviceFilter_Click();
+  void cmdAddCommunity_Click();
+  /// Enter adds. Returns whether the key press, a character, is to be swallowed.
+  bool NewDeviceFilter_KeyPress(char32_t key);
+  bool NewCommunity_KeyPress(char32_t key);
+
+  /// A line has been selected, by mouse or keyboard.
+  void DeviceFilterList_Click();
+  void CommunityList_Click();
+  void cmdDeleteDeviceFilter_Click();
+  void cmdDeleteCommunity_Click();
+
+  void cmdSelectLogFile_Click();
+
+  /// Writes everything back and closes, or tells what is missing and changes nothing.
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+ private:
+  void LoadCommunities();
+  void LoadDeviceFilters();
+  void ShowDeviceFilterControls();
+  void ShowCommunityControls();
+  void ShowLoggingControls();
+  void Show(std::initializer_list<SettingsControl> controls, bool visible);
+  /// Makes the next entry overwrite this one.
+  void Reenter(SettingsText box);
+  void RemoveSelected(SettingsList list, SettingsButton removeButton);
+  void EnableRemoval(SettingsList list, SettingsButton removeButton);
+  void SaveOptions();
+  void SaveCommunities();
+  void SaveDeviceFilters();
+
+  Settings& settings_;
+  MessageBox& messageBox_;
+  FileDialog& fileDialog_;
+  SettingsView& view_;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,152 @@
+#include "console/table_commands.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "common/failure.h"
+#include "fakes/fake_tools.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// Rows 1 to 5 hold A to E; the details of a trap have two lines.
+struct TableCommandsTest : testing::Test {
+  TableCommandsTest() {
+    tools.SetView(&view);
+    table.SetEvents(&commands);
+    Fill("ABCDE");
+  }
+  void Fill(const std::string& letters) {
+    table.SetRows(1);
+    table.SetCols(2);
+    table.SetWholeRows(true);
+    table.SetCell(0, 0, "Title");
+    table.SetCell(0, 1, "Details");
+    for (const char letter : letters) {
+      table.AddItem(std::string(1, letter) + "\ta\r\nb", table.Rows());
+    }
+  }
+  void Select(int row, int rowSel) {
+    table.SetRow(row);
+    table.SetRowSel(rowSel);
+  }
+  std::string Left() {
+    std::string letters;
+    for (int row = 1; row < table.Rows(); ++row) letters += table.Cell(row, 0);
+    return letters;
+  }
+
+  CallLog log;
+  Table table;
+  FakeClipboard clipboard;
+  ToolBars tools;
+  FakeToolBarsView view{log};
+  TableCommands commands{table, clipboard, tools};
+};
+
+TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
+  struct Case {
+    int row, rowSel;
+    const char* copied;
+    const char* left;
+  };
+  const Case cases[] = {
+      {0, 0, "Title\tDetails", "ABCDE"},
+      {1, 1, "A\ta\r\nb", "BCDE"},
+      {2, 4, "B\ta\r\nb\r\nC\ta\r\nb\r\nD\ta\r\nb", "AE"},
+      {4, 2, "B\ta\r\nb\r\nC\ta\r\nb\r\nD\ta\r\nb", "AE"},
+      {5, 5, "E\ta\r\nb", "ABCD"},
+      {1, 0, "Title\tDetails\r\nA\ta\r\nb", "BCDE"},
+  };
+  for (const Case& c : cases) {
+    Fill("ABCDE");
+    Select(c.row, c.rowSel);
+    commands.CopyTraps();
+    EXPECT_EQ(clipboard.text, c.copied);
+    EXPECT_EQ(Left(), "ABCDE");
+    commands.DeleteTraps();
+    EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
+
+    Fill("ABCDE");
+    Select(c.row, c.rowSel);
+    commands.CutTraps();
+    EXPECT_EQ(clipboard.text, c.copied);
+    EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
+  }
+}
+
+TEST_F(TableCommandsTest, DeletingTwiceDoesNotTakeAsManyRowsAgain) {
+  Select(2, 4);
+  commands.DeleteTraps();
+  commands.DeleteTraps();
+  EXPECT_EQ(Left(), "A");
+}
+
+TEST_F(TableCommandsTest, SelectAllBeginsWithTheHeader) {
+  Select(3, 4);
+  commands.SelectAllTraps();
+  EXPECT_EQ(table.Row(), 0);
+  EXPECT_EQ(table.RowSel(), 5);
+  EXPECT_EQ(table.ColSel(), 1);
+  commands.CutTraps();
+  EXPECT_EQ(table.Rows(), 1);
+  EXPECT_THAT(clipboard.text, testing::StartsWith("Title\tDetails\r\nA\ta\r\nb\r\nB\t"));
+  commands.SelectAllTraps();
+  commands.CutTraps();
+  EXPECT_EQ(clipboard.text, "Title\tDetails") << "without traps the titles alone";
+}
+
+TEST_F(TableCommandsTest, AFullTableIsCopiedWhole) {
+  Fill(std::string(999, 'X'));
+  commands.SelectAllTraps();
+  commands.CopyTraps();
+  EXPECT_EQ(std::count(clipboard.text.begin(), clipboard.text.end(), '\t'), 1000);
+  EXPECT_EQ(clipboard.text.size(), std::string("Title\tDetails").size() + 999 * 8);
+  EXPECT_EQ(std::count(clipboard.html.begin(), clipboard.html.end(), '\n'), 1000);
+}
+
+TEST_F(TableCommandsTest, HtmlKeepsCellsTogetherAndObeysNoValue) {
+  table.SetCell(1, 0, "<b>&amp;");
+  table.SetCell(1, 1, "=1\r\n2\n3\r4");
+  Select(1, 1);
+  commands.CopyTraps();
+  EXPECT_THAT(clipboard.html, HasSubstr("'\\@'\">&lt;b&gt;&amp;amp;</td>"));
+  EXPECT_THAT(clipboard.html, HasSubstr("'\\@'\">=1<br style"));
+  EXPECT_EQ(std::count(clipboard.html.begin(), clipboard.html.end(), '\n'), 1);
+}
+
+TEST_F(TableCommandsTest, WhatCannotBeCopiedIsNotCut) {
+  clipboard.reachable = false;
+  Select(1, 5);
+  EXPECT_THROW(commands.CutTraps(), Failure);
+  EXPECT_EQ(Left(), "ABCDE");
+}
+
+TEST_F(TableCommandsTest, OnlyTheRightButtonOpensTheMenu) {
+  Select(2, 3);
+  for (const int button : {1, 4, 2}) table.MouseDown(button, 0, 10, 10);
+  EXPECT_THAT(log.calls, ElementsAre("PopupMenu Menu:EditMenu"));
+  EXPECT_EQ(table.Row(), 2);
+  EXPECT_EQ(table.RowSel(), 3);
+}
+
+TEST(FixLineEnds, CompletesLoneCarriageReturns) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},
+      {"a\rb", "a\r\nb"},
+      {"a\r\nb", "a\r\nb"},
+      {"a\nb", "a\nb"},
+      {"\r\ra", "\r\n\r\na"},
+      {"a\r", "a\r"},
+      {"\r\n\r", "\r\n\r"},
+      {"a\r\r\nb", "a\r\n\r\nb"},
+  };
+  for (const auto& [text, fixed] : cases) EXPECT_EQ(FixLineEnds(text), fixed);
+}
+
+}  // namespace
+}  // namespace sentrel

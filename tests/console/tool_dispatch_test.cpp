@@ -1,0 +1,172 @@
+#include "console/tool_dispatch.h"
+
+#include <gmock/gmock.h>
+
+#include "common/failure.h"
+#include "fakes/fake_registry.h"
+#include "fakes/fake_tools.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+
+struct ToolDispatchTest : testing::Test {
+  ToolDispatchTest() {
+    tools.SetView(&view);
+    tools.SetEvents(&dispatch);
+    window.SetEvents(form);
+    form.SetupTable();
+    table.AddItem("", 1);
+    table.SetRow(1);
+  }
+  std::function<void()> Noted(const char* name) {
+    return [this, name] { log.Note(name); };
+  }
+  Commands NotedCommands() {
+    return {.ShowSettingsForm = Noted("ShowSettingsForm"),
+            .PrintTraps = Noted("PrintTraps"),
+            .PreviewTraps = Noted("PreviewTraps"),
+            .ExportTraps = [this](const std::string& method) { log.Note("Export " + method); },
+            .SaveSelectedTrap = Noted("SaveSelectedTrap"),
+            .SendTestTrap = Noted("SendTestTrap"),
+            .ShowHelpContents = Noted("ShowHelpContents"),
+            .ShowHelpOnSentrel = Noted("ShowHelpOnSentrel"),
+            .ShowTipOfTheDay = Noted("ShowTipOfTheDay"),
+            .ShowAboutBox = Noted("ShowAboutBox")};
+  }
+  /// What a tool with this id does, as far as the log shows it.
+  std::vector<std::string> Click(const std::string& id) {
+    log.calls.clear();
+    dispatch.ToolBars_ToolClick(Tool({id, "", ToolKind::Plain, ""}, tools));
+    return log.calls;
+  }
+
+  CallLog log;
+  FakeMainWindow window{log};
+  FakeSNMP snmp{log};
+  FakeMessageBox messageBox{log};
+  FakeApplication application;
+  FakeFileSystem files;
+  FakeClipboard clipboard;
+  FakeToolBarsView view{log};
+  FakeRegistry registry;
+  Settings settings{registry};
+  Table table;
+  ToolBars tools;
+  StatusBar statusBar;
+  Toggles toggles{settings, tools, statusBar};
+  ToolbarLayout layout{application, files, tools};
+  TableCommands tableCommands{table, clipboard, tools};
+  MainForm form{window, table, snmp, messageBox, toggles, layout};
+  ToolDispatch dispatch{window, form, tableCommands, toggles, tools, NotedCommands()};
+};
+
+TEST_F(ToolDispatchTest, RoutesCommandsOfOtherPlacesByUpperCaseNames) {
+  const std::pair<const char*, const char*> routes[] = {
+      {"Main:Export", "PopupMenu Menu:ExportMenu"},
+      {"Main:Print", "PrintTraps"},
+      {"Main:PrintPreview", "PreviewTraps"},
+      {"Main:Settings", "ShowSettingsForm"},
+      {"Edit:SaveTrap", "SaveSelectedTrap"},
+      {"Edit:SendTestTrap", "SendTestTrap"},
+      {"Export:CDF", "Export CDF"},
+      {"Export:Text", "Export Text"},
+      {"Export:HTML", "Export HTML"},
+      {"Export:XLS", "Export XLS"},
+      {"Export:Excel", "Export Excel"},
+      {"Export:PDF", "Export PDF"},
+      {"EXPORT:anything", "Export anything"},
+      {"Help:Contents", "ShowHelpContents"},
+      {"Help:Selection", "ShowHelpOnSentrel"},
+      {"Help:TipOfTheDay", "ShowTipOfTheDay"},
+      {"Help:About", "ShowAboutBox"},
+      {"main:print", "PrintTraps"},
+      {"MAIN:PRINTPREVIEW", "PreviewTraps"},
+      {"eDiT:sAvEtRaP", "SaveSelectedTrap"},
+      {"HELP:about", "ShowAboutBox"},
+  };
+  for (const auto& [id, effect] : routes) EXPECT_THAT(Click(id), ElementsAre(effect)) << id;
+}
+
+TEST_F(ToolDispatchTest, UnknownIdsDoNothing) {
+  for (const char* id : {"", ":", "Main", "Export", "Main:", "Main:Copy", "Edit:Print", "Help:Exit",
+                         "Menu:File", "Menu:Export", "Other:Print", " Main:Print", "Main: Print",
+                         "Edit:ApplyFilter", "Edit:RemoveFilter"}) {
+    EXPECT_THAT(Click(id), ElementsAre()) << id;
+  }
+  EXPECT_EQ(table.Rows(), 2);
+}
+
+TEST_F(ToolDispatchTest, RoutesTheTableCommands) {
+  Click("Edit:Copy");
+  EXPECT_EQ(clipboard.text, table.Clip());
+  Click("Edit:SelectAll");
+  EXPECT_EQ(table.Row(), 0);
+  EXPECT_EQ(table.RowSel(), 1);
+  Click("Edit:Delete");
+  EXPECT_EQ(table.Rows(), 1);
+  table.AddItem("", 1);
+  Click("Edit:SelectAll");
+  Click("edit:CUT");
+  EXPECT_EQ(table.Rows(), 1);
+  table.AddItem("", 1);
+  table.SetColWidth(0, 1);
+  Click("Edit:Clear");
+  EXPECT_EQ(table.Rows(), 1);
+  EXPECT_GT(table.ColWidth(0), 1);
+}
+
+TEST_F(ToolDispatchTest, ExitUnloadsTheWindow) {
+  EXPECT_THAT(Click("Main:Exit"),
+              ElementsAre("Unload", "StopListening", "CloseListener", testing::_));
+}
+
+TEST_F(ToolDispatchTest, ACommandThatFailsOrIsMissingEndsQuietly) {
+  log.failing = "PrintTraps";
+  EXPECT_NO_THROW(Click("Main:Print"));
+  clipboard.reachable = false;
+  EXPECT_NO_THROW(Click("Edit:Cut"));
+  EXPECT_EQ(table.Rows(), 2);
+  ToolDispatch bare(window, form, tableCommands, toggles, tools, {});
+  tools.SetEvents(&bare);
+  for (Tool& tool : tools.Tools()) EXPECT_NO_THROW(tools.Choose(tool)) << tool.Id();
+}
+
+TEST_F(ToolDispatchTest, RawIsToggledOncePerChoice) {
+  Tool& raw = tools.Tools("Edit:Raw");
+  for (const bool on : {true, false, true}) {
+    tools.Choose(raw);
+    EXPECT_EQ(settings.Raw(), on);
+    EXPECT_EQ(raw.State(), on ? 1 : 0);
+  }
+  EXPECT_EQ(statusBar.Text(), "");
+}
+
+TEST_F(ToolDispatchTest, TheSettingsCommandRefreshesTheRawToolAndTogglesNothing) {
+  for (const char* failing : {"", "ShowSettingsForm"}) {
+    log.failing = failing;
+    settings.SetRaw(!settings.Raw());  // what the user did in the dialog
+    const bool raw = settings.Raw();
+    tools.Choose(tools.Tools("Main:Settings"));
+    EXPECT_EQ(tools.Tools("Edit:Raw").State(), raw ? 1 : 0);
+    EXPECT_EQ(settings.Raw(), raw);
+    EXPECT_FALSE(toggles.UpdatingTools());
+  }
+}
+
+TEST_F(ToolDispatchTest, PauseTellsSoInTheStatusBar) {
+  Tool& pause = tools.Tools("Edit:Pause");
+  tools.Choose(pause);
+  EXPECT_TRUE(settings.Paused());
+  EXPECT_EQ(pause.State(), 1);
+  EXPECT_EQ(statusBar.Text(), "Trap receiving has been paused");
+  EXPECT_EQ(table.Rows(), 2);
+  tools.Choose(pause);
+  EXPECT_FALSE(settings.Paused());
+  EXPECT_EQ(pause.State(), 0);
+  EXPECT_EQ(statusBar.Text(), "");
+}
+
+}  // namespace
+}  // namespace sentrel

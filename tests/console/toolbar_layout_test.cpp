@@ -1,0 +1,62 @@
+#include "console/toolbar_layout.h"
+
+#include <gmock/gmock.h>
+
+#include "fakes/fake_tools.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr const char* kPath = "/opt/sentrel/Sentrel.Toolbars";
+constexpr const char* kLoad = "LoadLayout /opt/sentrel/Sentrel.Toolbars";
+constexpr const char* kHints = "SetHintTime 10000";
+
+struct ToolbarLayoutTest : testing::Test {
+  ToolbarLayoutTest() { tools.SetView(&view); }
+
+  CallLog log;
+  FakeApplication application;
+  FakeFileSystem files;
+  ToolBars tools;
+  FakeToolBarsView view{log};
+  ToolbarLayout layout{application, files, tools};
+};
+
+TEST_F(ToolbarLayoutTest, OnlyAFileFromBeforeTheFirstDayIsDeleted) {
+  struct Case {
+    FakeFileSystem::File file;
+    bool survives;
+  };
+  const Case cases[] = {
+      {{{2004, 8, 24, 23, 59, 59}}, false},   {{{2004, 8, 25, 0, 0, 0}}, true},
+      {{{2004, 8, 25, 12, 0, 0}}, true},      {{{2003, 12, 31, 0, 0, 0}}, false},
+      {{{2004, 9, 1, 0, 0, 0}}, true},        {{{2005, 1, 1, 0, 0, 0}}, true},
+      {{{2004, 8, 24, 0, 0, 0}, true}, true},
+  };
+  for (const Case& c : cases) {
+    files.files = {{kPath, c.file}};
+    log.calls.clear();
+    layout.LoadToolbarLayout();
+    EXPECT_EQ(files.Exists(kPath), c.survives) << c.file.created.year << c.file.created.day;
+    EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints)) << "loading is asked for all the same";
+  }
+}
+
+TEST_F(ToolbarLayoutTest, WithoutAFileNothingIsLoaded) {
+  layout.LoadToolbarLayout();
+  EXPECT_THAT(log.calls, ElementsAre(kHints));
+}
+
+TEST_F(ToolbarLayoutTest, AStepThatFailsIsPassedOver) {
+  files.files = {{kPath, {{2004, 8, 24, 0, 0, 0}}}};
+  files.datesFail = true;
+  log.failing = kLoad;
+  layout.LoadToolbarLayout();
+  EXPECT_TRUE(files.Exists(kPath));
+  EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints));
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,212 @@
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QStatusTipEvent>
+#include <QToolButton>
+
+#include "desktop/tool_icon.h"
+#include "window_fixture.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+
+using Menus = WindowTest;
+
+std::vector<std::string> Entries(const QWidget& widget) {
+  std::vector<std::string> entries;
+  for (const QAction* action : widget.actions())
+    entries.push_back(action->objectName().toStdString());
+  return entries;
+}
+
+std::vector<std::string> Planned(std::string_view name) {
+  std::vector<std::string> entries;
+  for (const auto* lists : {&AllMenus(), &AllBands()}) {
+    for (const ToolList& list : *lists) {
+      if (list.name != name) continue;
+      for (const ToolPlace& place : list.places) entries.emplace_back(place.tool);
+    }
+  }
+  return entries;
+}
+
+TEST_F(Menus, EachOpensByItsAccessLetter) {
+  Show();
+  EXPECT_EQ(Entries(*window.menuBar()), Planned("MenuBar"));
+  const std::pair<Qt::Key, const char*> menus[] = {{Qt::Key_F, "Menu:File"},
+                                                   {Qt::Key_E, "Menu:EditMenu"},
+                                                   {Qt::Key_T, "Menu:TrapsMenu"},
+                                                   {Qt::Key_H, "Menu:Help"}};
+  for (const auto& [letter, id] : menus) {
+    QTest::keyClick(&window, letter, Qt::AltModifier);
+    ASSERT_TRUE(OpenMenu()) << id;
+    EXPECT_EQ(OpenMenu()->menuAction()->objectName(), id);
+    EXPECT_EQ(Entries(*OpenMenu()), Planned(id));
+    QTest::keyClick(OpenMenu(), Qt::Key_Escape);
+    EXPECT_FALSE(OpenMenu());
+  }
+  EXPECT_THAT(chosen, ElementsAre());
+}
+
+TEST_F(Menus, AccessLettersChooseEntriesAlsoOfASubmenu) {
+  Show();
+  QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
+  QTest::keyClick(OpenMenu(), Qt::Key_V);
+  QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
+  QTest::keyClick(OpenMenu(), Qt::Key_E);
+  EXPECT_EQ(Entries(*OpenMenu()), Planned("Menu:ExportMenu"));
+  QTest::keyClick(OpenMenu(), Qt::Key_H);
+  EXPECT_THAT(chosen, ElementsAre("Main:PrintPreview", "Export:HTML"));
+}
+
+TEST_F(Menus, NoToolHasAShortcutOrIsDisabled) {
+  for (const Tool& tool : tools.Tools()) {
+    const std::string id(tool.Id());
+    QAction* action = window.findChild<QAction*>(QString::fromStdString(id));
+    ASSERT_TRUE(action) << id;
+    EXPECT_TRUE(action->shortcuts().isEmpty()) << id;
+    EXPECT_TRUE(action->isEnabled()) << id;
+    EXPECT_EQ(action->text().toStdString(), tool.Design().caption);
+  }
+}
+
+TEST_F(Menus, TheToolbarTogglesAndItsMenuFollows) {
+  Show();
+  auto* toolBar = window.findChild<QToolBar*>("ToolBar");
+  EXPECT_EQ(Entries(*toolBar), Planned("ToolBar"));
+  auto* pause = qobject_cast<QToolButton*>(toolBar->widgetForAction(&Action("Edit:Pause")));
+  for (const int state : {1, 0}) {
+    QTest::mouseClick(pause, Qt::LeftButton);
+    EXPECT_EQ(tools.Tools("Edit:Pause").State(), state);
+    EXPECT_EQ(pause->isChecked(), state == 1);
+    EXPECT_EQ(Action("Edit:Pause").isChecked(), state == 1);
+  }
+  EXPECT_THAT(chosen, ElementsAre("Edit:Pause", "Edit:Pause"));
+  tools.Tools("Edit:Raw").SetState(1);
+  EXPECT_TRUE(Action("Edit:Raw").isChecked());
+  EXPECT_EQ(chosen.size(), 3) << "the program's own write is an event like the user's, and one";
+}
+
+TEST_F(Menus, TheToolbarShowsShortCaptionsAndHints) {
+  auto* toolBar = window.findChild<QToolBar*>("ToolBar");
+  tools.SetHintTime(std::chrono::seconds(10));
+  auto* settings = qobject_cast<QToolButton*>(toolBar->widgetForAction(&Action("Main:Settings")));
+  EXPECT_EQ(settings->text(), "Settings");
+  EXPECT_EQ(Action("Main:Settings").text(), "&Settings ...");
+  EXPECT_EQ(toolBar->widgetForAction(&Action("Edit:Pause"))->toolTip(),
+            "Suspend/Resume Trap Collection");
+  EXPECT_EQ(settings->toolTipDuration(), 10'000);
+}
+
+TEST_F(Menus, TheEditMenuIsTheContextMenuOfTheTable) {
+  Show();
+  table.SetRow(2);
+  const auto pressRight = [&] {
+    QTest::mousePress(View().viewport(), Qt::RightButton, {}, QPoint(5, 5));
+  };
+  const auto pressMenuKey = [&] {
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), View().mapToGlobal(QPoint()));
+    QApplication::sendEvent(&View(), &event);
+  };
+  const auto pressShiftF10 = [&] { QTest::keyClick(&View(), Qt::Key_F10, Qt::ShiftModifier); };
+  const std::function<void()> ways[] = {pressRight, pressMenuKey, pressShiftF10};
+  for (const int rows : {3, 1}) {
+    table.SetRows(rows);
+    const int row = table.Row();
+    for (const auto& open : ways) {
+      open();
+      ASSERT_TRUE(OpenMenu());
+      EXPECT_EQ(OpenMenu()->menuAction()->objectName(), "Menu:EditMenu");
+      QTest::keyClick(OpenMenu(), Qt::Key_A);
+      EXPECT_EQ(table.Row(), row) << "the selection stays as it was";
+    }
+  }
+  EXPECT_EQ(chosen, std::vector<std::string>(6, "Edit:SelectAll"));
+}
+
+TEST_F(Menus, TheMenuKeyOpensTheMenuOnTheSelectedRow) {
+  Show();
+  table.SetRow(2);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return View().CellRect(2, 0).width() == 100; }));
+  QTest::keyClick(&View(), Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_TRUE(OpenMenu());
+  const QPoint place = View().viewport()->mapFromGlobal(OpenMenu()->pos());
+  EXPECT_EQ(View().RowAt(place.y()), 2);
+}
+
+TEST_F(Menus, EveryMouseButtonIsToldOnce) {
+  Show();
+  for (const auto button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+    QTest::mouseClick(View().viewport(), button, {}, QPoint(5, 5));
+  }
+  EXPECT_THAT(buttons, ElementsAre(1, 4, 2));
+}
+
+TEST_F(Menus, ThePopupOfTheExportButtonChoosesLikeTheMenu) {
+  Show();
+  tools.PopupMenu(tools.Tools("Menu:ExportMenu"));
+  ASSERT_TRUE(OpenMenu());
+  QTest::keyClick(OpenMenu(), Qt::Key_P);
+  EXPECT_THAT(chosen, ElementsAre("Export:PDF"));
+}
+
+TEST_F(Menus, TheStatusBarShowsItsOneTextOnly) {
+  Show();
+  status.SetText("Trap receiving has been paused");
+  const auto* label = window.findChild<QStatusBar*>("StatusBar")->findChild<QLabel*>();
+  QStatusTipEvent hovered{QString()};
+  QApplication::sendEvent(&window, &hovered);
+  EXPECT_TRUE(label->isVisible());
+  EXPECT_EQ(label->text(), "Trap receiving has been paused");
+  status.SetText("");
+  EXPECT_EQ(label->text(), "");
+}
+
+TEST_F(Menus, EveryEntryButTheMenusThemselvesAndRawHasAnIcon) {
+  for (const ToolList& menu : AllMenus()) {
+    for (const ToolPlace& place : menu.places) {
+      if (place.tool.empty()) continue;
+      EXPECT_EQ(ToolIcon(place.tool).isNull(), place.tool == "Edit:Raw") << place.tool;
+    }
+  }
+}
+
+/// The mean lightness of what is painted, 0 to 255; -1 for an empty picture.
+int Lightness(const QPixmap& picture) {
+  const QImage image = picture.toImage();
+  int sum = 0;
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor color = image.pixelColor(x, y);
+      if (color.alpha() < 128) continue;
+      sum += color.lightness();
+      ++count;
+    }
+  }
+  return count == 0 ? -1 : sum / count;
+}
+
+TEST_F(Menus, IconsFollowThePaletteAtEverySize) {
+  const QPalette light(QColor(240, 240, 240));
+  const QPalette dark(QColor(50, 50, 50));
+  for (const ToolPlace& place : AllMenus().front().places) {
+    if (place.tool.empty()) continue;
+    const QIcon icon = ToolIcon(place.tool);
+    for (const int size : {16, 24, 48}) {
+      QApplication::setPalette(light);
+      const int onLight = Lightness(icon.pixmap(size));
+      QApplication::setPalette(dark);
+      const int onDark = Lightness(icon.pixmap(size));
+      EXPECT_GE(onLight, 0) << place.tool;
+      EXPECT_LT(onLight, 140) << place.tool;
+      EXPECT_GT(onDark, 140) << place.tool;
+    }
+  }
+  QApplication::setPalette(QPalette());
+}
+
+}  // namespace
+}  // namespace sentrel

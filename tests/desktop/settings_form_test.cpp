@@ -1,0 +1,314 @@
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QFontInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+
+#include "desktop/qt_settings_form.h"
+#include "fakes/fake_console.h"
+#include "fakes/fake_file_dialog.h"
+#include "fakes/fake_registry.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr int kGeneral = 0;
+constexpr int kDeviceFilter = 1;
+constexpr int kCommunityFilter = 2;
+constexpr int kLogging = 3;
+
+/// The settings dialog on the screen, used with mouse and keyboard.
+struct SettingsDialog : testing::Test {
+  void Open(int tab) {
+    dialog = std::make_unique<QtSettingsForm>(settings, box, files, nullptr);
+    dialog->open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    EXPECT_EQ(Tabs().currentIndex(), kGeneral);
+    QTest::mouseClick(Tabs().tabBar(), Qt::LeftButton, {}, Tabs().tabBar()->tabRect(tab).center());
+    EXPECT_EQ(Tabs().currentIndex(), tab);
+  }
+  template <typename Widget = QWidget>
+  Widget& Find(const char* name) {
+    return *dialog->findChild<Widget*>(name);
+  }
+  QTabWidget& Tabs() { return Find<QTabWidget>("Tabs"); }
+  QListWidget& List(const char* name) { return Find<QListWidget>(name); }
+
+  /// A click where the widget can be clicked at its left end.
+  void Click(const char* name) {
+    QWidget& widget = Find(name);
+    ASSERT_TRUE(widget.isVisible()) << name;
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
+  }
+  void ClickLine(const char* list, int row) {
+    QListWidget& lines = List(list);
+    QTest::mouseClick(lines.viewport(), Qt::LeftButton, {},
+                      lines.visualItemRect(lines.item(row)).center());
+  }
+  void Type(const char* text, Qt::Key end) {
+    QTest::keyClicks(QApplication::focusWidget(), text);
+    QTest::keyClick(QApplication::focusWidget(), end);
+  }
+  std::vector<std::string> Lines(const char* list) {
+    std::vector<std::string> lines;
+    for (int row = 0; row < List(list).count(); ++row)
+      lines.push_back(List(list).item(row)->text().toStdString());
+    return lines;
+  }
+  bool HasFocus(const char* name) { return QApplication::focusWidget() == &Find(name); }
+
+  FakeRegistry registry;
+  Settings settings{registry};
+  CallLog log;
+  FakeMessageBox box{log};
+  FakeFileDialog files;
+  std::unique_ptr<QtSettingsForm> dialog;
+};
+
+TEST_F(SettingsDialog, HasItsCaptionTabsAndPages) {
+  Open(kGeneral);
+  EXPECT_EQ(dialog->windowTitle(), "Sentrel Settings ...");
+  EXPECT_EQ(dialog->property("helpContext"), 9100);
+  const std::pair<const char*, const char*> pages[] = {{"General", "SSActiveTabPanel1"},
+                                                       {"Device Filter", "SSActiveTabPanel2"},
+                                                       {"Community Filter", "SSActiveTabPanel4"},
+                                                       {"Logging", "SSActiveTabPanel3"}};
+  ASSERT_EQ(Tabs().count(), 4);
+  for (int tab = 0; tab < Tabs().count(); ++tab) {
+    EXPECT_EQ(Tabs().tabText(tab), pages[tab].first);
+    EXPECT_EQ(Tabs().widget(tab)->objectName(), pages[tab].second);
+  }
+  EXPECT_TRUE(QFontInfo(List("DeviceFilterList").font()).fixedPitch());
+  EXPECT_EQ(Find<QLabel>("ExampleNames").text(),
+            "Single IP Address\nIP Address Range\nSubnet\nSubnet");
+}
+
+TEST_F(SettingsDialog, EveryControlHasItsCaption) {
+  const std::pair<const char*, const char*> captions[] = {
+      {"checkDecode", "Decode Trap OIDs"},
+      {"checkRaw", "Display raw data, do not decode Trap OIDs"},
+      {"checkDeviceFilter",
+       "Enable Device Filtering (Only receive SNMP Traps from specific devices)"},
+      {"AddLabel", "Add New IP Address, Subnet, or Address Range"},
+      {"cmdAddDeviceFilter", "Add "},
+      {"ExamplesLabel", "Examples:"},
+      {"cmdDeleteDeviceFilter", "Remove Selected Filter"},
+      {"checkCommunity", "Enable SNMP Community Filtering"},
+      {"Label1", "Only accept SNMP Traps with certain Community strings"},
+      {"NewCommunityLabel", "New SNMP Community String"},
+      {"cmdAddCommunity", "Add "},
+      {"cmdDeleteCommunity", "Remove Selected Filter"},
+      {"checkLoggingActive", "Log Traps to a file as they arrive"},
+      {"LogLabel", "Logging File"},
+      {"cmdSelectLogFile", "..."},
+      {"cmdOK", "OK"},
+      {"cmdCancel", "Cancel"},
+  };
+  Open(kGeneral);
+  for (const auto& [name, caption] : captions)
+    EXPECT_EQ(Find(name).property("text").toString(), caption) << name;
+  EXPECT_EQ(Find("Frame1").property("title").toString(), "Trap Decoding");
+}
+
+TEST_F(SettingsDialog, EveryWidgetThatTakesTheFocusTellsItsNameToAScreenReader) {
+  Open(kGeneral);
+  int told = 0;
+  for (QWidget* widget : dialog->findChildren<QWidget*>()) {
+    if (widget->focusPolicy() == Qt::NoFocus || widget->objectName().isEmpty() ||
+        widget->objectName().startsWith("qt_"))
+      continue;
+    ++told;
+    const auto* reader = QAccessible::queryAccessibleInterface(widget);
+    EXPECT_FALSE(reader->text(QAccessible::Name).trimmed().isEmpty())
+        << widget->objectName().toStdString();
+  }
+  EXPECT_GE(told, 18);
+}
+
+TEST_F(SettingsDialog, TheTwoWaysOfDecodingExcludeEachOther) {
+  Open(kGeneral);
+  EXPECT_TRUE(HasFocus("checkDecode"));
+  Click("checkRaw");
+  EXPECT_FALSE(Find<QAbstractButton>("checkDecode").isChecked());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  EXPECT_FALSE(Find<QAbstractButton>("checkRaw").isChecked());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  Click("cmdOK");
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_TRUE(settings.Raw());
+  Open(kGeneral);
+  EXPECT_TRUE(HasFocus("checkRaw"));
+}
+
+TEST_F(SettingsDialog, EachCheckBoxShowsItsControlsAndHidesThem) {
+  struct Group {
+    int tab;
+    const char* check;
+    std::vector<const char*> controls;
+  };
+  const Group groups[] = {
+      {kDeviceFilter,
+       "checkDeviceFilter",
+       {"AddLabel", "NewDeviceFilter", "cmdAddDeviceFilter", "ExamplesLabel", "ExampleList",
+        "ExampleNames", "DeviceFilterList", "cmdDeleteDeviceFilter"}},
+      {kCommunityFilter,
+       "checkCommunity",
+       {"NewCommunity", "NewCommunityLabel", "cmdAddCommunity", "CommunityList",
+        "cmdDeleteCommunity"}},
+      {kLogging, "checkLoggingActive", {"LogLabel", "LogFilename", "cmdSelectLogFile"}}};
+  for (const auto& [tab, check, controls] : groups) {
+    Open(tab);
+    const QSize size = dialog->size();
+    for (const bool shown : {false, true, false}) {
+      for (const char* control : controls) EXPECT_EQ(Find(control).isVisible(), shown) << control;
+      EXPECT_EQ(dialog->size(), size);
+      Click(check);
+    }
+    EXPECT_TRUE(Find(tab == kCommunityFilter ? "Label1" : check).isVisible());
+  }
+}
+
+TEST_F(SettingsDialog, DeviceFiltersAreEnteredByKeyboardAlone) {
+  Open(kDeviceFilter);
+  Click("checkDeviceFilter");
+  EXPECT_TRUE(HasFocus("NewDeviceFilter"));
+  Type("10.0.1.0/24", Qt::Key_Return);
+  Type("10.0.1.300", Qt::Key_Enter);
+  EXPECT_EQ(box.text, "Please enter a valid Filter first.");
+  EXPECT_EQ(Find<QLineEdit>("NewDeviceFilter").text(), "10.0.1.300");
+  EXPECT_TRUE(dialog->isVisible());
+  Find<QLineEdit>("NewDeviceFilter").selectAll();
+  Type("10.0.1.23", Qt::Key_Enter);
+  EXPECT_EQ(Find<QLineEdit>("NewDeviceFilter").selectedText(), "10.0.1.23");
+  EXPECT_THAT(Lines("DeviceFilterList"), ElementsAre("Subnet            : 10.0.1.0/255.255.255.0",
+                                                     "Single IP Address : 10.0.1.23"));
+  EXPECT_FALSE(settings.DeviceFilters()->AddressInFilters("10.0.1.23"));
+  Click("cmdOK");
+  EXPECT_TRUE(settings.DeviceFilterActive());
+  EXPECT_EQ(Settings(registry).DeviceFilters()->Count(), 2);
+}
+
+TEST_F(SettingsDialog, AddButtonsGiveTheFocusBackToTheirBox) {
+  Open(kCommunityFilter);
+  Click("checkCommunity");
+  Click("NewCommunity");
+  Type("  two words ", Qt::Key_Tab);
+  EXPECT_TRUE(HasFocus("cmdAddCommunity"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(HasFocus("NewCommunity"));
+  EXPECT_EQ(Find<QLineEdit>("NewCommunity").selectedText(), "two words");
+  Type("", Qt::Key_Delete);
+  Click("cmdAddCommunity");
+  EXPECT_EQ(box.text, "Please enter an SNMP Community string first.");
+  EXPECT_THAT(Lines("CommunityList"), ElementsAre("public", "two words"));
+}
+
+TEST_F(SettingsDialog, LinesAreRemovedByButtonAndByDeleteKey) {
+  const std::pair<const char*, const char*> lists[] = {
+      {"DeviceFilterList", "cmdDeleteDeviceFilter"}, {"CommunityList", "cmdDeleteCommunity"}};
+  settings.SetDeviceFilterActive(true);
+  for (const char* text : {"10.0.0.1", "10.0.0.2", "10.0.0.3"}) {
+    settings.DeviceFilters()->AddFilter(text);
+    settings.CommunityStrings()->Add(text);
+  }
+  for (const auto& [list, button] : lists) {
+    Open(list == lists[0].first ? kDeviceFilter : kCommunityFilter);
+    List(list).setFocus();
+    EXPECT_FALSE(Find(button).isEnabled());
+    QTest::keyClick(&List(list), Qt::Key_Delete);
+    EXPECT_EQ(List(list).count(), 3) << "no line was selected";
+
+    ClickLine(list, 0);
+    EXPECT_TRUE(Find(button).isEnabled());
+    Click(button);
+    EXPECT_EQ(List(list).count(), 2);
+    EXPECT_FALSE(Find(button).isEnabled());
+    EXPECT_THAT(List(list).selectedItems(), IsEmpty());
+    EXPECT_TRUE(HasFocus(list)) << "not on a button that closes the dialog";
+
+    QTest::keyClick(&List(list), Qt::Key_Down);
+    EXPECT_TRUE(Find(button).isEnabled()) << "a line can be selected with the keyboard";
+    QTest::keyClick(&List(list), Qt::Key_Delete);
+    EXPECT_EQ(Lines(list).size(), 1);
+    EXPECT_THAT(Lines(list).front(), testing::EndsWith("10.0.0.2"));
+    EXPECT_FALSE(Find(button).isEnabled());
+  }
+}
+
+TEST_F(SettingsDialog, UntickingLeavesNoLineToRemove) {
+  settings.CommunityStrings()->Add("private");
+  Open(kCommunityFilter);
+  ClickLine("CommunityList", 0);
+  Click("checkCommunity");
+  Click("checkCommunity");
+  EXPECT_THAT(Lines("CommunityList"), ElementsAre("public"));
+  EXPECT_FALSE(Find("cmdDeleteCommunity").isEnabled());
+}
+
+TEST_F(SettingsDialog, OKWithoutAFilterShowsWhereOneIsMissing) {
+  Open(kDeviceFilter);
+  Click("checkDeviceFilter");
+  QTest::mouseClick(Tabs().tabBar(), Qt::LeftButton, {},
+                    Tabs().tabBar()->tabRect(kLogging).center());
+  Click("cmdOK");
+  EXPECT_THAT(box.text, testing::StartsWith("You have enabled Device Filtering"));
+  EXPECT_EQ(Tabs().currentIndex(), kDeviceFilter);
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_FALSE(settings.DeviceFilterActive());
+}
+
+TEST_F(SettingsDialog, ItsOtherWaysOutChangeNothing) {
+  settings.CommunityStrings()->Add("private");
+  const std::function<void()> waysOut[] = {
+      [this] { Click("cmdCancel"); }, [this] { dialog->close(); },
+      [this] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); }};
+  for (const auto& leave : waysOut) {
+    Open(kGeneral);
+    Click("checkRaw");
+    QTest::keyClick(dialog.get(), Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible()) << "there is no default button";
+    Tabs().setCurrentIndex(kCommunityFilter);
+    Click("checkCommunity");
+    leave();
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_FALSE(settings.Raw());
+    EXPECT_THAT(settings.CommunityStrings()->CStrings(), ElementsAre("private"));
+    EXPECT_EQ(registry.changes, 0);
+  }
+}
+
+TEST_F(SettingsDialog, TheLogFileIsChosen) {
+  settings.SetLoggingEnabled(true);
+  Open(kLogging);
+  Click("LogFilename");
+  Type("/tmp/a", Qt::Key_Return);
+  EXPECT_TRUE(dialog->isVisible());
+  files.choice = "/tmp/b";
+  Click("cmdSelectLogFile");
+  EXPECT_EQ(files.requests.front().fileName, "/tmp/a");
+  Click("cmdOK");
+  EXPECT_EQ(Settings(registry).LogFilename(), "/tmp/b");
+}
+
+TEST_F(SettingsDialog, TheListsTakeTheRoomOfALargerWindow) {
+  settings.SetDeviceFilterActive(true);
+  Open(kDeviceFilter);
+  const int height = List("DeviceFilterList").height();
+  dialog->resize(dialog->width(), dialog->height() + 100);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return List("DeviceFilterList").height() == height + 100; }));
+  EXPECT_GE(
+      Find("NewDeviceFilter").width(),
+      Find("NewDeviceFilter").fontMetrics().horizontalAdvance("10.100.100.100-10.100.100.255"));
+}
+
+}  // namespace
+}  // namespace sentrel

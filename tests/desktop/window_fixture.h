@@ -1,0 +1,47 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QTest>
+#include <string>
+#include <vector>
+
+#include "desktop/qt_main_window.h"
+
+namespace sentrel {
+
+/// The main window with two traps in its table. What the user chooses is noted by tool id.
+struct WindowTest : testing::Test, ToolBarsEvents, TableEvents {
+  WindowTest() {
+    table.SetCols(2);
+    table.SetColWidth(0, 100);
+    for (const char* trap : {"a\t1", "b\t2"}) table.AddItem(trap, 1);
+    tools.SetEvents(this);
+    table.SetEvents(this);
+  }
+  void ToolBars_ToolClick(const Tool& tool) override { chosen.emplace_back(tool.Id()); }
+  void Table_MouseDown(int button, int, int, int) override {
+    buttons.push_back(button);
+    if (button == TableView::kRightButton) tools.PopupMenu(tools.Tools("Menu:EditMenu"));
+  }
+
+  void Show() {
+    window.resize(800, 400);
+    window.MoveTable({0, 0, 800, 300});
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+  TableView& View() { return *window.findChild<TableView*>("Table"); }
+  QAction& Action(const char* id) { return *window.findChild<QAction*>(id); }
+  QMenu* OpenMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+
+  Table table;
+  ToolBars tools;
+  StatusBar status;
+  std::vector<std::string> chosen;
+  std::vector<int> buttons;
+  QtMainWindow window{table, tools, status};
+};
+
+}  // namespace sentrel

@@ -1,0 +1,276 @@
+#include "settings/settings_form.h"
+
+#include <gmock/gmock.h>
+
+#include "fake_settings_view.h"
+#include "fakes/fake_console.h"
+#include "fakes/fake_file_dialog.h"
+#include "fakes/fake_registry.h"
+
+namespace sentrel {
+namespace {
+
+using namespace settings_controls;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+
+struct SettingsFormTest : testing::Test {
+  SettingsFormTest() {
+    view.onClick = {{"checkDeviceFilter", [this] { form.checkDeviceFilter_Click(); }},
+                    {"checkCommunity", [this] { form.checkCommunity_Click(); }},
+                    {"checkLoggingActive", [this] { form.checkLoggingActive_Click(); }}};
+  }
+  void AddCommunity(const std::string& text) {
+    view.SetText(kNewCommunity, text);
+    form.cmdAddCommunity_Click();
+  }
+  void AddDeviceFilter(const std::string& text) {
+    view.SetText(kNewDeviceFilter, text);
+    form.cmdAddDeviceFilter_Click();
+  }
+  /// The message that a step shows, with an exclamation icon and the default title; "" if none.
+  template <typename Step>
+  std::string MessageOf(Step&& step) {
+    log.calls.clear();
+    step();
+    if (log.calls.empty()) return "";
+    EXPECT_EQ(box.icon, MessageIcon::Exclamation);
+    EXPECT_EQ(box.title, "Sentrel");
+    return box.text;
+  }
+  std::vector<std::string> NextStart() const {
+    FakeRegistry copy = registry;
+    return Settings(copy).CommunityStrings()->CStrings();
+  }
+
+  FakeRegistry registry;
+  Settings settings{registry};
+  CallLog log;
+  FakeMessageBox box{log};
+  FakeFileDialog files;
+  FakeSettingsView view;
+  SettingsForm form{settings, box, files, view};
+};
+
+TEST_F(SettingsFormTest, LoadsAFirstRun) {
+  form.Form_Load();
+  EXPECT_EQ(view.helpContext, 9100);
+  EXPECT_EQ(view.tab, 1);
+  EXPECT_THAT(view.checked, ElementsAre("checkDecode"));
+  EXPECT_THAT(view.hidden,
+              testing::UnorderedElementsAre(
+                  "AddLabel", "NewDeviceFilter", "cmdAddDeviceFilter", "ExamplesLabel",
+                  "ExampleList", "ExampleNames", "DeviceFilterList", "cmdDeleteDeviceFilter",
+                  "NewCommunity", "NewCommunityLabel", "cmdAddCommunity", "CommunityList",
+                  "cmdDeleteCommunity", "LogLabel", "LogFilename", "cmdSelectLogFile"));
+  EXPECT_EQ(view.texts["ExampleList"],
+            "10.0.1.23\r\n10.0.1.1 - 10.0.1.255\r\n10.0.1.0/24\r\n10.0.1.0/255.255.255.0");
+  EXPECT_EQ(view.texts["ExampleNames"],
+            "Single IP Address\r\nIP Address Range\r\nSubnet\r\nSubnet");
+  EXPECT_EQ(registry.changes, 0);
+}
+
+TEST_F(SettingsFormTest, LoadsWhatIsSetAndOffersNoRemovalYet) {
+  settings.SetRaw(true);
+  settings.SetDeviceFilterActive(true);
+  settings.SetLoggingEnabled(true);
+  std::string filename = "x.log";
+  settings.SetLogFilename(filename);
+  settings.DeviceFilters()->AddFilter("10.0.1.0/24");
+  settings.CommunityStrings()->Add("b");
+  settings.CommunityStrings()->Add("a");
+  form.Form_Load();
+  EXPECT_THAT(view.checked,
+              ElementsAre("checkCommunity", "checkDeviceFilter", "checkLoggingActive", "checkRaw"));
+  EXPECT_THAT(view.hidden, IsEmpty());
+  EXPECT_EQ(view.texts["LogFilename"], "x.log");
+  EXPECT_THAT(view.lines["DeviceFilterList"],
+              ElementsAre("Subnet            : 10.0.1.0/255.255.255.0"));
+  EXPECT_THAT(view.lines["CommunityList"], ElementsAre("b", "a")) << "without a \"public\"";
+  EXPECT_THAT(view.enabled, IsEmpty());
+}
+
+TEST_F(SettingsFormTest, TickingShowsTheDeviceFiltersAndTheListStays) {
+  settings.DeviceFilters()->AddFilter("10.0.1.23");
+  form.Form_Load();
+  view.SetChecked(kCheckDeviceFilter, true);
+  EXPECT_FALSE(view.hidden.contains("DeviceFilterList"));
+  EXPECT_EQ(view.focus, "NewDeviceFilter");
+  view.focus.clear();
+  view.SetChecked(kCheckDeviceFilter, false);
+  EXPECT_THAT(view.hidden, IsSupersetOf({"DeviceFilterList", "NewDeviceFilter"}));
+  EXPECT_EQ(view.focus, "");
+  form.cmdOK_Click();
+  EXPECT_FALSE(settings.DeviceFilterActive());
+  EXPECT_THAT(settings.DeviceFilters()->Keys(), ElementsAre("10.0.1.23"));
+}
+
+TEST_F(SettingsFormTest, TickingCommunityFilteringBeginsWithPublicAndUntickingForgetsAll) {
+  settings.CommunityStrings()->Add("private");
+  settings.CommunityStrings()->Sync();
+  form.Form_Load();
+  view.SetChecked(kCheckCommunity, false);
+  EXPECT_THAT(view.lines["CommunityList"], IsEmpty());
+  EXPECT_TRUE(view.hidden.contains("CommunityList"));
+  view.SetChecked(kCheckCommunity, true);
+  EXPECT_THAT(view.lines["CommunityList"], ElementsAre("public"));
+  form.cmdCancel_Click();
+  EXPECT_TRUE(view.closed);
+  EXPECT_THAT(settings.CommunityStrings()->CStrings(), ElementsAre("private"));
+  EXPECT_THAT(NextStart(), ElementsAre("private"));
+}
+
+TEST_F(SettingsFormTest, DeviceFiltersAreAddedAsDescriptionsAndOnceToTheList) {
+  form.Form_Load();
+  view.SetChecked(kCheckDeviceFilter, true);
+  for (const char* text : {"  10.0.1.0/24 ", "10.0.1.1 - 10.0.1.255", "10.0.1.0\\24", "10.0.1.23"})
+    AddDeviceFilter(text);
+  EXPECT_THAT(
+      view.lines["DeviceFilterList"],
+      ElementsAre("Subnet            : 10.0.1.0/255.255.255.0",
+                  "Address Range     : 10.0.1.1-10.0.1.255",
+                  "Subnet            : 10.0.1.0/255.255.255.0", "Single IP Address : 10.0.1.23"));
+  EXPECT_EQ(view.focus, "NewDeviceFilter");
+  EXPECT_EQ(view.selectedText, "NewDeviceFilter");
+  EXPECT_EQ(settings.DeviceFilters()->Count(), 0) << "the live list is left alone";
+  form.cmdOK_Click();
+  EXPECT_THAT(settings.DeviceFilters()->Keys(),
+              ElementsAre("10.0.1.0/255.255.255.0", "10.0.1.1-10.0.1.255", "10.0.1.23"));
+}
+
+TEST_F(SettingsFormTest, WhatIsNoFilterIsToldAndStaysInTheBox) {
+  form.Form_Load();
+  for (const char* text : {"", "  ", "10.0.1", " 10.0.1.256", "router"}) {
+    EXPECT_EQ(MessageOf([&] { AddDeviceFilter(text); }), "Please enter a valid Filter first.");
+    EXPECT_EQ(view.texts["NewDeviceFilter"], text);
+  }
+  EXPECT_THAT(view.lines["DeviceFilterList"], IsEmpty());
+  EXPECT_EQ(view.focus, "");
+}
+
+TEST_F(SettingsFormTest, CommunitiesAreTrimmedInTheBoxAndOnceInTheList) {
+  form.Form_Load();
+  view.SetChecked(kCheckCommunity, true);
+  for (const char* text : {" two words  ", "two words", "Public"}) AddCommunity(text);
+  EXPECT_THAT(view.lines["CommunityList"],
+              ElementsAre("public", "two words", "two words", "Public"));
+  EXPECT_EQ(view.focus, "NewCommunity");
+  EXPECT_EQ(view.selectedText, "NewCommunity");
+  EXPECT_EQ(MessageOf([&] { AddCommunity("   "); }),
+            "Please enter an SNMP Community string first.");
+  EXPECT_EQ(view.texts["NewCommunity"], "");
+  form.cmdOK_Click();
+  EXPECT_THAT(NextStart(), ElementsAre("public", "two words", "Public"));
+}
+
+TEST_F(SettingsFormTest, OnlyEnterIsSwallowedByTheEntryBoxes) {
+  form.Form_Load();
+  view.SetText(kNewDeviceFilter, "10.0.1.23");
+  view.SetText(kNewCommunity, "a");
+  for (const char32_t key : {U'a', U'\n', U'\x1b', U'\0'}) {
+    EXPECT_FALSE(form.NewDeviceFilter_KeyPress(key));
+    EXPECT_FALSE(form.NewCommunity_KeyPress(key));
+  }
+  EXPECT_TRUE(form.NewDeviceFilter_KeyPress(U'\r'));
+  EXPECT_TRUE(form.NewCommunity_KeyPress(U'\r'));
+  EXPECT_THAT(view.lines["DeviceFilterList"], ElementsAre("Single IP Address : 10.0.1.23"));
+  EXPECT_THAT(view.lines["CommunityList"], ElementsAre("a"));
+}
+
+TEST_F(SettingsFormTest, RemovalIsOfferedWhileALineIsSelected) {
+  struct Case {
+    SettingsList list;
+    SettingsButton button;
+    void (SettingsForm::*click)();
+    void (SettingsForm::*remove)();
+  };
+  const Case cases[] = {
+      {kDeviceFilterList, kCmdDeleteDeviceFilter, &SettingsForm::DeviceFilterList_Click,
+       &SettingsForm::cmdDeleteDeviceFilter_Click},
+      {kCommunityList, kCmdDeleteCommunity, &SettingsForm::CommunityList_Click,
+       &SettingsForm::cmdDeleteCommunity_Click}};
+  form.Form_Load();
+  for (const auto& [list, button, click, remove] : cases) {
+    for (const char* line : {"a", "b", "c"}) view.AddLine(list, line);
+    view.selectedLine[list.name] = 1;
+    (form.*click)();
+    EXPECT_TRUE(view.enabled[button.name]);
+    (form.*remove)();
+    EXPECT_THAT(view.Lines(list), ElementsAre("a", "c"));
+    EXPECT_FALSE(view.enabled[button.name]);
+    (form.*remove)();
+    EXPECT_THAT(view.Lines(list), ElementsAre("a", "c")) << "nothing was selected";
+  }
+}
+
+TEST_F(SettingsFormTest, TheLogFileIsChosenInTheFileDialog) {
+  form.Form_Load();
+  view.SetText(kLogFilename, "old.log");
+  form.cmdSelectLogFile_Click();
+  EXPECT_EQ(view.texts["LogFilename"], "old.log") << "the user cancelled";
+  files.choice = "/var/log/traps";
+  form.cmdSelectLogFile_Click();
+  EXPECT_EQ(view.texts["LogFilename"], "/var/log/traps");
+  const SaveFileRequest& request = files.requests.front();
+  EXPECT_EQ(request.title, "Trap Logging File ...");
+  EXPECT_EQ(request.filter, "All Files (*.*)|*.*");
+  EXPECT_EQ(request.fileName, "old.log");
+  EXPECT_FALSE(request.promptBeforeOverwrite || request.refuseReadOnly) << "a log is appended to";
+}
+
+TEST_F(SettingsFormTest, OKWithoutAFilterChangesNothing) {
+  form.Form_Load();
+  view.SetChecked(kCheckRaw, true);
+  view.SetChecked(kCheckCommunity, true);
+  view.SetChecked(kCheckDeviceFilter, true);
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }),
+            "You have enabled Device Filtering, but have not added any Device Filters.\r\n\r\n"
+            "Please add at least one Device Filter or disable Device Filtering.");
+  EXPECT_EQ(view.tab, 2);
+  EXPECT_FALSE(view.closed);
+  EXPECT_FALSE(settings.Raw());
+  EXPECT_EQ(registry.changes, 0);
+  view.SetChecked(kCheckDeviceFilter, false);
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
+  EXPECT_TRUE(view.closed && settings.Raw());
+  EXPECT_THAT(NextStart(), ElementsAre("public"));
+}
+
+TEST_F(SettingsFormTest, ATickedFilterWithoutStringsIsOff) {
+  settings.CommunityStrings()->Add("a");
+  form.Form_Load();
+  view.ClearLines(kCommunityList);
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
+  EXPECT_TRUE(view.closed && view.Checked(kCheckCommunity));
+  EXPECT_THAT(NextStart(), IsEmpty());
+}
+
+TEST_F(SettingsFormTest, TheLogFilenameIsKeptWithLoggingOnOnly) {
+  std::string filename = "old.log";
+  settings.SetLogFilename(filename);
+  form.Form_Load();
+  const auto pressOK = [&](bool logging, const char* text) {
+    view.SetChecked(kCheckLoggingActive, logging);
+    view.SetText(kLogFilename, text);
+    form.cmdOK_Click();
+    EXPECT_EQ(settings.LoggingEnabled(), logging);
+    return settings.LogFilename();
+  };
+  EXPECT_EQ(pressOK(false, "new.log"), "old.log");
+  EXPECT_EQ(pressOK(true, " new.log "), "new.log");
+  EXPECT_EQ(pressOK(true, ""), "");
+}
+
+TEST_F(SettingsFormTest, AStoreThatCannotBeWrittenIsNotToldOf) {
+  form.Form_Load();
+  registry.readOnly = true;
+  view.SetChecked(kCheckRaw, true);
+  view.SetChecked(kCheckCommunity, true);
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
+  EXPECT_TRUE(view.closed && settings.Raw());
+  EXPECT_EQ(settings.CommunityStrings()->Count(), 1);
+}
+
+}  // namespace
+}  // namespace sentrel
