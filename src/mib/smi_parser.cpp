@@ -35,13 +35,13 @@ bool IsModuleName(std::string_view word) {
 class Parser {
  public:
   Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
-      : reader_(text, commentEnd, arena) {}
+      : arena_(arena), reader_(text, commentEnd, arena) {}
 
   /// All modules of the file.
   std::vector<Module> Parse() {
     std::vector<Module> modules;
     while (FindModule()) {
-      modules.push_back(std::move(module_));
+      modules.push_back(Bind(module_, arena_));
       module_ = {};
     }
     if (modules.empty()) reader_.Report({}, "no MIB module in this file");
@@ -66,8 +66,9 @@ class Parser {
   std::string_view ReadEnterprise();
   Definition NewDefinition(const Token& name, Kind kind);
 
+  Arena& arena_;
   TokenReader reader_;
-  Module module_;
+  ModuleDraft module_;
   /// The token before the next one, where it may turn out to be the name of a definition.
   Token previous_;
   /// The name of a module that began within another one.
@@ -122,19 +123,16 @@ void Parser::ReadBody() {
     if (token.Is("END")) {
       reader_.SetStrings(false);
       reader_.Take();
-      Bind(module_);
       return;
     }
     if (token.Is("DEFINITIONS")) {
       reader_.Report(token, "module " + Quote(module_.name) + " has no END");
       nextName_ = previous_;
-      Bind(module_);
       return;
     }
     ReadStatement();
   }
   reader_.Report(reader_.Peek(), "module " + Quote(module_.name) + " has no END");
-  Bind(module_);
 }
 
 void Parser::ReadStatement() {
