@@ -65,7 +65,7 @@ class StringPool {
   }
 
   void Grow() {
-    std::vector<Slot> old(slots_.size() * 4);
+    BigVector<Slot> old(slots_.size() * 4);
     old.swap(slots_);
     for (const Slot& slot : old) {
       if (slot.offset == 0) continue;
@@ -76,7 +76,7 @@ class StringPool {
   }
 
   std::string bytes_;
-  std::vector<Slot> slots_;
+  BigVector<Slot> slots_;
   size_t count_ = 0;
 };
 
@@ -95,8 +95,8 @@ class BreadthFirst {
     for (format::NodeRecord& record : records) record.parent = placeOf[record.parent];
   }
 
-  std::vector<format::NodeRecord> records;
-  std::vector<std::uint32_t> placeOf;
+  BigVector<format::NodeRecord> records;
+  BigVector<std::uint32_t> placeOf;
 
  private:
   /// Sorts children_ by parent and number; firstChild_ tells where a parent's children begin.
@@ -105,7 +105,7 @@ class BreadthFirst {
     for (size_t i = 1; i < tree_.size(); ++i) ++firstChild_[tree_[i].parent + 1];
     for (size_t i = 1; i < firstChild_.size(); ++i) firstChild_[i] += firstChild_[i - 1];
     children_.resize(tree_.size());
-    std::vector<std::uint32_t> next = firstChild_;
+    BigVector<std::uint32_t> next = firstChild_;
     for (std::uint32_t i = 1; i < tree_.size(); ++i) children_[next[tree_[i].parent]++] = i;
     for (size_t i = 0; i < tree_.size(); ++i) {
       std::sort(children_.begin() + firstChild_[i], children_.begin() + firstChild_[i + 1],
@@ -122,10 +122,10 @@ class BreadthFirst {
     order_.insert(order_.end(), children_.begin() + first, children_.begin() + first + count);
   }
 
-  const std::vector<OidTree::Node>& tree_;
-  std::vector<std::uint32_t> firstChild_;
-  std::vector<std::uint32_t> children_;
-  std::vector<std::uint32_t> order_;
+  const BigVector<OidTree::Node>& tree_;
+  BigVector<std::uint32_t> firstChild_;
+  BigVector<std::uint32_t> children_;
+  BigVector<std::uint32_t> order_;
 };
 
 template <typename Record>
@@ -140,13 +140,13 @@ void AppendSection(std::string& image, format::SectionName name, const Record* r
 
 template <typename Record>
 void AppendSection(std::string& image, format::SectionName name,
-                   const std::vector<Record>& records) {
+                   const BigVector<Record>& records) {
   AppendSection(image, name, records.data(), records.size());
 }
 
-std::vector<format::EntryRecord> MakeEntries(const Catalog& catalog, const BreadthFirst& nodes,
+BigVector<format::EntryRecord> MakeEntries(const Catalog& catalog, const BreadthFirst& nodes,
                                              StringPool& strings) {
-  std::vector<format::EntryRecord> records;
+  BigVector<format::EntryRecord> records;
   records.reserve(catalog.entries.size());
   for (const Entry& entry : catalog.entries) {
     const auto node = entry.node == kNothing ? kNothing : nodes.placeOf[entry.node];
@@ -169,8 +169,8 @@ std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
     AppendSection(image, format::kNodes, nodes.records);
     AppendSection(image, format::kEntries, entries);
   }
-  std::vector<format::TypeRecord> types;
-  std::vector<format::ValueRecord> values;
+  BigVector<format::TypeRecord> types;
+  BigVector<format::ValueRecord> values;
   for (const ResolvedType& type : catalog.types) {
     types.push_back({static_cast<std::uint32_t>(type.base), strings.Add(type.hint),
                      static_cast<std::uint32_t>(values.size()), type.valueCount});
@@ -180,7 +180,7 @@ std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
   }
   AppendSection(image, format::kTypes, types);
   AppendSection(image, format::kValues, values);
-  std::vector<format::ModuleRecord> modules;
+  BigVector<format::ModuleRecord> modules;
   for (const CatalogModule& module : catalog.modules) {
     modules.push_back({module.lastUpdated, strings.Add(module.name), module.entries.begin,
                        module.entries.count, 0});
