@@ -28,6 +28,10 @@ std::uint64_t ReadDate(std::string_view text) {
   return digits == 12 ? date : 0;
 }
 
+bool IsCapitalised(const Token& token) {
+  return token.kind == TokenKind::Word && token.text[0] >= 'A' && token.text[0] <= 'Z';
+}
+
 bool IsModuleName(std::string_view word) {
   return !word.empty() && !IsDefiningMacro(word) && BaseTypeOf(word) == BaseType::None;
 }
@@ -259,8 +263,9 @@ void Parser::ReadTextualConvention(Definition& type) {
 /// Whether the token before the next one turned out to be the name of a new definition; then it
 /// is the next token again.
 bool Parser::IsNextDefinition() {
+  if (const Token& peek = reader_.Peek(); peek.kind != TokenKind::Assign && !IsCapitalised(peek))
+    return false;
   const Token next = reader_.Peek();
-  if (next.kind != TokenKind::Word && next.kind != TokenKind::Assign) return false;
   bool begins = next.kind == TokenKind::Assign || next.text == "MACRO" ||
                 next.text == "DEFINITIONS" || IsDefiningMacro(next.text);
   if (next.text == "OBJECT") {
@@ -297,7 +302,7 @@ void Parser::ReadMacro(const Token& name, const Token& macro) {
       ReadType(reader_, module_, definition);
     } else if (token.Is("LAST-UPDATED") && reader_.Peek().kind == TokenKind::String) {
       module_.lastUpdated = ReadDate(reader_.Take().text);
-    } else if (macro.text == "TRAP-TYPE" && token.Is("ENTERPRISE")) {
+    } else if (token.Is("ENTERPRISE") && macro.text == "TRAP-TYPE") {
       enterprise = ReadEnterprise();
     }
   }
