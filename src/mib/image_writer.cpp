@@ -6,6 +6,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "common/failure.h"
 #include "mib/hash.h"
@@ -129,6 +130,11 @@ class BreadthFirst {
 };
 
 template <typename Record>
+size_t SizeOf(const BigVector<Record>& records) {
+  return records.size() * sizeof(Record);
+}
+
+template <typename Record>
 void AppendSection(std::string& image, format::SectionName name, const Record* records,
                    size_t count) {
   image.resize((image.size() + 7) / 8 * 8);
@@ -138,55 +144,73 @@ void AppendSection(std::string& image, format::SectionName name, const Record* r
   image.append(reinterpret_cast<const char*>(records), count * sizeof(Record));
 }
 
+/// Takes the records, so that they need not stay in memory beside their copies.
 template <typename Record>
-void AppendSection(std::string& image, format::SectionName name,
-                   const BigVector<Record>& records) {
+void AppendSection(std::string& image, format::SectionName name, BigVector<Record> records) {
   AppendSection(image, name, records.data(), records.size());
 }
 
-BigVector<format::EntryRecord> MakeEntries(const Catalog& catalog, const BreadthFirst& nodes,
-                                             StringPool& strings) {
-  BigVector<format::EntryRecord> records;
-  records.reserve(catalog.entries.size());
-  for (const Entry& entry : catalog.entries) {
-    const auto node = entry.node == kNothing ? kNothing : nodes.placeOf[entry.node];
-    records.push_back(
-        {strings.AddNew(entry.name), node, entry.type, static_cast<std::uint32_t>(entry.kind)});
+/// Everything of an image but its nodes.
+class Contents {
+ public:
+  explicit Contents(const Catalog& catalog) {
+    AddEntries(catalog.entries);
+    for (const ResolvedType& type : catalog.types) AddType(type);
+    for (const CatalogModule& module : catalog.modules) {
+      modules.push_back({module.lastUpdated, strings.Add(module.name), module.entries.begin,
+                         module.entries.count, 0});
+    }
   }
-  return records;
-}
 
-}  // namespace
-
-std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
-  StringPool strings;
-  std::string image(sizeof(format::Header), '\0');
-  {
-    const BreadthFirst nodes(catalog);
-    const auto entries = MakeEntries(catalog, nodes, strings);
-    image.reserve(image.size() + nodes.records.size() * sizeof(format::NodeRecord) +
-                  entries.size() * sizeof(format::EntryRecord) + strings.Bytes().size() * 2);
-    AppendSection(image, format::kNodes, nodes.records);
-    AppendSection(image, format::kEntries, entries);
+  /// Until now the entries refer to the nodes of the tree.
+  void PlaceNodes(const BigVector<std::uint32_t>& placeOf) {
+    for (format::EntryRecord& entry : entries) {
+      if (entry.node != kNothing) entry.node = placeOf[entry.node];
+    }
   }
+
+  BigVector<format::EntryRecord> entries;
   BigVector<format::TypeRecord> types;
   BigVector<format::ValueRecord> values;
-  for (const ResolvedType& type : catalog.types) {
+  BigVector<format::ModuleRecord> modules;
+  StringPool strings;
+
+ private:
+  void AddEntries(const BigVector<Entry>& all) {
+    entries.reserve(all.size());
+    for (const Entry& entry : all) {
+      entries.push_back({strings.AddNew(entry.name), entry.node, entry.type,
+                         static_cast<std::uint32_t>(entry.kind)});
+    }
+  }
+
+  void AddType(const ResolvedType& type) {
     types.push_back({static_cast<std::uint32_t>(type.base), strings.Add(type.hint),
                      static_cast<std::uint32_t>(values.size()), type.valueCount});
     for (std::uint32_t i = 0; i < type.valueCount; ++i) {
       values.push_back({type.values[i].value, strings.Add(type.values[i].label)});
     }
   }
-  AppendSection(image, format::kTypes, types);
-  AppendSection(image, format::kValues, values);
-  BigVector<format::ModuleRecord> modules;
-  for (const CatalogModule& module : catalog.modules) {
-    modules.push_back({module.lastUpdated, strings.Add(module.name), module.entries.begin,
-                       module.entries.count, 0});
-  }
-  AppendSection(image, format::kModules, modules);
-  AppendSection(image, format::kStrings, strings.Bytes().data(), strings.Bytes().size());
+};
+
+}  // namespace
+
+std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
+  auto order = std::async(std::launch::async, [&] { return BreadthFirst(catalog); });
+  Contents contents(catalog);
+  BreadthFirst nodes = order.get();
+  contents.PlaceNodes(nodes.placeOf);
+  const std::string& strings = contents.strings.Bytes();
+  std::string image(sizeof(format::Header), '\0');
+  image.reserve(image.size() + format::kSectionCount * sizeof(std::uint64_t) +
+                SizeOf(nodes.records) + SizeOf(contents.entries) + SizeOf(contents.types) +
+                SizeOf(contents.values) + SizeOf(contents.modules) + strings.size());
+  AppendSection(image, format::kNodes, std::move(nodes.records));
+  AppendSection(image, format::kEntries, std::move(contents.entries));
+  AppendSection(image, format::kTypes, std::move(contents.types));
+  AppendSection(image, format::kValues, std::move(contents.values));
+  AppendSection(image, format::kModules, std::move(contents.modules));
+  AppendSection(image, format::kStrings, strings.data(), strings.size());
   std::memcpy(image.data() + offsetof(format::Header, fingerprint), &fingerprint,
               sizeof fingerprint);
   Seal(image);
