@@ -9,7 +9,7 @@
 namespace sentrel {
 namespace {
 
-constexpr int kLettersOfABox = 40;
+constexpr int kLettersOfABox = 50;
 
 template <typename Widget>
 Widget* Named(const char* name, Widget* widget) {
