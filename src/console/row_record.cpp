@@ -1,7 +1,11 @@
 #include "console/row_record.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
+#include <vector>
+
+#include "common/failure.h"
 
 namespace sentrel {
 namespace {
@@ -19,7 +23,70 @@ void AppendEscaped(std::string& record, std::string_view text) {
   }
 }
 
+/// The pieces between the "::" that no backslash guards, with their escapes.
+std::vector<std::string_view> SplitFields(std::string_view record) {
+  std::vector<std::string_view> fields;
+  size_t begin = 0;
+  for (size_t i = 0; i < record.size(); ++i) {
+    if (record[i] == '\\') {
+      ++i;
+    } else if (record.compare(i, 2, "::") == 0) {
+      fields.push_back(record.substr(begin, i - begin));
+      begin = i + 2;
+      ++i;
+    }
+  }
+  fields.push_back(record.substr(begin));
+  return fields;
+}
+
+std::string Unescaped(std::string_view text) {
+  std::string plain;
+  plain.reserve(text.size());
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\\' && ++i == text.size()) throw Failure("The row record ends in an escape.");
+    plain.push_back(text[i]);
+  }
+  return plain;
+}
+
+/// Cuts the text up to the next "=" off its front, and that with it.
+std::string_view TakePart(std::string_view& text) {
+  const auto end = text.find('=');
+  if (end == std::string_view::npos) throw Failure("A field of the row record lacks a part.");
+  const std::string_view part = text.substr(0, end);
+  text.remove_prefix(end + 1);
+  return part;
+}
+
+int WholeNumber(std::string_view digits) {
+  int number = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto [stop, error] = std::from_chars(digits.data(), end, number);
+  if (error != std::errc() || stop != end) throw Failure("A type code is no whole number.");
+  return number;
+}
+
+void ReadField(std::string_view field, Trap& trap) {
+  const std::string_view name = TakePart(field);
+  if (name == "SOURCEIP") {
+    trap.SourceAddress = Unescaped(field);
+  } else if (name == "COMMUNITY") {
+    trap.Community = Unescaped(field);
+  } else {
+    trap.OIDs.emplace_back(name);
+    trap.DataTypes.push_back(WholeNumber(TakePart(field)));
+    trap.Values.push_back(Unescaped(field));
+  }
+}
+
 }  // namespace
+
+Trap ReadRowRecord(std::string_view record) {
+  Trap trap;
+  for (const std::string_view field : SplitFields(record)) ReadField(field, trap);
+  return trap;
+}
 
 std::string RowRecord(const Trap& trap) {
   std::string record = "SOURCEIP=";

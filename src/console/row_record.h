@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/trap.h"
 
@@ -12,6 +13,9 @@ namespace sentrel {
 /// So that any text survives, a backslash stands before a backslash, and before each ":" that
 /// touches another ":" or an end of its text. Ordinary texts stand as they are.
 std::string RowRecord(const Trap& trap);
+
+/// The trap that a row record was made of. Throws Failure where the text is none.
+Trap ReadRowRecord(std::string_view record);
 
 /// Number of bindings that a reader may touch: the shortest of the trap's three lists.
 size_t BindingCount(const Trap& trap);

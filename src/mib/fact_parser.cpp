@@ -28,6 +28,13 @@ size_t IndexOf(const Words& words, std::string_view word) {
   return static_cast<size_t>(std::find(words.begin(), words.end(), word) - words.begin());
 }
 
+bool IsName(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
+           c == '_';
+  });
+}
+
 class Parser {
  public:
   explicit Parser(Arena& arena) : arena_(arena) {}
@@ -44,8 +51,7 @@ class Parser {
     if (module_.name.empty()) {
       Report("no module in this file");
     } else {
-      Bind(module_);
-      file_.modules.push_back(std::move(module_));
+      file_.modules.push_back(Bind(module_, arena_));
     }
     return std::move(file_);
   }
@@ -66,7 +72,7 @@ class Parser {
     definition.line = line_;
     if (definition.kind != Kind::Type && !ReadOid(TakeWord(line), definition)) return false;
     const std::string_view name = TakeWord(line);
-    if (name.empty() || !ReadSyntax(line, definition)) return false;
+    if (!IsName(name) || !ReadSyntax(line, definition)) return false;
     definition.name = arena_.Keep(name);
     module_.definitions.push_back(definition);
     return true;
@@ -75,7 +81,7 @@ class Parser {
   bool ReadModule(std::string_view line) {
     if (!module_.name.empty()) return false;
     const std::string_view name = TakeWord(line);
-    if (name.empty() || !Read(line, module_.lastUpdated)) return false;
+    if (!IsName(name) || !Read(line, module_.lastUpdated)) return false;
     module_.name = arena_.Keep(name);
     module_.line = line_;
     return true;
@@ -95,6 +101,7 @@ class Parser {
     if (const size_t colon = word.find(':'); colon != std::string_view::npos) {
       definition.typeName = arena_.Keep(word.substr(colon + 1));
       const std::string_view module = arena_.Keep(word.substr(0, colon));
+      if (!IsName(definition.typeName) || !IsName(module)) return false;
       if (module != module_.name) Import(definition.typeName, module);
       return line.empty();
     }
@@ -116,7 +123,7 @@ class Parser {
 
   bool ReadValue(std::string_view line) {
     NamedValue value;
-    if (module_.definitions.empty() || !Read(TakeWord(line), value.value) || line.empty()) {
+    if (module_.definitions.empty() || !Read(TakeWord(line), value.value) || !IsName(line)) {
       return false;
     }
     Span& values = module_.definitions.back().values;
@@ -128,7 +135,7 @@ class Parser {
   }
 
   Arena& arena_;
-  Module module_;
+  ModuleDraft module_;
   ParsedFile file_;
   std::uint32_t line_ = 0;
 };

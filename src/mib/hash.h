@@ -22,7 +22,7 @@ inline std::uint64_t Hash(std::string_view bytes, std::uint64_t seed = 0) {
     mix(word);
   }
   std::uint64_t tail = 0;
-  std::memcpy(&tail, bytes.data(), bytes.size());
+  if (!bytes.empty()) std::memcpy(&tail, bytes.data(), bytes.size());
   mix(tail);
   return hash ^ (hash >> 32);
 }

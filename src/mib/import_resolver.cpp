@@ -1,6 +1,7 @@
 #include "mib/import_resolver.h"
 
 #include <algorithm>
+#include <bitset>
 
 #include "mib/hash.h"
 #include "mib/token_reader.h"
@@ -16,6 +17,36 @@ struct Wanted {
 
 struct WantedHash {
   size_t operator()(const Wanted& wanted) const { return Hash(wanted.name, wanted.isType ? 1 : 0); }
+};
+
+/// The targets of names that are looked for everywhere. Nearly every name in the world is none of
+/// them: a bit for each length with its outer letters spares most of the hashing.
+class Search {
+ public:
+  void Add(const Wanted& wanted) {
+    targets_[wanted];
+    maybe_.set(Sketch(wanted.name));
+  }
+  bool IsEmpty() const { return targets_.empty(); }
+
+  /// Null for a name that is not looked for.
+  std::vector<Target>* Find(const Wanted& wanted) {
+    if (!maybe_[Sketch(wanted.name)]) return nullptr;
+    const auto found = targets_.find(wanted);
+    return found == targets_.end() ? nullptr : &found->second;
+  }
+
+ private:
+  static constexpr size_t kBits = 1 << 14;
+
+  static size_t Sketch(std::string_view name) {
+    if (name.empty()) return 0;
+    const auto letter = [](char c) { return static_cast<size_t>(static_cast<unsigned char>(c)); };
+    return (name.size() * 641 + letter(name.front()) * 67 + letter(name.back())) % kBits;
+  }
+
+  std::unordered_map<Wanted, std::vector<Target>, WantedHash> targets_;
+  std::bitset<kBits> maybe_;
 };
 
 bool IsTypeEntry(const format::EntryRecord& entry) {
@@ -37,11 +68,12 @@ std::vector<std::vector<Target>> ImportResolver::ResolveAll() {
   std::vector<std::vector<Target>> targets(modules_.size());
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     targets[m].resize(modules_[m].imports.size());
+    const auto neighbours = NeighboursOf(modules_[m]);
     for (size_t i = 0; i < targets[m].size(); ++i) {
       const Import& import = modules_[m].imports[i];
       if (!import.isUsed) continue;
       targets[m][i] = InModule(import.module, import.name, import.isType);
-      if (!targets[m][i].IsFound()) targets[m][i] = Nearby(m, import);
+      if (!targets[m][i].IsFound()) targets[m][i] = Nearby(neighbours, import);
     }
     ReportMissingModules(modules_[m]);
   }
@@ -94,12 +126,26 @@ Target ImportResolver::InBaseModule(const format::ModuleRecord& module, std::str
   return {};
 }
 
-Target ImportResolver::Nearby(std::uint32_t module, const Import& import) const {
-  std::string_view tried = import.module;
-  for (const Import& other : modules_[module].imports) {
-    if (other.module == tried) continue;
-    tried = other.module;
-    const Target target = InModule(other.module, import.name, import.isType);
+/// The modules that a module imports from, each once, as far as they are there.
+std::vector<std::string_view> ImportResolver::NeighboursOf(const Module& module) const {
+  std::vector<std::string_view> neighbours;
+  std::string_view last;
+  for (const Import& import : module.imports) {
+    if (import.module == last) continue;
+    last = import.module;
+    if (IsKnown(last) &&
+        std::find(neighbours.begin(), neighbours.end(), last) == neighbours.end()) {
+      neighbours.push_back(last);
+    }
+  }
+  return neighbours;
+}
+
+Target ImportResolver::Nearby(const std::vector<std::string_view>& neighbours,
+                              const Import& import) const {
+  for (const std::string_view neighbour : neighbours) {
+    if (neighbour == import.module) continue;
+    const Target target = InModule(neighbour, import.name, import.isType);
     if (target.IsFound()) return target;
   }
   return {};
@@ -107,46 +153,50 @@ Target ImportResolver::Nearby(std::uint32_t module, const Import& import) const 
 
 /// One pass over everything for all names that are still missing.
 void ImportResolver::FindAnywhere(std::vector<std::vector<Target>>& targets) {
-  std::unordered_map<Wanted, std::vector<Target>, WantedHash> wanted;
-  for (std::uint32_t m = 0; m < modules_.size(); ++m) {
-    for (size_t i = 0; i < targets[m].size(); ++i) {
-      const Import& import = modules_[m].imports[i];
-      if (import.isUsed && !targets[m][i].IsFound()) wanted[{import.name, import.isType}];
-    }
-  }
-  if (wanted.empty()) return;
+  Search search;
+  ForEachMissing(targets, [&](const Import& import, std::uint32_t, Target&) {
+    search.Add({import.name, import.isType});
+  });
+  if (search.IsEmpty()) return;
   for (const format::ModuleRecord& module : base_.Modules()) {
     const auto entries = base_.Entries(module);
     for (std::uint32_t i = 0; i < entries.size(); ++i) {
-      const auto found = wanted.find({base_.Text(entries[i].name), IsTypeEntry(entries[i])});
-      if (found != wanted.end()) {
-        found->second.push_back({Target::Place::Base, 0, module.firstEntry + i});
-      }
+      auto* found = search.Find({base_.Text(entries[i].name), IsTypeEntry(entries[i])});
+      if (found != nullptr) found->push_back({Target::Place::Base, 0, module.firstEntry + i});
     }
   }
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     for (std::uint32_t d = 0; d < modules_[m].definitions.size(); ++d) {
       const Definition& definition = modules_[m].definitions[d];
-      const auto found = wanted.find({definition.name, definition.kind == Kind::Type});
-      if (found != wanted.end()) found->second.push_back({Target::Place::Module, m, d});
+      auto* found = search.Find({definition.name, definition.kind == Kind::Type});
+      if (found != nullptr) found->push_back({Target::Place::Module, m, d});
     }
   }
+  ForEachMissing(targets, [&](const Import& import, std::uint32_t module, Target& target) {
+    const auto* candidates = search.Find({import.name, import.isType});
+    if (candidates != nullptr) target = Choose(*candidates, modules_[module].file);
+  });
+}
+
+/// Calls with each import that is used and not found yet, its module and its target.
+template <typename Action>
+void ImportResolver::ForEachMissing(std::vector<std::vector<Target>>& targets,
+                                    const Action& action) const {
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     for (size_t i = 0; i < targets[m].size(); ++i) {
       const Import& import = modules_[m].imports[i];
-      if (!import.isUsed || targets[m][i].IsFound()) continue;
-      const auto& candidates = wanted[{import.name, import.isType}];
-      const auto sameFile =
-          std::find_if(candidates.begin(), candidates.end(), [&](const Target& t) {
-            return t.place == Target::Place::Module && modules_[t.module].file == modules_[m].file;
-          });
-      if (sameFile != candidates.end()) {
-        targets[m][i] = *sameFile;
-      } else if (!candidates.empty()) {
-        targets[m][i] = candidates.front();
-      }
+      if (import.isUsed && !targets[m][i].IsFound()) action(import, m, targets[m][i]);
     }
   }
+}
+
+/// One of the same file if there is one, else the first.
+Target ImportResolver::Choose(const std::vector<Target>& candidates, std::uint32_t file) const {
+  const auto sameFile = std::find_if(candidates.begin(), candidates.end(), [&](const Target& t) {
+    return t.place == Target::Place::Module && modules_[t.module].file == file;
+  });
+  if (sameFile != candidates.end()) return *sameFile;
+  return candidates.empty() ? Target() : candidates.front();
 }
 
 /// One message for each module that is imported from and not there, with a name that is needed

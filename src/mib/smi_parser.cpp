@@ -28,6 +28,10 @@ std::uint64_t ReadDate(std::string_view text) {
   return digits == 12 ? date : 0;
 }
 
+bool IsCapitalised(const Token& token) {
+  return token.kind == TokenKind::Word && token.text[0] >= 'A' && token.text[0] <= 'Z';
+}
+
 bool IsModuleName(std::string_view word) {
   return !word.empty() && !IsDefiningMacro(word) && BaseTypeOf(word) == BaseType::None;
 }
@@ -35,13 +39,13 @@ bool IsModuleName(std::string_view word) {
 class Parser {
  public:
   Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
-      : reader_(text, commentEnd, arena) {}
+      : arena_(arena), reader_(text, commentEnd, arena) {}
 
   /// All modules of the file.
   std::vector<Module> Parse() {
     std::vector<Module> modules;
     while (FindModule()) {
-      modules.push_back(std::move(module_));
+      modules.push_back(Bind(module_, arena_));
       module_ = {};
     }
     if (modules.empty()) reader_.Report({}, "no MIB module in this file");
@@ -66,16 +70,21 @@ class Parser {
   std::string_view ReadEnterprise();
   Definition NewDefinition(const Token& name, Kind kind);
 
+  Arena& arena_;
   TokenReader reader_;
-  Module module_;
+  ModuleDraft module_;
+  /// The token before the next one, where it may turn out to be the name of a definition.
   Token previous_;
+  /// The name of a module that began within another one.
+  Token nextName_;
 };
 
 /// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text stands around modules, and reads
 /// that module.
 bool Parser::FindModule() {
   reader_.SetStrings(false);
-  Token name;
+  Token name = nextName_;
+  nextName_ = {};
   int depth = 0;
   while (!reader_.AtEnd()) {
     const Token token = reader_.Take();
@@ -112,24 +121,22 @@ bool Parser::SkipToBegin() {
 }
 
 void Parser::ReadBody() {
+  previous_ = {};
   while (!reader_.AtEnd()) {
     const Token& token = reader_.Peek();
     if (token.Is("END")) {
       reader_.SetStrings(false);
       reader_.Take();
-      Bind(module_);
       return;
     }
     if (token.Is("DEFINITIONS")) {
       reader_.Report(token, "module " + Quote(module_.name) + " has no END");
-      reader_.Rewind(previous_);
-      Bind(module_);
+      nextName_ = previous_;
       return;
     }
     ReadStatement();
   }
   reader_.Report(reader_.Peek(), "module " + Quote(module_.name) + " has no END");
-  Bind(module_);
 }
 
 void Parser::ReadStatement() {
@@ -146,7 +153,9 @@ void Parser::ReadStatement() {
   }
   if (name.text == "IMPORTS") return ReadImports();
   if (name.text == "EXPORTS") {
-    while (!reader_.AtEnd() && !reader_.TakeMark(';')) reader_.Take();
+    while (!reader_.AtEnd() && !reader_.Peek().Is("IMPORTS") && !reader_.TakeMark(';')) {
+      reader_.Take();
+    }
     return;
   }
   const Token& next = reader_.Peek();
@@ -179,7 +188,8 @@ void Parser::ReadImports() {
       for (; named < module_.imports.size(); ++named) module_.imports[named].module = module;
       if (reader_.TakeMark('{')) reader_.SkipPast('{', '}');
       listEnd = reader_.Peek();
-    } else if (token.kind == TokenKind::Assign || token.Is("LAST-UPDATED") || token.Is("SYNTAX")) {
+    } else if (token.kind == TokenKind::Assign || token.Is("LAST-UPDATED") || token.Is("SYNTAX") ||
+               token.Is("IMPORTS")) {
       reader_.Report(listEnd, "no ';' behind the imports");
       reader_.Rewind(listEnd);
       break;
@@ -228,7 +238,7 @@ void Parser::ReadTypeAssignment(const Token& name) {
   }
   Definition type = NewDefinition(name, Kind::Type);
   if (reader_.Peek().Is("TEXTUAL-CONVENTION")) {
-    reader_.Take();
+    previous_ = reader_.Take();
     ReadTextualConvention(type);
   } else {
     ReadType(reader_, module_, type);
@@ -253,8 +263,9 @@ void Parser::ReadTextualConvention(Definition& type) {
 /// Whether the token before the next one turned out to be the name of a new definition; then it
 /// is the next token again.
 bool Parser::IsNextDefinition() {
+  if (const Token& peek = reader_.Peek(); peek.kind != TokenKind::Assign && !IsCapitalised(peek))
+    return false;
   const Token next = reader_.Peek();
-  if (next.kind != TokenKind::Word && next.kind != TokenKind::Assign) return false;
   bool begins = next.kind == TokenKind::Assign || next.text == "MACRO" ||
                 next.text == "DEFINITIONS" || IsDefiningMacro(next.text);
   if (next.text == "OBJECT") {
@@ -291,7 +302,7 @@ void Parser::ReadMacro(const Token& name, const Token& macro) {
       ReadType(reader_, module_, definition);
     } else if (token.Is("LAST-UPDATED") && reader_.Peek().kind == TokenKind::String) {
       module_.lastUpdated = ReadDate(reader_.Take().text);
-    } else if (macro.text == "TRAP-TYPE" && token.Is("ENTERPRISE")) {
+    } else if (token.Is("ENTERPRISE") && macro.text == "TRAP-TYPE") {
       enterprise = ReadEnterprise();
     }
   }

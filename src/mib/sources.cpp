@@ -56,8 +56,11 @@ void Walk::Enter(const std::string& path, int parent, const std::string& name, b
       if (entry->d_name[0] != '.') names.emplace_back(entry->d_name);
     }
     std::sort(names.begin(), names.end());
+    std::string childPath = path + "/";
     for (const std::string& child : names) {
-      Visit(path + "/" + child, folder, child, recursive, depth);
+      childPath.resize(path.size() + 1);
+      childPath += child;
+      Visit(childPath, folder, child, recursive, depth);
     }
   }
   closedir(listing);

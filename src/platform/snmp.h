@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/trap.h"
 
@@ -24,7 +25,7 @@ struct ListenFailure {
   std::string remedy;
 };
 
-/// The trap listener. All calls come from the event loop.
+/// Receives and sends traps. All calls come from the event loop.
 class SNMP {
  public:
   virtual ~SNMP() = default;
@@ -37,6 +38,24 @@ class SNMP {
   virtual void StopListening() = 0;
   /// Releases what the listener holds. Called once, after StopListening. Throws Failure.
   virtual void CloseListener() = 0;
+
+  /// The IPv4 address of a host, as a dotted quad, or a text that is none where the name has no
+  /// such address. Takes no more than 5 seconds; traps that arrive meanwhile wait. Never throws.
+  virtual std::string ResolveHost(const std::string& hostName) = 0;
+  /// Sends one version 2c trap (RFC 3416, section 4.2.6) to UDP port 162 of the target, an address
+  /// or a name: exactly these bindings, sysUpTime.0 and snmpTrapOID.0 not added. The lists are
+  /// parallel; a type code is the tag byte, a value stands as it does in a Trap. 0 means sent; else
+  /// nothing was sent and StatusText() tells why. Never throws.
+  virtual std::int16_t SendTrap(const std::string& target, const std::string& community,
+                                const std::vector<std::string>& OIDs,
+                                const std::vector<std::string>& Values,
+                                const std::vector<std::int16_t>& DataTypes) = 0;
+  /// Why the last ResolveHost or SendTrap failed, in a sentence for people; "OK" where it did not.
+  virtual std::string StatusText() const = 0;
+  /// Who this station is, for the files that it writes: its host name.
+  virtual std::string LocalText1() const = 0;
+  /// The same: its operating system.
+  virtual std::string LocalText2() const = 0;
 };
 
 }  // namespace sentrel

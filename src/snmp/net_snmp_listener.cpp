@@ -1,5 +1,7 @@
 #include "snmp/net_snmp_listener.h"
 
+#include <sys/utsname.h>
+
 #include <cerrno>
 #include <exception>
 #include <utility>
@@ -14,6 +16,12 @@ namespace {
 
 constexpr std::size_t kTakenAtOnce = 64;
 
+utsname System() {
+  utsname system{};
+  uname(&system);
+  return system;
+}
+
 }  // namespace
 
 NetSnmpListener::NetSnmpListener(ListenerOptions options, TrapObserver& observer,
@@ -21,6 +29,7 @@ NetSnmpListener::NetSnmpListener(ListenerOptions options, TrapObserver& observer
     : options_(std::move(options)),
       observer_(observer),
       wake_(std::move(wake)),
+      sender_(options_.send_port),
       queue_(options_.queue) {}
 
 NetSnmpListener::~NetSnmpListener() = default;
@@ -65,6 +74,15 @@ void NetSnmpListener::StopListening() {
 void NetSnmpListener::CloseListener() {
   StopListening();
   library_.reset();
+}
+
+std::string NetSnmpListener::LocalText1() const {
+  return System().nodename;
+}
+
+std::string NetSnmpListener::LocalText2() const {
+  const utsname system = System();
+  return std::string(system.sysname) + " " + system.release + " " + system.machine;
 }
 
 bool NetSnmpListener::TakeNext(Trap& trap) {

@@ -9,6 +9,7 @@
 
 #include "platform/snmp.h"
 #include "snmp/listener_counters.h"
+#include "snmp/sender.h"
 #include "snmp/trap_queue.h"
 #include "snmp/trap_socket.h"
 
@@ -28,9 +29,12 @@ struct ListenerOptions {
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
   std::string configuration_path;
   QueueLimits queue;
+  /// UDP port of the targets of SendTrap.
+  std::uint16_t send_port = kTrapPort;
 };
 
-/// Receives notifications of versions 1, 2c and 3 over IPv4 and IPv6, on a thread of its own.
+/// Receives notifications of versions 1, 2c and 3 over IPv4 and IPv6, on a thread of its own, and
+/// sends traps, also while it does not listen.
 /// Every member is for the event loop's thread. One listener at a time in a process.
 class NetSnmpListener final : public SNMP {
  public:
@@ -43,6 +47,19 @@ class NetSnmpListener final : public SNMP {
   ListenFailure WhyNotListening() const override { return failure_; }
   void StopListening() override;
   void CloseListener() override;
+
+  std::string ResolveHost(const std::string& hostName) override {
+    return sender_.ResolveHost(hostName);
+  }
+  std::int16_t SendTrap(const std::string& target, const std::string& community,
+                        const std::vector<std::string>& OIDs,
+                        const std::vector<std::string>& Values,
+                        const std::vector<std::int16_t>& DataTypes) override {
+    return sender_.SendTrap(target, community, OIDs, Values, DataTypes);
+  }
+  std::string StatusText() const override { return sender_.StatusText(); }
+  std::string LocalText1() const override;
+  std::string LocalText2() const override;
 
   /// Hands waiting traps to the observer, one at a time, until none is left or the time is used
   /// up. Returns whether more are waiting: the caller then lets the event loop take a turn and
@@ -63,6 +80,7 @@ class NetSnmpListener final : public SNMP {
   const ListenerOptions options_;
   TrapObserver& observer_;
   const std::function<void()> wake_;
+  Sender sender_;
   ListenFailure failure_;
   SharedCounters counters_;
   TrapQueue queue_;

@@ -26,6 +26,23 @@ bool DatabaseFailure::IsDamage() const {
 }
 
 Database::Database(const std::string& path, const Patience& patience) {
+  Connect(path, patience);
+  Execute("PRAGMA trusted_schema = OFF");
+  Execute("PRAGMA cell_size_check = ON");
+  Execute("PRAGMA synchronous = EXTRA");
+  Query check = Run("PRAGMA quick_check(1)");
+  if (check.Step() && check.Text() != "ok") throw DatabaseFailure(SQLITE_CORRUPT, check.Text());
+}
+
+void Database::Reset(const std::string& path, const Patience& patience) {
+  Database damaged;
+  damaged.Connect(path, patience);
+  damaged.Check(
+      sqlite3_db_config(damaged.connection_.get(), SQLITE_DBCONFIG_RESET_DATABASE, 1, nullptr));
+  damaged.Execute("VACUUM");
+}
+
+void Database::Connect(const std::string& path, const Patience& patience) {
   sqlite3* connection = nullptr;
   const int code = sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READWRITE, nullptr);
   connection_.reset(connection);
@@ -33,14 +50,6 @@ Database::Database(const std::string& path, const Patience& patience) {
   sqlite3_extended_result_codes(connection, 1);
   sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, kLongestText);
   sqlite3_busy_handler(connection, WaitForLock, const_cast<Patience*>(&patience));
-}
-
-void Database::SetUp() {
-  Execute("PRAGMA trusted_schema = OFF");
-  Execute("PRAGMA cell_size_check = ON");
-  Execute("PRAGMA synchronous = EXTRA");
-  Query check = Run("PRAGMA quick_check(1)");
-  if (check.Step() && check.Text() != "ok") throw DatabaseFailure(SQLITE_CORRUPT, check.Text());
 }
 
 void Database::Query::Bind(int index, const std::optional<std::string>& text) {
@@ -60,12 +69,6 @@ std::string Database::Query::Text() const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, 0));
   if (!text) return {};
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, 0))};
-}
-
-bool Database::HasMoved() const {
-  int moved = 0;
-  sqlite3_file_control(connection_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-  return moved != 0;
 }
 
 sqlite3_stmt* Database::Prepared(const char* sql) {

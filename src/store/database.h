@@ -13,13 +13,17 @@
 namespace sentrel {
 
 /// How long one undertaking may wait for locks that other processes hold, all its steps together.
+/// Over until it is renewed.
 class Patience {
  public:
-  void Renew() { end_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(800); }
+  explicit Patience(std::chrono::milliseconds length) : length_(length) {}
+
+  void Renew() { end_ = std::chrono::steady_clock::now() + length_; }
   /// Returns false at once when it is over.
   bool WaitALittle() const;
 
  private:
+  std::chrono::milliseconds length_;
   std::chrono::steady_clock::time_point end_;
 };
 
@@ -41,11 +45,11 @@ class DatabaseFailure : public Failure {
 /// An open SQLite file. Everything throws DatabaseFailure.
 class Database {
  public:
-  /// The file must exist; it is opened read-only where it cannot be written. Call SetUp before
-  /// anything else. The patience must outlive the database.
+  /// The file must exist; it is opened read-only where it cannot be written. Fails where it is
+  /// damaged, anywhere in it. The patience must outlive the database.
   Database(const std::string& path, const Patience& patience);
-  /// Fails where the file is damaged, anywhere in it, or cannot be read.
-  void SetUp();
+  /// Empties a damaged file, for all that have it open.
+  static void Reset(const std::string& path, const Patience& patience);
 
   /// A statement with texts bound to ?1, ?2 and so on, nothing being NULL. One at a time for each
   /// SQL text.
@@ -86,10 +90,10 @@ class Database {
   }
 
   bool InTransaction() const { return sqlite3_get_autocommit(connection_.get()) == 0; }
-  /// Whether the path no longer leads to the file that is open here.
-  bool HasMoved() const;
 
  private:
+  Database() = default;
+  void Connect(const std::string& path, const Patience& patience);
   sqlite3_stmt* Prepared(const char* sql);
   void Check(int code) const;
 

@@ -40,9 +40,7 @@ std::unique_ptr<Database> OpenRecoveredCopy(const fs::path& file, const Patience
   const fs::path copy = folder.Path() / "copy";
   CopyContents(file.native() + "-journal", copy.native() + "-journal");
   CopyContents(file, copy);
-  auto database = std::make_unique<Database>(copy, patience);
-  database->SetUp();
-  return database;
+  return std::make_unique<Database>(copy, patience);
 }
 
 }  // namespace sentrel

@@ -120,22 +120,21 @@ void RegistryFile::Close() {
 bool RegistryFile::Open() {
   std::error_code ignored;
   if (db_) return true;
-  if (!fs::is_regular_file(path_, ignored) || !OpenSound()) return false;
+  if (!fs::is_regular_file(path_, ignored)) return false;
+  db_ = OpenSound();
   if (batch_ == RegistryBatch::Read) db_->Execute("BEGIN");
   return true;
 }
 
-bool RegistryFile::OpenSound() {
-  auto database = std::make_unique<Database>(path_, patience_);
+std::unique_ptr<Database> RegistryFile::OpenSound() const {
   try {
-    database->SetUp();
+    return std::make_unique<Database>(path_, patience_);
   } catch (const DatabaseFailure& failure) {
-    if (failure.IsDamage()) SetAside(path_, *database, clock_.Now(), patience_);
-    if (!failure.IsUnfinishedWrite()) return false;
-    database = OpenRecoveredCopy(path_, patience_);
+    if (failure.IsUnfinishedWrite()) return OpenRecoveredCopy(path_, patience_);
+    if (!failure.IsDamage() || !IsWritable()) throw;
   }
-  db_ = std::move(database);
-  return true;
+  SetAside(path_, clock_.Now(), patience_);
+  return std::make_unique<Database>(path_, patience_);
 }
 
 bool RegistryFile::Make() const {

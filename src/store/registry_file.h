@@ -55,7 +55,7 @@ class RegistryFile {
 
  private:
   bool Open();
-  bool OpenSound();
+  std::unique_ptr<Database> OpenSound() const;
   bool Make() const;
   bool IsWritable() const;
   void EndTransaction();

@@ -7,10 +7,9 @@
 
 namespace sentrel {
 
-/// Renames a damaged file, with its journal, to <name>.damaged-<date>-<time>, so that a fresh one
-/// can be begun; nothing of it is removed. Does nothing where another process was first, as it has
-/// begun a fresh file already, or where the folder cannot be written. Never throws.
-void SetAside(const std::filesystem::path& file, const Database& open, const LocalTime& now,
-              const Patience& patience);
+/// Keeps what is in a damaged file as <name>.damaged-<date>-<time> and empties the file in place.
+/// Does nothing where another process was first. No database may be open on the file in this
+/// process. Throws Failure or std::filesystem::filesystem_error, with the file as it was.
+void SetAside(const std::filesystem::path& file, const LocalTime& now, const Patience& patience);
 
 }  // namespace sentrel

@@ -13,8 +13,8 @@ std::string WholePath(RegistryRoot root, const std::string& path) {
 
 SqliteRegistry::SqliteRegistry(const std::filesystem::path& machineFile,
                                const std::filesystem::path& userFile, const Clock& clock)
-    : machine_(machineFile, Audience::Everybody, clock, patience_),
-      user_(userFile, Audience::OwnerOnly, clock, patience_) {}
+    : machine_(machineFile, Audience::Everybody, clock, machinePatience_),
+      user_(userFile, Audience::OwnerOnly, clock, userPatience_) {}
 
 std::optional<RegistryKey> SqliteRegistry::CreateKey(RegistryRoot root, const std::string& path) {
   if (path.empty()) return std::nullopt;
@@ -78,7 +78,7 @@ bool SqliteRegistry::DeleteValue(RegistryKey key, const std::string& name) {
 }
 
 void SqliteRegistry::BeginBatch(RegistryBatch kind) {
-  patience_.Renew();
+  RenewPatience();
   Begin(kind);
 }
 
@@ -98,7 +98,7 @@ bool SqliteRegistry::Exists(const Key& key) {
 }
 
 RegistryKey SqliteRegistry::Opened(const Key& key) {
-  if (open_.empty() && !batch_) patience_.Renew();
+  if (open_.empty() && !batch_) RenewPatience();
   open_.emplace(++lastKey_, key);
   return lastKey_;
 }
@@ -151,6 +151,11 @@ bool SqliteRegistry::End() {
   machineTakesWrites_.reset();
   failed_ = false;
   return kept;
+}
+
+void SqliteRegistry::RenewPatience() {
+  machinePatience_.Renew();
+  userPatience_.Renew();
 }
 
 void SqliteRegistry::CloseIfUnused() {

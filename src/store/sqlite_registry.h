@@ -52,8 +52,11 @@ class SqliteRegistry : public Registry {
   void Begin(RegistryBatch kind);
   bool End();
   void CloseIfUnused();
+  void RenewPatience();
 
-  Patience patience_;
+  // The user's file must still have time to take what the machine's did not.
+  Patience machinePatience_{std::chrono::milliseconds(500)};
+  Patience userPatience_{std::chrono::milliseconds(750)};
   RegistryFile machine_;
   RegistryFile user_;
   std::map<RegistryKey, Key> open_;

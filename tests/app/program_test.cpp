@@ -4,7 +4,9 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -94,6 +96,35 @@ TEST_F(ProgramTest, TrapsUnderTheOpenSettingsDialogMeetTheOldFilters) {
   AwaitRows(3);
   EXPECT_EQ(Cell(1, 2), "public");
   EXPECT_EQ(Cell(2, 2), "private");
+}
+
+TEST_F(ProgramTest, TheHelpKeyOpensAPageThatClosesWithTheWindow) {
+  const auto helpWindow = []() -> QWidget* {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == "Help" && widget->isVisible()) return widget;
+    }
+    return nullptr;
+  };
+  QTest::keyClick(program.Window().findChild<QWidget*>("Table"), Qt::Key_F1);
+  ASSERT_NE(helpWindow(), nullptr);
+  EXPECT_EQ(helpWindow()->windowTitle(), "The window - Sentrel Help");
+  program.Window().close();
+  EXPECT_EQ(helpWindow(), nullptr);
+}
+
+TEST_F(ProgramTest, AboutTellsTheVersionOfTheProgramFile) {
+  QString version;
+  QTimer::singleShot(0, [&] {
+    QWidget* box = QApplication::activeModalWidget();
+    version = box->findChild<QLabel*>("VersionInfo")->text();
+    box->close();
+  });
+  program.Window().findChild<QAction*>("Help:About")->trigger();
+  const QStringList lines = version.split('\n');
+  ASSERT_EQ(lines.size(), 3) << version.toStdString();
+  EXPECT_TRUE(lines[0].startsWith("Version 9.2 "));
+  EXPECT_EQ(lines[1], "test_program Version 9.2.0.47  ");
+  EXPECT_TRUE(lines[2].contains("MIT License"));
 }
 
 TEST_F(ProgramTest, ClosingTheWindowStopsTheListener) {

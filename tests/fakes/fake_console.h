@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -84,7 +85,32 @@ class FakeSNMP : public SNMP {
   void StopListening() override { log_.Note("StopListening"); }
   void CloseListener() override { log_.Note("CloseListener"); }
 
+  std::string ResolveHost(const std::string& hostName) override {
+    log_.Note("ResolveHost " + hostName);
+    const auto found = hosts.find(hostName);
+    return found == hosts.end() ? "" : found->second;
+  }
+  std::int16_t SendTrap(const std::string& target, const std::string& community,
+                        const std::vector<std::string>& OIDs,
+                        const std::vector<std::string>& Values,
+                        const std::vector<std::int16_t>& DataTypes) override {
+    log_.Note("SendTrap " + target + " " + community);
+    sentOids = OIDs;
+    sentValues = Values;
+    sentTypes = DataTypes;
+    return sendResult;
+  }
+  std::string StatusText() const override { return statusText; }
+  std::string LocalText1() const override { return "noc"; }
+  std::string LocalText2() const override { return "Linux"; }
+
   std::int16_t startResult = 0;
+  std::map<std::string, std::string> hosts;
+  std::int16_t sendResult = 0;
+  std::string statusText = "OK";
+  std::vector<std::string> sentOids;
+  std::vector<std::string> sentValues;
+  std::vector<std::int16_t> sentTypes;
 
  private:
   CallLog& log_;

@@ -118,18 +118,14 @@ TEST(Resolver, UserModulesStandOnTheBaseAndWinOverIt) {
 }
 
 TEST(OidText, TakesDottedNumbersOnly) {
-  const std::string longest = "1" + [] {
-    std::string text;
-    for (int i = 1; i < 128; ++i) text += ".4294967295";
-    return text;
-  }();
-  for (const std::string text : {"1", ".1.3", "1.3.6.1.4.1.4294967295", longest.c_str()}) {
-    EXPECT_TRUE(OidText(text).IsOid()) << text;
-  }
-  for (const std::string text : {"", ".", "1.", "1..3", "1.3 ", " 1.3", "1.-3", "1.+3", "1.3x",
-                                 "1.4294967296", "sysUpTime.0", (longest + ".1").c_str()}) {
-    EXPECT_FALSE(OidText(text).IsOid()) << text;
-  }
+  std::string longest = "1";
+  for (int i = 1; i < 128; ++i) longest += ".4294967295";
+  const std::vector<std::string> good = {"1", ".1.3", "1.3.6.1.4.1.4294967295", longest};
+  for (const std::string& text : good) EXPECT_TRUE(OidText(text).IsOid()) << text;
+  const std::vector<std::string> bad = {
+      "",     ".",    "1.",   "1..3",         "1.3 ",        " 1.3",        "1.-3",
+      "1.+3", "1.3x", "1.x3", "1.4294967296", "sysUpTime.0", longest + ".1"};
+  for (const std::string& text : bad) EXPECT_FALSE(OidText(text).IsOid()) << text;
   EXPECT_EQ(OidText(".1.3.6").Behind(2), ".6");
   EXPECT_FALSE(OidText(std::string(70000, '1')).IsOid());
 }

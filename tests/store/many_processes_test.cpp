@@ -19,8 +19,8 @@ void Fill(DeviceFilters& filters, int network) {
 }
 
 TEST(ManyProcesses, EveryWriteOfEveryOneArrives) {
-  constexpr int kWriters = 4;
-  constexpr int kValues = 25;
+  constexpr int kWriters = 2;
+  constexpr int kValues = 50;
   const StoreFolder folder;
   std::array<pid_t, kWriters> children;
   for (int writer = 0; writer < kWriters; ++writer) {

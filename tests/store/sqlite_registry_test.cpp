@@ -138,7 +138,7 @@ TEST_F(SqliteRegistryTest, PathsThatAreNoFilesHoldNothingAndTakeNothing) {
 
 TEST_F(SqliteRegistryTest, ABusyFileCostsLessThanASecondAndTheUsersFileTakesTheWrite) {
   Set("x", "old");
-  const Patience none;
+  const Patience none{std::chrono::milliseconds(0)};
   Database other(folder_.Machine(), none);
   other.Execute("BEGIN EXCLUSIVE");
   const auto start = std::chrono::steady_clock::now();
@@ -150,7 +150,7 @@ TEST_F(SqliteRegistryTest, ABusyFileCostsLessThanASecondAndTheUsersFileTakesTheW
 
 TEST_F(SqliteRegistryTest, ABatchOfReadsOnABusyFileWaitsOnceOnly) {
   Set("x", "old");
-  const Patience none;
+  const Patience none{std::chrono::milliseconds(0)};
   Database other(folder_.Machine(), none);
   other.Execute("BEGIN EXCLUSIVE");
   auto registry = folder_.Registry();

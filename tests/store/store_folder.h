@@ -69,7 +69,7 @@ inline void AsOrdinaryUser(const std::function<void()>& step) {
 
 /// Runs SQL on a file, as an administrator might; returns the first column of the first row.
 inline std::string RunSql(const std::filesystem::path& file, const char* sql) {
-  const Patience none;
+  const Patience none{std::chrono::milliseconds(0)};
   Database database(file, none);
   auto rows = database.Run(sql);
   return rows.Step() ? rows.Text() : std::string();

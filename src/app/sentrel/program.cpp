@@ -6,6 +6,7 @@
 
 #include "app/folders.h"
 #include "console/globals.h"
+#include "desktop/qt_send_form.h"
 #include "desktop/qt_settings_form.h"
 
 namespace sentrel {
@@ -14,13 +15,28 @@ namespace {
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
 
+/// The SNMP library would make the folder readable to its user alone, but the machine's options in
+/// it are for all users.
+void MakeStateFolder(const std::filesystem::path& folder, bool ofMachine) {
+  using std::filesystem::perms;
+  std::error_code ignored;
+  if (!std::filesystem::create_directories(folder, ignored)) return;
+  const perms others =
+      perms::group_read | perms::group_exec | perms::others_read | perms::others_exec;
+  std::filesystem::permissions(
+      folder, ofMachine ? perms::owner_all | others : perms(perms::owner_all), ignored);
+}
+
 ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& application) {
   const bool root = geteuid() == 0;
+  const std::filesystem::path& folder = root ? options.machineFolder : options.userFolder;
+  MakeStateFolder(folder, root);
   return {.port = options.port,
           .port_helper = application.ProgramFolder() + "/sentrel-port",
-          .state_folder = root ? options.machineFolder : options.userFolder,
+          .state_folder = folder,
           .configuration_path = "",
-          .queue = {}};
+          .queue = {},
+          .send_port = options.sendPort};
 }
 
 }  // namespace
@@ -37,6 +53,10 @@ Program::Program(const ProgramOptions& options)
       window_(table_, toolBars_, statusBar_),
       messageBox_(window_),
       fileDialog_(window_),
+      mousePointer_(window_),
+      exportMemory_(registry_),
+      exportEngines_({window_, clock_, locale_, messageBox_, exportMemory_}),
+      trapExport_(table_, mousePointer_, {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
@@ -44,7 +64,16 @@ Program::Program(const ProgramOptions& options)
       toggles_(settings_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
+      savedTrap_(table_, fileDialog_, listener_, trapWriter_),
+      testTrap_(listener_, clock_, locale_, [this](const TrapObject& trap) { ShowSendForm(trap); }),
       mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
+      browsers_(window_),
+      help_(application_, RegistrySupport(registry_), browsers_, messageBox_),
+      helpKey_([this](int context) { help_.ShowHelpContext(application_.HelpFile(), context); }),
+      aboutDialogs_(window_),
+      about_(application_, ProgramIdentity(), versions_, locale_, aboutDialogs_),
+      tipDialogs_(window_, RegistrySupport(registry_), clock_),
+      tips_(application_, ProgramIdentity(), RegistrySupport(registry_), tipDialogs_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }) {
   QApplication::setApplicationName("Sentrel");
@@ -58,12 +87,29 @@ Commands Program::OtherCommands() {
   commands.ShowSettingsForm = [this] {
     QtSettingsForm(settings_, messageBox_, fileDialog_, &window_).exec();
   };
+  commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
+  commands.PrintTraps = [this] { trapExport_.PrintTraps(); };
+  commands.PreviewTraps = [this] { trapExport_.PreviewTraps(); };
+  commands.SaveSelectedTrap = [this] { savedTrap_.SaveSelectedTrap(); };
+  commands.SendTestTrap = [this] { testTrap_.SendTestTrap(); };
+  commands.ShowHelpContents = [this] { help_.ShowHelpContents(); };
+  commands.ShowHelpOnSentrel = [this] { help_.ShowHelpOnSentrel(); };
+  commands.ShowTipOfTheDay = [this] { tips_.ShowTipOfTheDay(kTipSet, true); };
+  commands.ShowAboutBox = [this] { about_.ShowAboutBox({kProgramIcon}, ""); };
   return commands;
 }
 
+void Program::ShowSendForm(const TrapObject& trap) {
+  QtSendForm(listener_, messageBox_, registry_, &window_).SendTrap(trap);
+}
+
 bool Program::Start() {
-  Main(application_, mainForm_);
-  return window_.isVisible();
+  bool shown = false;
+  Main(application_, mainForm_, [&] {
+    shown = true;
+    tips_.ShowTipOfTheDay(kTipSet, false);
+  });
+  return shown;
 }
 
 bool Program::AdoptMibs() {

@@ -6,6 +6,7 @@
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
 #include "console/row_builder.h"
+#include "console/saved_trap.h"
 #include "console/table_commands.h"
 #include "console/toggles.h"
 #include "console/tool_dispatch.h"
@@ -17,11 +18,24 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
+#include "desktop/export_engine.h"
+#include "desktop/export_services.h"
+#include "desktop/qt_about_dialog.h"
+#include "desktop/qt_browser.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "desktop/qt_tip_dialog.h"
+#include "documents/trap_document.h"
+#include "export/stored_export_memory.h"
+#include "export/trap_export.h"
 #include "mib/library.h"
+#include "program_file/elf_version_reader.h"
+#include "sending/test_trap.h"
 #include "settings/settings.h"
+#include "shell/about_box.h"
+#include "shell/help_benchwell.h"
+#include "shell/tip_of_the_day.h"
 #include "snmp/net_snmp_listener.h"
 #include "store/posix_log_file.h"
 #include "store/sqlite_registry.h"
@@ -33,6 +47,8 @@ namespace sentrel {
 struct ProgramOptions {
   /// UDP port to listen on; 0 takes any free one.
   std::uint16_t port = 162;
+  /// UDP port to send traps to.
+  std::uint16_t sendPort = 162;
   /// Where what outlives a run is kept.
   std::filesystem::path machineFolder = MachineStateFolder();
   std::filesystem::path userFolder = UserStateFolder();
@@ -55,6 +71,7 @@ class Program {
 
  private:
   bool AdoptMibs();
+  void ShowSendForm(const TrapObject& trap);
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
@@ -77,6 +94,11 @@ class Program {
   QtFileDialog fileDialog_;
   QtClipboard clipboard_;
   QtFileSystem files_;
+  QtPrinters printers_;
+  QtMousePointer mousePointer_;
+  StoredExportMemory exportMemory_;
+  QtEngineFactory exportEngines_;
+  TrapExport trapExport_;
   QtTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
@@ -85,7 +107,18 @@ class Program {
   Toggles toggles_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;
+  TrapDocumentWriter trapWriter_;
+  SavedTrapCommand savedTrap_;
+  TestTrap testTrap_;
   MainForm mainForm_;
+  QtBrowserFactory browsers_;
+  Help_Benchwell help_;
+  HelpKey helpKey_;
+  ElfVersionReader versions_;
+  QtAboutDialogFactory aboutDialogs_;
+  AboutBox about_;
+  QtTipDialogFactory tipDialogs_;
+  TipOfTheDay tips_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
 };

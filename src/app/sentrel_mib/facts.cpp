@@ -58,6 +58,7 @@ int WriteEnterpriseRoots(const Arguments& arguments) {
     if (catalog.names[node] == mib::kNothing) continue;
     if (catalog.tree.Nodes()[node].parent != enterprises) continue;
     mib::Entry root = catalog.entries[catalog.names[node]];
+    if (root.module < base->Modules().size()) continue;
     root.kind = mib::Kind::Label;
     catalog.entries.push_back(root);
     ++roots.entries.count;

@@ -59,6 +59,7 @@ std::shared_ptr<const mib::Image> BuiltInDatabase() {
 
 std::vector<mib::Folder> FoldersOf(const std::vector<std::string>& paths) {
   std::vector<mib::Folder> folders;
+  folders.reserve(paths.size());
   for (const std::string& path : paths) folders.push_back({path, true});
   return folders;
 }

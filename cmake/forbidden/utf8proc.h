@@ -1,0 +1,1 @@
+#error "widths of letters belong to documents/ alone"

@@ -1,0 +1,26 @@
+// An image file with a checksum that fits: whatever stands in it, looking up never leaves it.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "common/failure.h"
+#include "mib/image_writer.h"
+#include "mib/lookup.h"
+
+using namespace sentrel::mib;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  auto bytes = std::make_shared<std::string>(reinterpret_cast<const char*>(data), size);
+  if (size >= sizeof(format::Header)) Seal(*bytes);
+  sentrel::Attempt([&] {
+    const auto image = Image::Over(*bytes, bytes);
+    for (const char* oid : {"1.7.1.5", "1.3.6.1.2.1.1.3.0", "0.0", "1.4294967295"}) {
+      const Lookup found = LookUp(*image, oid);
+      ListOf(*image, *found.type);
+      LabelOf(*image, *found.type, 1);
+    }
+    for (const auto& module : image->Modules()) image->Entries(module);
+  });
+  return 0;
+}

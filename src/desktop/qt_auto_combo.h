@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QComboBox>
+
+#include "controls/auto_combo.h"
+
+namespace sentrel {
+
+/// An AutoCombo on the screen: an edit box that drops down its history and offers the entries that
+/// begin with what is being typed.
+class QtAutoCombo : public QComboBox {
+  Q_OBJECT
+ public:
+  /// The control must outlive the widget.
+  explicit QtAutoCombo(AutoCombo& combo, QWidget* parent = nullptr);
+  ~QtAutoCombo() override;
+
+ private:
+  void ShowState();
+
+  AutoCombo& combo_;
+};
+
+}  // namespace sentrel

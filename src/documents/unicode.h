@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sentrel {
+
+/// UTF-8 that any document can hold: what is not valid becomes U+FFFD, a control character other
+/// than TAB, CR and LF its picture (U+2400 and on).
+std::string CleanText(std::string_view text);
+
+/// The lines of clean text, at least one. CR LF, CR and LF end a line, so that none follows the
+/// last of them.
+std::vector<std::string_view> LinesOf(std::string_view text);
+
+/// Columns that one line of clean text takes where every letter is one column wide: 2 for wide
+/// letters and emoji, none for combining marks.
+std::size_t DisplayWidth(std::string_view line);
+
+/// Cuts one line into pieces of at most `width` columns, behind a blank where that is possible.
+/// At least one piece; all pieces together, with the blanks dropped at their ends, are the line.
+std::vector<std::string_view> WrapLine(std::string_view line, std::size_t width);
+
+/// The longest start of the text that has at most `most` UTF-16 code units and ends between
+/// characters.
+std::string_view FirstUtf16Units(std::string_view text, std::size_t most);
+
+}  // namespace sentrel

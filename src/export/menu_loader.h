@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/engine.h"
+#include "platform/menu_items.h"
+
+namespace sentrel {
+
+/// The two menus differ in the ids, pictures and groups of their pop-up entries.
+enum class MenuKind { Exports, SendTo };
+
+/// Fills a menu with one entry per choice, in order. A step that fails is passed over; a pop-up is
+/// left alone without a parent.
+void LoadMenu(MenuKind kind, const MenuItem& menuItem, CommandList* parent,
+              const std::string& prefix, const std::vector<EngineChoice>& choices);
+
+}  // namespace sentrel

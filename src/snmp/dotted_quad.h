@@ -1,0 +1,14 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace sentrel {
+
+/// The four parts of an IPv4 address in dotted decimal, in network order; nothing for any other
+/// text. Zeros in front of a part mean nothing.
+std::optional<std::array<std::uint8_t, 4>> DottedQuad(std::string_view text);
+
+}  // namespace sentrel

@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QCompleter>
+#include <QFile>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "app/program.h"
+#include "fakes/free_port.h"
+#include "snmp/sender.h"
+
+namespace sentrel {
+namespace {
+
+/// The program as a user has it, but that it listens and sends on a port of its own.
+struct SendingTest : testing::Test {
+  SendingTest() {
+    EXPECT_TRUE(program.Start());
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&program.Window()));
+  }
+  /// Chooses a tool and answers the dialog that it opens.
+  void Choose(const char* tool, const std::function<void(QWidget&)>& answer) {
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (dialog == nullptr || !dialog->isVisible()) return;
+      user.stop();
+      answer(*dialog);
+      if (dialog->isVisible()) dialog->close();
+    });
+    user.start(0);
+    program.Window().findChild<QAction*>(tool)->trigger();
+    EXPECT_FALSE(user.isActive()) << "no dialog came";
+  }
+  void AwaitRows(int rows) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
+  }
+  void SendTestTrapTo(const char* host) {
+    Choose("Edit:SendTestTrap", [&](QWidget& dialog) {
+      auto* target = dialog.findChild<QComboBox*>("Target");
+      QTest::keyClicks(target->lineEdit(), host);
+      target->completer()->popup()->hide();
+      QTest::mouseClick(dialog.findChild<QPushButton*>("cmdSend"), Qt::LeftButton);
+    });
+  }
+  /// Saves row 1, which is to be selected, to a file of this name.
+  void Save(const QString& name) {
+    Choose("Edit:SaveTrap", [&](QWidget& dialog) {
+      auto* box = dialog.findChild<QLineEdit*>("fileNameEdit");
+      box->setText(name);
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+  }
+  /// Replays a file to the program. Returns the tool's exit code.
+  int Replay(const QString& name) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(REPLAY, {name, QString("127.0.0.1:%1").arg(port)});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
+    return process.exitCode();
+  }
+  void SelectRow1() {
+    QTest::mouseClick(program.Window().findChild<QAbstractScrollArea*>("Table")->viewport(),
+                      Qt::LeftButton, {}, QPoint(20, 40));
+    ASSERT_EQ(program.Traps().Row(), 1);
+  }
+
+  QTemporaryDir state;
+  std::uint16_t port = FreePort();
+  Program program{{.port = port,
+                   .sendPort = port,
+                   .machineFolder = state.filePath("machine").toStdString(),
+                   .userFolder = state.filePath("user").toStdString()}};
+};
+
+TEST_F(SendingTest, TheTestTrapComesBackAsARow) {
+  SendTestTrapTo("localhost");
+  AwaitRows(2);
+  const std::string start =
+      "SOURCEIP=127.0.0.1::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=0"
+      "::1.3.6.1.6.3.1.1.4.1.0=6=1.3.6.1.4.1.58213.10"
+      "::1.3.6.1.6.3.1.1.4.3.0=6=1.3.6.1.4.1.58213"
+      "::1.3.6.1.4.1.58213.10.1=4=Test trap at ";
+  EXPECT_EQ(program.Traps().RowData(1).substr(0, start.size()), start);
+  SendTestTrapTo("127.0.0.1");
+  AwaitRows(3);
+}
+
+TEST_F(SendingTest, ASavedRowReplayedGivesTheSameRow) {
+  Settings& options = program.Options();
+  const std::vector<std::pair<std::int16_t, std::string>> values = {{2, "-2147483648"},
+                                                                    {65, "4294967295"},
+                                                                    {66, "1"},
+                                                                    {70, "18446744073709551615"},
+                                                                    {5, ""},
+                                                                    {6, "1.3.6.1.4.1.58213"},
+                                                                    {64, "192.0.2.1"},
+                                                                    {4, ""},
+                                                                    {4, "a=b::c:\\ \"Grüße\"\r\n"},
+                                                                    {4, "0x00FF1A"},
+                                                                    {4, "0x4142"},
+                                                                    {4, "0x"},
+                                                                    {68, "1.5"},
+                                                                    {68, "0.1"},
+                                                                    {68, "-2"},
+                                                                    {68, "18446744073709551615"},
+                                                                    {68, "-9223372036854775807"},
+                                                                    {4, std::string(50'000, 'x')}};
+  std::vector<std::string> ids = {"1.3.6.1.2.1.1.3.0", "1.3.6.1.6.3.1.1.4.1.0"};
+  std::vector<std::string> texts = {"4294967295", "1.3.6.1.6.3.1.1.5.3"};
+  std::vector<std::int16_t> types = {67, 6};
+  for (const auto& [type, text] : values) {
+    ids.push_back("1.3.6.1.4.1.58213.1." + std::to_string(ids.size()));
+    texts.push_back(text);
+    types.push_back(type);
+  }
+  const Table& rows = program.Traps();
+  int count = 1;
+  for (const bool raw : {false, true}) {
+    options.SetRaw(raw);
+    Sender(port).SendTrap("127.0.0.1", "a=b::c", ids, texts, types);
+    AwaitRows(++count);
+    SelectRow1();
+    const QString name = state.filePath(raw ? "raw.Trap" : "Link down.Trap");
+    Save(name);
+    EXPECT_EQ(Replay(name), 0);
+    AwaitRows(++count);
+    EXPECT_EQ(rows.RowData(1), rows.RowData(2));
+    for (int col = 1; col < rows.Cols(); ++col) EXPECT_EQ(rows.Cell(1, col), rows.Cell(2, col));
+  }
+  EXPECT_EQ(rows.RowData(1), rows.RowData(3)) << "a row saves the same however it is shown";
+}
+
+TEST_F(SendingTest, WhatCannotBeReplayedIsRefused) {
+  Sender sender(port);
+  sender.SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.1"}, {"x"}, {4});
+  AwaitRows(2);
+  SelectRow1();
+  Save(state.filePath("headless.Trap"));
+  EXPECT_TRUE(QFile::exists(state.filePath("headless.Trap")));
+  EXPECT_EQ(Replay(state.filePath("headless.Trap")), 1);
+  EXPECT_EQ(Replay(state.filePath("missing.Trap")), 1);
+  EXPECT_EQ(Replay(REPLAY), 1) << "it is no saved trap";
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,97 @@
+#include "console/saved_trap.h"
+
+#include "console_fixture.h"
+#include "fakes/fake_file_dialog.h"
+#include "fakes/fake_trap_writer.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct SavedTrapTest : ConsoleTest {
+  const SavedTrap& Saved() {
+    command.SaveSelectedTrap();
+    return writer.files.at("a name");
+  }
+
+  FakeSNMP snmp{calls};
+  FakeFileDialog dialog;
+  FakeTrapWriter writer;
+  SavedTrapCommand command{table, dialog, snmp, writer};
+};
+
+TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
+  for (const char* value : {"first", "second", "third"}) {
+    builder.AddTrap(TrapOf({{"1.3.6.1.4.1.9.1", value}, {"1.3.6.1.4.1.9.2", "a=b::c"}}));
+  }
+  table.SetRow(2);
+  table.SetRowSel(3);
+  dialog.choice = "a name";
+  const SavedTrap& saved = Saved();
+  EXPECT_EQ(saved.StationText1, "noc");
+  EXPECT_EQ(saved.StationText2, "Linux");
+  EXPECT_EQ(saved.SourceIP, "192.0.2.7");
+  EXPECT_EQ(saved.TrapCommunity, "public");
+  EXPECT_THAT(saved.OIDs, ElementsAre("1.3.6.1.4.1.9.1", "1.3.6.1.4.1.9.2"));
+  EXPECT_THAT(saved.DataTypes, ElementsAre(4, 4));
+  EXPECT_THAT(saved.Values, ElementsAre("second", "a=b::c"));
+  const SaveFileRequest& request = dialog.requests.at(0);
+  EXPECT_EQ(request.title, "Save SNMP Trap ...");
+  EXPECT_EQ(request.filter, "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*");
+  EXPECT_EQ(request.fileName, "");
+  EXPECT_TRUE(request.promptBeforeOverwrite);
+  EXPECT_TRUE(request.refuseReadOnly);
+}
+
+TEST_F(SavedTrapTest, RawAndDecodedRowsSaveTheSame) {
+  dialog.choice = "a name";
+  mibs.entries["1.3.6.1.4.1.9.1"] = {"ifOperStatus", {{2, "down(2)"}}};
+  for (const bool raw : {true, false}) {
+    settings.SetRaw(raw);
+    builder.AddTrap(TrapOf({{"1.3.6.1.4.1.9.1", "2"}, {"1.3.6.1.4.1.9.2", ""}}));
+    table.SetRow(1);
+    EXPECT_THAT(Saved().Values, ElementsAre("2", ""));
+    EXPECT_THAT(Saved().OIDs, ElementsAre("1.3.6.1.4.1.9.1", "1.3.6.1.4.1.9.2"));
+  }
+}
+
+TEST_F(SavedTrapTest, ATrapWithoutBindingsIsSavedToo) {
+  builder.AddTrap(TrapOf({}));
+  table.SetRow(1);
+  dialog.choice = "a name";
+  EXPECT_EQ(Saved().SourceIP, "192.0.2.7");
+  EXPECT_THAT(Saved().OIDs, IsEmpty());
+}
+
+TEST_F(SavedTrapTest, WithoutASelectedTrapThereIsNoDialog) {
+  dialog.choice = "a name";
+  command.SaveSelectedTrap();
+  builder.AddTrap(TrapOf({}));
+  table.SetRow(0);
+  table.SetRowSel(1);
+  command.SaveSelectedTrap();
+  table.AddItem("no record", 1);
+  table.SetRow(1);
+  command.SaveSelectedTrap();
+  EXPECT_THAT(dialog.requests, IsEmpty());
+}
+
+TEST_F(SavedTrapTest, CancelAndFailuresEndSilently) {
+  builder.AddTrap(TrapOf({}));
+  table.SetRow(1);
+  command.SaveSelectedTrap();  // cancelled
+  dialog.choice = "";          // cannot be written
+  command.SaveSelectedTrap();
+  dialog.choice = "a name";
+  for (const char* broken : {"no record", "SOURCEIP=a::1.3=99999=x"}) {
+    table.SetRowData(1, broken);
+    command.SaveSelectedTrap();
+  }
+  EXPECT_EQ(dialog.requests.size(), 4U);
+  EXPECT_THAT(writer.files, IsEmpty());
+}
+
+}  // namespace
+}  // namespace sentrel

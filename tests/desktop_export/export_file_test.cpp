@@ -1,0 +1,192 @@
+#include <QFile>
+#include <QImage>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include "engine_fixture.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class ExportFile : public EngineFixture {};
+
+constexpr const char* kWholeTable =
+    "Trap Time,IP Address,Trap Details\r\n05-Dec-26,192.0.2.1,ifIndex=1\r\n";
+
+TEST_F(ExportFile, AsksForColumnsAndFileAddsTheExtensionAndReportsTheFile) {
+  const auto engine = NewEngine();
+  user_.Accept("ExportColumns");
+  user_.NameFile("Mine");
+  EXPECT_TRUE(engine->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("Mine.csv"), kWholeTable);
+  EXPECT_EQ(engine->TargetFilename(), Path("Mine.csv"));
+  EXPECT_TRUE(log_.calls.empty());
+}
+
+TEST_F(ExportFile, SuggestsTheTargetAndKeepsAnExtensionThatWasGiven) {
+  user_.Accept("ExportColumns");
+  user_.Accept("ExportFile");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "HTML", ""));
+  user_.Accept("ExportColumns");
+  user_.NameFile("page.xhtml");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "HTML", ""));
+  EXPECT_THAT(Files(), ElementsAre("Traps.html", "page.xhtml"));
+}
+
+TEST_F(ExportFile, RemembersTheColumnsAndTakesNoEmptyChoice) {
+  user_.When("ExportColumns", [](QWidget& dialog) {
+    auto* list = dialog.findChild<QListWidget*>("Columns");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Space);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  user_.NameFile("one");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  user_.Accept("ExportColumns");
+  user_.NameFile("two");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("one.csv"), "Trap Time,Trap Details\r\n05-Dec-26,ifIndex=1\r\n");
+  EXPECT_EQ(Read("two.csv"), Read("one.csv"));
+
+  user_.When("ExportColumns", [](QWidget& dialog) {
+    QTest::mouseClick(dialog.findChild<QPushButton*>("None"), Qt::LeftButton);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    QTest::mouseClick(dialog.findChild<QPushButton*>("All"), Qt::LeftButton);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  user_.NameFile("three");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("three.csv"), kWholeTable);
+}
+
+TEST_F(ExportFile, AsksBeforeItReplacesAFileAndCanBeGivenUpAnywhere) {
+  QFile old(folder_.filePath("Traps.csv"));
+  ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+  old.write("old");
+  old.close();
+
+  user_.Escape("ExportColumns");
+  EXPECT_FALSE(NewEngine()->ExportTable(table_, "CDF", ""));
+  user_.Accept("ExportColumns");
+  user_.Accept("ExportFile");
+  user_.Escape("Replace");
+  user_.Escape("ExportFile");
+  EXPECT_FALSE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("Traps.csv"), "old");
+
+  user_.Accept("ExportColumns");
+  user_.NameFile("Traps");
+  user_.Press("Replace", "Replace");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("Traps.csv"), kWholeTable);
+  EXPECT_THAT(Files(), ElementsAre("Traps.csv"));
+}
+
+TEST_F(ExportFile, WhatArrivesUnderADialogChangesNothing) {
+  user_.When("ExportColumns", [this](QWidget& dialog) {
+    table_.AddItem("later\tx\ty", 1);
+    table_.RemoveItem(2);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  user_.Accept("ExportFile");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("Traps.csv"), kWholeTable);
+  EXPECT_EQ(table_.Cell(1, 0), "later");
+}
+
+TEST_F(ExportFile, SkipsWhatItIsToldToSkip) {
+  const auto engine = NewEngine();
+  engine->SetSkipFieldSelection(true);
+  engine->SetSkipFilenameSelection(true);
+  engine->SetColumnList("IP Address, Trap Details");
+  EXPECT_TRUE(engine->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("Traps.csv"), "IP Address,Trap Details\r\n192.0.2.1,ifIndex=1\r\n");
+}
+
+TEST_F(ExportFile, AFailureIsToldOnceUnlessQuiet) {
+  for (const bool quiet : {false, true}) {
+    log_.calls.clear();
+    QDir(folder_.path()).mkdir("Traps.csv");
+    const auto engine = NewEngine();
+    engine->SetSkipFieldSelection(true);
+    engine->SetSkipFilenameSelection(true);
+    engine->SetQuiet(quiet);
+    EXPECT_FALSE(engine->ExportTable(table_, "CDF", ""));
+    EXPECT_EQ(log_.calls.size(), quiet ? 0u : 1u);
+  }
+  EXPECT_EQ(messageBox_.text, "Cannot write the file " + Path("Traps.csv") + ": it is a folder.");
+  EXPECT_TRUE(Files().isEmpty());
+}
+
+TEST_F(ExportFile, RefusesOtherKindsWithOneMessage) {
+  const std::pair<std::function<bool(QtEngine&)>, const char*> kinds[] = {
+      {[](QtEngine& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
+      {[](QtEngine& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
+      {[](QtEngine& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
+      {[](QtEngine& e) { return e.ExportMap({}, "PDF"); }, "maps"},
+      {[](QtEngine& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
+      {[](QtEngine& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
+      {[](QtEngine& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
+      {[](QtEngine& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
+  };
+  for (const auto& [call, word] : kinds) {
+    log_.calls.clear();
+    const auto engine = NewEngine();
+    EXPECT_FALSE(call(*engine));
+    EXPECT_THAT(log_.calls, ElementsAre("MessageBox"));
+    EXPECT_THAT(messageBox_.text, HasSubstr(word));
+    engine->SetQuiet(true);
+    EXPECT_FALSE(call(*engine));
+    EXPECT_EQ(log_.calls.size(), 1u);
+  }
+}
+
+TEST_F(ExportFile, TheFileFormatRulesWhereTheMethodDoesNot) {
+  for (const bool selectMethod : {false, true}) {
+    const auto engine = NewEngine(selectMethod ? "a" : "b");
+    engine->SetSkipFieldSelection(true);
+    engine->SetSkipFilenameSelection(true);
+    engine->SetFileFormat("MHTML");
+    engine->SetSelectMethod(selectMethod);
+    EXPECT_TRUE(engine->ExportTable(table_, "HTML", ""));
+  }
+  EXPECT_THAT(Files(), ElementsAre("a.html", "b.mhtml"));
+}
+
+TEST_F(ExportFile, WritesTextsAndPictures) {
+  const auto engine = NewEngine("text");
+  engine->SetSkipFilenameSelection(true);
+  EXPECT_TRUE(engine->ExportText("one\r\n<two>", "txt", ""));
+  EXPECT_THAT(Read("text.txt").toStdString(), HasSubstr("one\r\n<two>"));
+
+  const auto pictures = NewEngine("picture");
+  pictures->SetSkipFilenameSelection(true);
+  pictures->SetImageFormat("GIF");
+  pictures->SetImageWidth(640);
+  pictures->SetImageHeight(400);
+  EXPECT_TRUE(pictures->ExportPicture({2, 1, {0xFFFF0000, 0xFF0000FF}}, "HTML", ""));
+  const QImage image(folder_.filePath("picture.png"));
+  EXPECT_EQ(image.size(), QSize(640, 320));
+  EXPECT_EQ(image.pixel(0, 0), 0xFFFF0000);
+  EXPECT_EQ(image.pixel(639, 319), 0xFF0000FF);
+}
+
+TEST_F(ExportFile, OffersMethodsForEachKind) {
+  const auto engine = NewEngine();
+  for (const int kind : {0, 1, 2}) {
+    for (const EngineChoice& choice : engine->ExportMethods(kind)) EXPECT_NE(choice.caption, "");
+  }
+  EXPECT_EQ(engine->ExportMethods(0).size(), 7u);
+  EXPECT_TRUE(engine->ExportMethods(3).empty());
+  EXPECT_TRUE(engine->ExportMethods(-1).empty());
+  EXPECT_EQ(engine->MethodName("nothing"), "");
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,101 @@
+#include <QFile>
+#include <QStandardPaths>
+
+#include "engine_fixture.h"
+
+namespace sentrel {
+namespace {
+
+using testing::HasSubstr;
+
+class ExportSend : public EngineFixture {
+ protected:
+  ExportSend() {
+    qputenv("HOME", folder_.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
+    QFile file(folder_.filePath("Traps.html"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<p>One</p><p>Two &amp; <b>three</b></p>");
+  }
+  ~ExportSend() override { qputenv("PATH", path_); }
+
+  std::string Send(const std::string& target) {
+    return NewEngine()->SendTo(Path("Traps.html"), target);
+  }
+
+  QByteArray path_ = qgetenv("PATH");
+};
+
+TEST_F(ExportSend, AttachesTheFileToAMail) {
+  InstallTool("xdg-mime", "mail.desktop");
+  InstallTool("xdg-email");
+  EXPECT_EQ(Send("Mail Recipient.MapiMail"), "True");
+  EXPECT_EQ(WaitForTool("xdg-email"),
+            "--subject\nSNMP Traps\n--attach\n" + QByteArray::fromStdString(Path("Traps.html\n")));
+}
+
+TEST_F(ExportSend, PutsTheTextOfAPageIntoAMail) {
+  InstallTool("xdg-mime", "mail.desktop");
+  InstallTool("xdg-email");
+  EXPECT_EQ(Send("mailcontent"), "True");
+  EXPECT_EQ(WaitForTool("xdg-email"), "--subject\nSNMP Traps\n--body\nOne\nTwo & three\n");
+}
+
+TEST_F(ExportSend, CopiesIntoTheDocumentsFolderBesideWhatIsThere) {
+  const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  EXPECT_EQ(Send("MyDocuments"), "True");
+  EXPECT_EQ(Send("MyDocuments"), "True");
+  EXPECT_TRUE(documents.exists("Traps.html"));
+  EXPECT_TRUE(documents.exists("Traps (2).html"));
+}
+
+TEST_F(ExportSend, OpensTheFileInTheSystemsProgramOrInTheOneThatIsNamed) {
+  InstallTool("xdg-mime", "browser.desktop");
+  InstallTool("xdg-open");
+  InstallTool("viewer");
+  EXPECT_EQ(Send("Open"), "True");
+  EXPECT_EQ(WaitForTool("xdg-open").trimmed().toStdString(), Path("Traps.html"));
+  EXPECT_EQ(Send(Path("bin/viewer")), "True");
+  EXPECT_EQ(WaitForTool("viewer").trimmed().toStdString(), Path("Traps.html"));
+}
+
+TEST_F(ExportSend, TellsWhereThereIsNoProgramForIt) {
+  InstallTool("xdg-mime", "");
+  InstallTool("xdg-email");
+  InstallTool("xdg-open");
+  EXPECT_EQ(Send("x.mapimail"), "False");
+  EXPECT_EQ(messageBox_.text, "There is no mail program on this system.");
+  EXPECT_EQ(Send("Open"), "False");
+  EXPECT_THAT(messageBox_.text, HasSubstr("no program on this system that opens"));
+  EXPECT_EQ(Send("/gone/program"), "False");
+  EXPECT_THAT(messageBox_.text, HasSubstr("/gone/program cannot be started"));
+  qputenv("PATH", folder_.filePath("nothing").toUtf8());
+  EXPECT_EQ(Send("Open"), "False");
+  EXPECT_THAT(messageBox_.text, HasSubstr("xdg-open"));
+}
+
+TEST_F(ExportSend, ExcelOpensAWorkbookWithoutAskingForAFile) {
+  InstallTool("xdg-mime", "sheets.desktop");
+  InstallTool("xdg-open");
+  const auto engine = NewEngine("SNMPTraps");
+  user_.Accept("ExportColumns");
+  EXPECT_TRUE(engine->ExportTable(table_, "Excel", ""));
+  const std::string opened = WaitForTool("xdg-open").trimmed().toStdString();
+  EXPECT_EQ(opened, engine->TargetFilename());
+  EXPECT_TRUE(QString::fromStdString(opened).endsWith("/SNMPTraps.xlsx"));
+  EXPECT_TRUE(QFile::exists(QString::fromStdString(opened)));
+  QDir(QFileInfo(QString::fromStdString(opened)).path()).removeRecursively();
+}
+
+TEST_F(ExportSend, WithoutASpreadsheetNothingIsLeftBehind) {
+  InstallTool("xdg-mime", "");
+  InstallTool("xdg-open");
+  const auto engine = NewEngine("SNMPTraps");
+  engine->SetSkipFieldSelection(true);
+  EXPECT_FALSE(engine->ExportTable(table_, "Excel", ""));
+  EXPECT_THAT(messageBox_.text, HasSubstr("no program on this system that opens"));
+  EXPECT_FALSE(QFile::exists(QString::fromStdString(engine->TargetFilename())));
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,213 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "common/text.h"
+#include "documents/file_formats.h"
+#include "documents/unicode.h"
+#include "golden.h"
+#include "hard_table.h"
+#include "shell.h"
+
+namespace sentrel {
+namespace {
+
+std::string Write(const char* method, const TableContent& content) {
+  NoProgress progress;
+  return FindFileFormat(method)->write(content, progress);
+}
+
+class TextFormat : public testing::TestWithParam<const char*> {
+ protected:
+  std::string FileName(const std::string& base) {
+    return base + "." + std::string(FindFileFormat(GetParam())->extension);
+  }
+};
+
+TEST_P(TextFormat, WritesHardCellsAsTheGoldenFileShows) {
+  ExpectGolden(FileName("hard"), Write(GetParam(), HardTable()));
+}
+
+TEST_P(TextFormat, WritesAnEmptyTable) {
+  TableContent content = HardTable();
+  content.rows.clear();
+  content.subTitle = "Nothing arrived";
+  content.paragraph = "First line\r\nSecond <line>";
+  content.footer = "The end";
+  ExpectGolden(FileName("empty"), Write(GetParam(), content));
+}
+
+TEST_P(TextFormat, LeavesWhenTheUserGivesUp) {
+  CancelledEarly progress;
+  EXPECT_THROW(FindFileFormat(GetParam())->write(FullTable(), progress), Cancelled);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TextFormat, testing::Values("CDF", "Text", "HTML", "MHTML"),
+                         [](const auto& format) { return std::string(format.param); });
+
+/// A reader of RFC 4180, written from its grammar.
+std::vector<std::vector<std::string>> ReadCsv(const std::string& text) {
+  std::vector<std::vector<std::string>> records(1);
+  std::string cell;
+  bool quoted = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (quoted) {
+      if (c != '"') {
+        cell += c;
+      } else if (i + 1 < text.size() && text[i + 1] == '"') {
+        cell += text[++i];
+      } else {
+        quoted = false;
+      }
+    } else if (c == '"') {
+      quoted = true;
+    } else if (c == ',' || c == '\r') {
+      records.back().push_back(std::move(cell));
+      cell.clear();
+      if (c == '\r') {
+        EXPECT_EQ(text[++i], '\n');
+        records.emplace_back();
+      }
+    } else {
+      cell += c;
+    }
+  }
+  records.pop_back();
+  return records;
+}
+
+TEST(CommaDelimitedFile, GivesBackEveryCellOfAFullTable) {
+  TableContent content = FullTable();
+  content.rows[500][4] = std::string(60 * 1024, '"');
+  const auto records = ReadCsv(Write("CDF", content));
+  ASSERT_EQ(records.size(), 1000u);
+  EXPECT_TRUE(std::equal(content.rows.begin(), content.rows.end(), records.begin() + 1));
+}
+
+TEST(CommaDelimitedFile, GuardsFormulasAndLeavesNumbersAlone) {
+  TableContent content;
+  content.columns = {{"c", Alignment::Left}};
+  const struct {
+    const char* cell;
+    bool guarded;
+  } cells[] = {{"=1", true},   {"+1", false},     {"-1.5", false}, {"-1-1", true}, {"@x", true},
+               {"\t=1", true}, {"\r\n =1", true}, {"＠x", true},   {"a=1", false}, {"", false},
+               {"-", true},    {"1.2.3", false},  {"-1.2.3", true}};
+  for (const auto& [cell, guarded] : cells) {
+    content.rows = {{cell}};
+    const std::string expected = (guarded ? "'" : "") + std::string(cell);
+    EXPECT_EQ(ReadCsv(Write("CDF", content)).at(1).at(0), expected);
+  }
+}
+
+TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
+  TableContent content = HardTable();
+  content.rows = {{"t", std::string(60 * 1024, 'x'), "next", "", "end"}};
+  const std::string text = Write("Text", content);
+  std::size_t letters = 0;
+  for (const std::string_view line : Split(text, "\r\n")) {
+    EXPECT_LE(line.size(), 160u);
+    letters += static_cast<std::size_t>(std::count(line.begin(), line.end(), 'x'));
+  }
+  EXPECT_EQ(letters, 60u * 1024 + 1);  // and the one of "next"
+}
+
+TEST(AlignedTextFile, EveryColumnOfAFullTableStartsAtTheSamePlace) {
+  const std::string text = Write("Text", FullTable());
+  const auto lines = Split(text, "\r\n");
+  const auto header = std::find_if(lines.begin(), lines.end(),
+                                   [](auto line) { return line.starts_with("Trap Time"); });
+  const auto at = header->find("Community");
+  int rows = 0;
+  for (auto line = header + 2; line != lines.end(); ++line) {
+    if (!line->starts_with("05-Dec")) continue;
+    ++rows;
+    EXPECT_EQ(line->substr(at, 6), "public");
+    EXPECT_EQ(line->substr(at - 2, 2), "  ");
+  }
+  EXPECT_EQ(rows, 999);
+}
+
+class WebPage : public testing::Test {
+ protected:
+  std::string Save(const TableContent& content) {
+    const std::string path = folder_ / "page.html";
+    std::ofstream(path, std::ios::binary) << Write("HTML", content);
+    return path;
+  }
+  TemporaryFolder folder_;
+};
+
+TEST_F(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
+  TableContent content = FullTable();
+  content.rows[3][4] =
+      "</td></tr></table><script>alert(1)</script>\r\n" + std::string(60 * 1024, '<');
+  const std::string path = Save(content);
+  EXPECT_EQ(Output("xmllint --huge --xpath \"count(//*[local-name()='tbody']/*)\" " + path),
+            "999\n");
+  EXPECT_EQ(Output("xmllint --huge --xpath \"count(//*[local-name()='script'])\" " + path), "0\n");
+  EXPECT_EQ(
+      Output("xmllint --huge --xpath \"string-length((//*[local-name()='td'])[20])\" " + path),
+      std::to_string(44 + 60 * 1024) + "\n");
+}
+
+TEST_F(WebPage, FetchesNothing) {
+  const std::string page = Write("HTML", HardTable());
+  for (const char* word : {"src=", "href=", "url(", "@import"}) {
+    EXPECT_EQ(page.find(word), std::string::npos) << word;
+  }
+}
+
+TEST(WebArchive, EncodesAForeignTitleAndKeepsItsLinesShort) {
+  TableContent content = FullTable();
+  content.title = "Ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé";
+  const std::string archive = Write("MHTML", content);
+  for (const std::string_view line : Split(archive, "\r\n")) {
+    EXPECT_LE(line.size(), 78u);
+    EXPECT_TRUE(std::all_of(line.begin(), line.end(), [](char c) { return c >= 32 && c < 127; }));
+  }
+  EXPECT_NE(archive.find("Subject: =?utf-8?B?"), std::string::npos);
+  EXPECT_NE(archive.find("Date: 5 Dec 2026 19:19:37 +0000"), std::string::npos);
+}
+
+TEST(Unicode, CountsColumnsAsATerminalDoes) {
+  EXPECT_EQ(DisplayWidth("abc"), 3u);
+  EXPECT_EQ(DisplayWidth("日本"), 4u);
+  EXPECT_EQ(DisplayWidth("e\u0301x"), 2u);
+  EXPECT_EQ(DisplayWidth("👩‍👩‍👧"), 2u);
+  EXPECT_EQ(DisplayWidth("🇩🇪"), 2u);
+  EXPECT_EQ(DisplayWidth("☎️"), 2u);
+  EXPECT_EQ(DisplayWidth("שלום"), 4u);
+}
+
+TEST(Unicode, EndsLinesAtEveryKindOfBreak) {
+  using testing::ElementsAre;
+  EXPECT_THAT(LinesOf(""), ElementsAre(""));
+  EXPECT_THAT(LinesOf("a\r\nb\r\n"), ElementsAre("a", "b"));
+  EXPECT_THAT(LinesOf("a\n\rb"), ElementsAre("a", "", "b"));
+  EXPECT_THAT(LinesOf("\r\n"), ElementsAre(""));
+}
+
+TEST(Unicode, WrapsBehindBlanksAndElseAnywhere) {
+  using testing::ElementsAre;
+  EXPECT_THAT(WrapLine("", 5), ElementsAre(""));
+  EXPECT_THAT(WrapLine("one two three", 7), ElementsAre("one two", "three"));
+  EXPECT_THAT(WrapLine("one two", 6), ElementsAre("one", "two"));
+  EXPECT_THAT(WrapLine("abcdefgh", 3), ElementsAre("abc", "def", "gh"));
+  EXPECT_THAT(WrapLine("日本語", 3), ElementsAre("日", "本", "語"));
+  EXPECT_THAT(WrapLine("日本", 1), ElementsAre("日", "本"));
+  EXPECT_THAT(WrapLine("e\u0301e\u0301", 1), ElementsAre("e\u0301", "e\u0301"));
+}
+
+TEST(Unicode, CleansWhatNoDocumentCanHold) {
+  EXPECT_EQ(CleanText(std::string("a\0b", 3)), "a␀b");
+  EXPECT_EQ(CleanText("\t\r\n\x7f"), "\t\r\n␡");
+  EXPECT_EQ(CleanText("\xc3\x28"), "\ufffd(");
+  EXPECT_EQ(CleanText("\xed\xa0\x80"), "\ufffd\ufffd\ufffd");  // a lone surrogate
+  EXPECT_EQ(CleanText("\xc2\x85\xef\xbf\xbf"), "\ufffd\ufffd");
+  EXPECT_EQ(CleanText("\xe2\x82"), "\ufffd\ufffd");
+}
+
+}  // namespace
+}  // namespace sentrel

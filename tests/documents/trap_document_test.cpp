@@ -1,0 +1,71 @@
+#include "documents/trap_document.h"
+
+#include <gtest/gtest.h>
+
+#include "common/failure.h"
+#include "shell.h"
+
+namespace sentrel {
+namespace {
+
+SavedTrap Example() {
+  return {"noc",
+          "Linux 6.1",
+          "2001:db8::1",
+          "a::b",
+          {"1.3.6.1.2.1.1.3.0", "1.3.6.1.4.1.9.1", "1.3.6.1.4.1.9.2"},
+          {67, 4, 4},
+          {"12345", "", "\"Grüße\"\r\n\\=::"}};
+}
+
+TEST(TrapDocument, HoldsAllThatATrapNeedsInOrder) {
+  EXPECT_EQ(TrapDocument(Example()), R"({
+  "format": "Sentrel trap",
+  "version": 1,
+  "station": {
+    "host": "noc",
+    "system": "Linux 6.1"
+  },
+  "source": "2001:db8::1",
+  "community": "a::b",
+  "bindings": [
+    {
+      "oid": "1.3.6.1.2.1.1.3.0",
+      "type": 67,
+      "value": "12345"
+    },
+    {
+      "oid": "1.3.6.1.4.1.9.1",
+      "type": 4,
+      "value": ""
+    },
+    {
+      "oid": "1.3.6.1.4.1.9.2",
+      "type": 4,
+      "value": "\"Grüße\"\r\n\\=::"
+    }
+  ]
+}
+)");
+}
+
+TEST(TrapDocument, ATrapWithoutBindingsIsOneToo) {
+  EXPECT_NE(TrapDocument(SavedTrap{}).find("\"bindings\": []"), std::string::npos);
+}
+
+TEST(TrapDocument, AFailedWriteLeavesTheOldFileWhole) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "Link down.Trap";
+  TrapDocumentWriter writer;
+  writer.Write(path, Example());
+  EXPECT_EQ(ReadFile(path), TrapDocument(Example()));
+  SavedTrap broken = Example();
+  broken.TrapCommunity = "\xFF";
+  EXPECT_THROW(writer.Write(path, broken), Failure);
+  EXPECT_THROW(writer.Write(folder / "no/such/folder.Trap", Example()), Failure);
+  EXPECT_EQ(ReadFile(path), TrapDocument(Example()));
+  EXPECT_EQ(folder.Files(), 1);
+}
+
+}  // namespace
+}  // namespace sentrel

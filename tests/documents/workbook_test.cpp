@@ -1,0 +1,108 @@
+#include "documents/workbook.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "documents/file_formats.h"
+#include "hard_table.h"
+#include "shell.h"
+
+namespace sentrel {
+namespace {
+
+using testing::HasSubstr;
+
+/// Reads a workbook back with tools that know nothing of the library that wrote it.
+class WorkbookTest : public testing::Test {
+ protected:
+  void Save(const TableContent& content) {
+    NoProgress progress;
+    std::ofstream(path_, std::ios::binary) << Workbook(content, progress);
+  }
+  std::string Part(const std::string& name) { return Output("unzip -p " + path_ + " " + name); }
+  std::string Query(const std::string& part, const std::string& xpath) {
+    return Output("unzip -p " + path_ + " " + part + " | xmllint --huge --xpath \"" + xpath +
+                  "\" - | tr -d '\\n'");
+  }
+  std::string Cell(int index) {
+    return Output("unzip -p " + path_ +
+                  " xl/sharedStrings.xml | xmllint --huge --xpath \"string((" +
+                  "//*[local-name()='si'])[" + std::to_string(index + 1) + "])\" -");
+  }
+
+  TemporaryFolder folder_;
+  std::string path_ = folder_ / "book.xlsx";
+  const std::string sheet_ = "xl/worksheets/sheet1.xml";
+};
+
+TEST_F(WorkbookTest, HoldsNothingButTexts) {
+  Save(HardTable());
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='row'])"), "9");
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='f'])"), "0");
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='c'][*[local-name()='v']][not(@t='s')])"), "0");
+  const std::string texts = Part("xl/sharedStrings.xml");
+  for (const char* text : {">=HYPERLINK(\"http://192.0.2.9\",\"click\")<", ">-5.25<",
+                           "&lt;script&gt;", "שלום עולם\nمرحبا 123", ">_x005F_x000D_<", "> blank <",
+                           "👩‍👩‍👧", "nul␀ bell␇ esc␛ \ufffd", "lone\nLF and\nCR"}) {
+    EXPECT_THAT(texts, HasSubstr(text));
+  }
+}
+
+TEST_F(WorkbookTest, HasAHeaderThatStaysFiltersAndIsRepeatedOnPaper) {
+  Save(FullTable());
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='pane']/@state)"), "frozen");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='pane']/@ySplit)"), "1");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='autoFilter']/@ref)"), "A1:E1000");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='pageSetup']/@fitToHeight)"), "0");
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='col'][@width > 10 and @width < 75])"), "5");
+  EXPECT_THAT(Part("xl/workbook.xml"), HasSubstr("Table!$1:$1"));
+  EXPECT_EQ(Query("xl/styles.xml", "count(//*[local-name()='cellXfs']/*[@numFmtId='49'])"), "4");
+  EXPECT_EQ(Query("docProps/core.xml", "string(//*[local-name()='title'])"), "SNMP Traps");
+}
+
+TEST_F(WorkbookTest, ARowIsAsTallAsItsLines) {
+  Save(HardTable());
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='row'][@r='2']/@ht)"), "30");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='row'][@r='8']/@ht)"), "45");
+  TableContent content = HardTable();
+  content.title = "A & B";
+  content.rows = {{"", "", "", "", std::string(20000, 'x')}};
+  Save(content);
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='row'][@r='2']/@ht)"), "409");
+  EXPECT_EQ(Query(sheet_, "string(//*[local-name()='oddHeader'])"),
+            "&L&BA && B&R05-Dec-26 03:49 PM");
+}
+
+TEST_F(WorkbookTest, ATextTooLongForACellGoesOnBelow) {
+  TableContent content = HardTable();
+  std::string text;
+  for (int i = 0; i < 15 * 1024; ++i) text += "😀";  // two units, four bytes
+  text += std::string(10, 'z');
+  content.rows = {{"t", "a", "c", "d", text}, {"t2", "a", "c", "d", "after"}};
+  Save(content);
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='row'])"), "3");
+  content.rows[0][4] = std::string(60 * 1024, 'y');
+  Save(content);
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='row'])"), "4");
+  EXPECT_EQ(Query("xl/sharedStrings.xml",
+                  "string-length(translate(string(//*[local-name()='sst']), translate(string(//*["
+                  "local-name()='sst']), 'y', ''), ''))"),
+            std::to_string(60 * 1024 + 2));  // and those of two titles
+}
+
+TEST_F(WorkbookTest, AnEmptyTableIsAHeader) {
+  TableContent content = HardTable();
+  content.rows.clear();
+  Save(content);
+  EXPECT_EQ(Query(sheet_, "count(//*[local-name()='row'])"), "1");
+  EXPECT_EQ(Cell(4), "Trap Details\n");
+}
+
+TEST_F(WorkbookTest, LeavesWhenTheUserGivesUp) {
+  CancelledEarly progress;
+  EXPECT_THROW(Workbook(FullTable(), progress), Cancelled);
+}
+
+}  // namespace
+}  // namespace sentrel

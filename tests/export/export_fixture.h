@@ -1,0 +1,24 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include "export/export_engine.h"
+#include "fakes/fake_export.h"
+
+namespace sentrel {
+
+/// A facade in front of engines that note what they are asked.
+class ExportFixture : public testing::Test {
+ protected:
+  ExportServices Services() { return {factory_, application_, messageBox_, printers_}; }
+
+  CallLog log_;
+  EngineScript script_{log_};
+  FakeEngineFactory factory_{script_};
+  FakeApplication application_;
+  FakeMessageBox messageBox_{log_};
+  FakePrinters printers_;
+  Table table_;
+};
+
+}  // namespace sentrel

@@ -1,0 +1,51 @@
+#include "export/trap_export.h"
+
+#include "export_fixture.h"
+
+namespace sentrel {
+namespace {
+
+class TrapExportTest : public ExportFixture {
+ protected:
+  FakeMousePointer pointer_{log_};
+  TrapExport commands_{table_, pointer_, Services()};
+};
+
+TEST_F(TrapExportTest, ExportsTheLiveTableUnderTheHourglass) {
+  commands_.ExportTraps("Excel");
+  EXPECT_EQ(log_.calls.front(), "hourglass");
+  EXPECT_EQ(log_.calls.back(), "pointer");
+  EXPECT_THAT(log_.calls, testing::Contains("ExportTable(Excel, /opt/sentrel)"));
+  EXPECT_EQ(script_.table, &table_);
+  EXPECT_EQ(script_.properties["Title"], "SNMP Traps");
+  EXPECT_EQ(script_.properties["TargetFilename"], "/opt/sentrel/SNMPTraps");
+  EXPECT_EQ(script_.properties["Orientation"], "1");
+  EXPECT_EQ(script_.properties["ColumnList"], "");
+}
+
+TEST_F(TrapExportTest, EachExportSuggestsTheFileAnewAndAPrintKeepsTheProducedOne) {
+  commands_.PrintTraps();
+  EXPECT_EQ(script_.properties["TargetFilename"], "");
+  commands_.ExportTraps("PDF");
+  commands_.ExportTraps("PDF");
+  EXPECT_EQ(script_.properties["TargetFilename"], "/opt/sentrel/SNMPTraps");
+  log_.calls.clear();
+  commands_.PreviewTraps();
+  EXPECT_EQ(script_.properties["TargetFilename"], "/tmp/produced");
+  EXPECT_EQ(script_.properties["Title"], "SNMP Traps");
+  EXPECT_EQ(log_.calls.front(), "Create");
+  EXPECT_THAT(log_.calls, testing::Contains("ExportTable(PREVIEW, /opt/sentrel)"));
+}
+
+TEST_F(TrapExportTest, ThePointerComesBackWhateverFails) {
+  for (const char* failing : {"Create", "ExportTable(PDF, /opt/sentrel)"}) {
+    log_.failing = failing;
+    log_.calls.clear();
+    commands_.ExportTraps("PDF");
+    EXPECT_EQ(log_.calls.back(), "pointer");
+    EXPECT_EQ(std::count(log_.calls.begin(), log_.calls.end(), "MessageBox"), 1);
+  }
+}
+
+}  // namespace
+}  // namespace sentrel
