@@ -61,6 +61,9 @@ QLineEdit* EntryBox(SettingsText control, QLabel* label) {
 
 QListWidget* List(SettingsList control, const QString& accessibleName) {
   auto* list = Named(new QListWidget, control);
+  // The style's own frame loses lines at scales between whole numbers.
+  list->setFrameStyle(QFrame::Box | QFrame::Plain);
+  list->setForegroundRole(QPalette::Mid);
   list->setAccessibleName(accessibleName);
   return list;
 }
