@@ -1,7 +1,8 @@
 #!/bin/bash
 # compare.sh SENTREL-MIB FOLDER [TURNS]
 # Loads all modules of FOLDER and of the folders in it with snmptranslate and with sentrel-mib, turn
-# by turn, and prints the ratios of the best turns. A ratio of 1 or more against its goal is good.
+# by turn, and prints medians: of the times, of the processor times, and of the ratios within each
+# turn, so that what else the machine does weighs on both alike.
 set -euo pipefail
 mib=$(realpath "$1")
 folder=$(realpath "$2")
@@ -13,14 +14,14 @@ export SNMP_PERSISTENT_DIR=$work/peer SNMPCONFPATH=$work/peer MIBS=
 folders=$(find "$folder" -type d | sort | paste -sd:)
 oid=1.3.6.1.2.1.1.3.0
 
-# measure FILE COMMAND...: appends seconds and kilobytes to the file.
+# measure FILE COMMAND...: appends microseconds, seconds of the processors and kilobytes to the file.
 measure() {
   local file=$1 start end
   shift
   start=$(date +%s%N)
-  /usr/bin/time -f %M -o "$work/memory" "$@" >"$work/output" 2>&1 || true
+  /usr/bin/time -f '%U %S %M' -o "$work/memory" "$@" >"$work/output" 2>&1 || true
   end=$(date +%s%N)
-  echo "$(((end - start) / 1000)) $(tail -n 1 "$work/memory")" >>"$file"
+  tail -n 1 "$work/memory" | awk -v wall=$(((end - start) / 1000)) '{ print wall, $1 + $2, $3 }' >>"$file"
 }
 
 "$mib" lookup -M "$folder" $oid >"$work/output"
@@ -30,16 +31,30 @@ for _ in $(seq "$turns"); do
   measure "$work/warm" "$mib" lookup -M "$folder" $oid
 done
 
-best() { sort -n "$1" | head -n 1 | cut -d' ' -f1; }
-memory() { cut -d' ' -f2 "$1" | sort -n | tail -n 1; }
-awk -v theirs="$(best "$work/theirs")" -v cold="$(best "$work/cold")" -v warm="$(best "$work/warm")" \
-  -v theirMemory="$(memory "$work/theirs")" -v ourMemory="$(memory "$work/cold")" 'BEGIN {
-  row = "%-34s %10s %10s %8s %12s\n"
-  printf row, "", "peer", "ours", "ratio", "goal"
-  printf row, "compile everything, ms", theirs / 1000, cold / 1000,
-    sprintf("%.1f", theirs / cold), "8 or more"
-  printf row, "peak memory, MB", int(theirMemory / 1024), int(ourMemory / 1024),
-    sprintf("%.2f", ourMemory / theirMemory), "1.5 or less"
-  printf row, "start with the image at hand, ms", theirs / 1000, warm / 1000,
-    sprintf("%.0f", theirs / warm), "500 or more"
-}'
+paste -d' ' "$work/theirs" "$work/cold" "$work/warm" | awk '
+  function median(list,   i, j, swap) {
+    for (i = 2; i <= NR; i++)
+      for (j = i; j > 1 && list[j - 1] > list[j]; j--) {
+        swap = list[j]; list[j] = list[j - 1]; list[j - 1] = swap
+      }
+    return list[int((NR + 1) / 2)]
+  }
+  function most(a, b) { return a > b ? a : b }
+  {
+    peer[NR] = $1 / 1000; cold[NR] = $4 / 1000; warm[NR] = $7 / 1000
+    coldRatio[NR] = $1 / $4; warmRatio[NR] = $1 / $7
+    peerWork[NR] = $2 * 1000; coldWork[NR] = $5 * 1000; workRatio[NR] = $2 / most($5, 0.01)
+    peerMemory = most(peerMemory, $3); memory = most(memory, $6)
+  }
+  END {
+    row = "%-34s %10s %10s %8s %12s\n"
+    printf row, "", "peer", "ours", "ratio", "goal"
+    printf row, "compile everything, ms", median(peer), median(cold),
+      sprintf("%.1f", median(coldRatio)), "8 or more"
+    printf row, "the same, ms of the processors", median(peerWork), median(coldWork),
+      sprintf("%.1f", median(workRatio)), ""
+    printf row, "peak memory, MB", int(peerMemory / 1024), int(memory / 1024),
+      sprintf("%.2f", memory / peerMemory), "1.5 or less"
+    printf row, "start with the image at hand, ms", median(peer), median(warm),
+      sprintf("%.0f", median(warmRatio)), "500 or more"
+  }'

@@ -15,14 +15,22 @@ std::string ShortTime(const LocalTime& time) {
   return fmt::format("{:02}:{:02}", time.hour, time.minute);
 }
 
+const std::string& NameOf(int month, const std::array<std::string, 12>& names) {
+  return names.at(static_cast<size_t>(month - 1));
+}
+
 const std::string& MonthName(const LocalTime& time, const LocaleTexts& locale) {
-  return locale.months.at(static_cast<size_t>(time.month - 1));
+  return NameOf(time.month, locale.months);
 }
 
 }  // namespace
 
 std::string FormatMediumDate(const LocalTime& time, const LocaleTexts& locale) {
   return fmt::format("{:02}-{}-{:02}", time.day, MonthName(time, locale), time.year % 100);
+}
+
+std::string FormatMonthAndYear(const LocalTime& time, const LocaleTexts& locale) {
+  return fmt::format("{} {:04}", NameOf(time.month, locale.fullMonths), time.year);
 }
 
 std::string FormatTime(const LocalTime& time, const LocaleTexts& locale) {

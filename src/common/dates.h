@@ -23,10 +23,17 @@ struct LocaleTexts {
   /// Designators of the 12-hour clock; empty in a language that has none.
   std::string am = "AM";
   std::string pm = "PM";
+  /// Full month names, January first, as they stand without a day.
+  std::array<std::string, 12> fullMonths = {"January",   "February", "March",    "April",
+                                            "May",       "June",     "July",     "August",
+                                            "September", "October",  "November", "December"};
 };
 
 /// The "Medium Date" form: 05-Dec-26.
 std::string FormatMediumDate(const LocalTime& time, const LocaleTexts& locale);
+
+/// The full name of the month and the year: May 2007.
+std::string FormatMonthAndYear(const LocalTime& time, const LocaleTexts& locale);
 
 /// A time of day without seconds: the 12-hour form (03:49 PM) where the language's designator
 /// ends in "M", the 24-hour form (15:49) elsewhere.

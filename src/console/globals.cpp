@@ -4,9 +4,13 @@
 
 namespace sentrel {
 
-void Main(Application& application, MainForm& mainForm) {
+void Main(Application& application, MainForm& mainForm,
+          const std::function<void()>& showTipOfTheDay) {
   application.SetHelpFile(application.ProgramFolder() + "/Help/Varnholt.chm");
-  Attempt([&] { mainForm.Show(); });
+  Attempt([&] {
+    mainForm.Show();
+    showTipOfTheDay();
+  });
 }
 
 }  // namespace sentrel

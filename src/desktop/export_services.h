@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QWidget>
-#include <string>
 
-#include "platform/export_memory.h"
 #include "platform/mouse_pointer.h"
 #include "platform/printers.h"
 
@@ -22,16 +20,6 @@ class QtMousePointer : public MousePointer {
 
  private:
   QWidget& window_;
-};
-
-/// Remembers for the length of the run.
-class RunExportMemory : public ExportMemory {
- public:
-  std::string LeftOutColumns() const override { return leftOut_; }
-  void SetLeftOutColumns(const std::string& titles) override { leftOut_ = titles; }
-
- private:
-  std::string leftOut_;
 };
 
 }  // namespace sentrel

@@ -8,8 +8,21 @@
 namespace sentrel {
 namespace {
 
-void TellReadOnly(const QString& path, QWidget* owner) {
-  QMessageBox::warning(owner, "Sentrel", path + " is read-only.\nPlease choose another file name.");
+std::optional<std::string> Ask(const SaveFileRequest& request, QWidget* owner) {
+  QFileDialog dialog(owner, QString::fromStdString(request.title));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.promptBeforeOverwrite);
+  dialog.setNameFilters(NameFilters(request.filter));
+  if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.selectedFiles().value(0).toStdString();
+}
+
+void TellReadOnly(const std::string& path, QWidget* owner) {
+  const QString name = QString::fromStdString(path);
+  QMessageBox::warning(owner, "Sentrel", name + " is read-only.\nPlease choose another file name.");
 }
 
 }  // namespace
@@ -26,17 +39,11 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 std::optional<std::string> QtFileDialog::ChooseSaveFile(const SaveFileRequest& request) {
-  QFileDialog dialog(OwnerOfNextDialog(window_), QString::fromStdString(request.title));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.promptBeforeOverwrite);
-  dialog.setNameFilters(NameFilters(request.filter));
-  if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
-  while (dialog.exec() == QDialog::Accepted) {
-    const QString path = dialog.selectedFiles().value(0);
-    if (!request.refuseReadOnly || !IsReadOnly(path.toStdString())) return path.toStdString();
-    TellReadOnly(path, OwnerOfNextDialog(window_));
+  SaveFileRequest next = request;
+  while (const auto path = Ask(next, OwnerOfNextDialog(window_))) {
+    if (!request.refuseReadOnly || !IsReadOnly(*path)) return path;
+    TellReadOnly(*path, OwnerOfNextDialog(window_));
+    next.fileName = *path;
   }
   return std::nullopt;
 }

@@ -29,7 +29,7 @@ QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
   LoadResources();
   tools_ = new QtToolBars(toolBars, *this);
   setObjectName("MainForm");
-  QApplication::setWindowIcon(QIcon(":/icons/sentrel.svg"));
+  QApplication::setWindowIcon(QIcon(kProgramIcon));
   setCentralWidget(inner_);
   inner_->installEventFilter(this);
   statusBar()->setObjectName("StatusBar");

@@ -73,7 +73,8 @@ QWidget* OwnerOfNextDialog(QWidget& window) {
 
 void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::string& title) {
   QMessageBox box(icon == MessageIcon::CriticalStop ? QMessageBox::Critical : QMessageBox::Warning,
-                  QString::fromStdString(title), QString::fromStdString(text).replace("\r\n", "\n"),
+                  QString::fromStdString(title),
+                  QString::fromStdString(text).replace("\r\n", "\n").replace('\r', '\n'),
                   QMessageBox::Ok, OwnerOfNextDialog(window_));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -106,7 +107,10 @@ SystemLocale::SystemLocale() {
   for (int month = 1; month <= 12; ++month) {
     QString name = locale.monthName(month, QLocale::ShortFormat);
     if (name.endsWith('.')) name.chop(1);
-    if (!name.isEmpty()) texts_.months[static_cast<size_t>(month - 1)] = name.toStdString();
+    const auto place = static_cast<size_t>(month - 1);
+    if (!name.isEmpty()) texts_.months[place] = name.toStdString();
+    const QString fullName = locale.standaloneMonthName(month, QLocale::LongFormat);
+    if (!fullName.isEmpty()) texts_.fullMonths[place] = fullName.toStdString();
   }
   texts_.am = locale.amText().toStdString();
   texts_.pm = locale.pmText().toStdString();

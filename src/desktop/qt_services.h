@@ -23,6 +23,8 @@ class QtApplication : public Application {
   std::string ExecutableName() const override;
   std::string LayoutFolder() const override;
   void SetHelpFile(const std::string& path) override { helpFile_ = path; }
+  /// As last set; empty at first.
+  const std::string& HelpFile() const { return helpFile_; }
 
  private:
   std::string userFolder_;

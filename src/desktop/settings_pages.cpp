@@ -61,12 +61,16 @@ QLineEdit* EntryBox(SettingsText control, QLabel* label) {
 
 QListWidget* List(SettingsList control, const QString& accessibleName) {
   auto* list = Named(new QListWidget, control);
+  // The style's own frame loses lines at scales between whole numbers.
+  list->setFrameStyle(QFrame::Box | QFrame::Plain);
+  list->setForegroundRole(QPalette::Mid);
   list->setAccessibleName(accessibleName);
   return list;
 }
 
 QPushButton* RemoveButton(SettingsButton control, QListWidget* list) {
   auto* button = Button(control, "Remove Selected Filter");
+  button->setMinimumWidth(button->sizeHint().width() + 2 * kGroupSpacing);
   button->setEnabled(false);
   auto* deleteKey = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
   QObject::connect(deleteKey, &QShortcut::activated, button, &QPushButton::click);

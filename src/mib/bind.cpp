@@ -1,41 +1,51 @@
 #include "mib/bind.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "mib/hash.h"
 
 namespace sentrel::mib {
 namespace {
 
-/// Finds positions by name in lists of definitions or imports that it does not own.
+/// What a name stands for as a node and as a type.
+struct Meanings {
+  Reference node;
+  Reference type;
+};
+
+/// Finds the meanings of names. Has room for a bounded number of names.
 class NameTable {
  public:
-  explicit NameTable(size_t names) {
+  NameTable(size_t expected, size_t most) {
     size_t slots = 16;
-    while (slots < names * 2) slots *= 2;
-    slots_.assign(slots, {});
+    while (slots < expected * 2 || slots <= most) slots *= 2;
+    slots_.resize(slots);
   }
 
-  /// The reference kept for the name, none if there is none: the caller may then set it.
-  Reference& At(std::string_view name) {
+  /// The meanings kept for the name, none for a new one: the caller may then set them.
+  Meanings& At(std::string_view name) {
     const size_t mask = slots_.size() - 1;
     size_t at = Hash(name) & mask;
     while (!slots_[at].name.empty() && slots_[at].name != name) at = (at + 1) & mask;
     slots_[at].name = name;
-    return slots_[at].reference;
+    return slots_[at].meanings;
   }
 
  private:
   struct Slot {
     std::string_view name;
-    Reference reference;
+    Meanings meanings;
   };
   std::vector<Slot> slots_;
 };
 
 class Binder {
  public:
-  explicit Binder(Module& module) : module_(module), nodes_(Room(module)), types_(Room(module)) {}
+  explicit Binder(ModuleDraft& module)
+      : module_(module),
+        names_(module.definitions.size() + module.imports.size(),
+               module.definitions.size() * 3 + module.imports.size()) {}
 
   void Run() {
     AddDefinitions(false);
@@ -43,34 +53,21 @@ class Binder {
     AddDefinitions(true);
     for (Definition& definition : module_.definitions) {
       if (!definition.parentName.empty()) {
-        definition.parent = Find(nodes_, definition.parentName, definition.line, false);
+        definition.parent = Find(definition.parentName, definition.line, &Meanings::node);
       }
       if (!definition.typeName.empty()) {
-        definition.type = Find(types_, definition.typeName, definition.line, true);
+        definition.type = Find(definition.typeName, definition.line, &Meanings::type);
       }
     }
-    SortByName();
   }
 
  private:
-  void SortByName() {
-    for (std::uint32_t i = 0; i < module_.definitions.size(); ++i) module_.byName.push_back(i);
-    std::sort(module_.byName.begin(), module_.byName.end(), [this](auto a, auto b) {
-      const int order = module_.definitions[a].name.compare(module_.definitions[b].name);
-      return order != 0 ? order < 0 : a < b;
-    });
-  }
-
-  /// Every name that can come to stand in a table.
-  static size_t Room(const Module& module) {
-    return module.definitions.size() * 2 + module.imports.size();
-  }
-
   void AddDefinitions(bool labels) {
     for (size_t i = 0; i < module_.definitions.size(); ++i) {
       const Definition& definition = module_.definitions[i];
       if (definition.name.empty() || (definition.kind == Kind::Label) != labels) continue;
-      Reference& place = (definition.kind == Kind::Type ? types_ : nodes_).At(definition.name);
+      Meanings& meanings = names_.At(definition.name);
+      Reference& place = definition.kind == Kind::Type ? meanings.type : meanings.node;
       if (place.IsNone()) place = Reference::ToLocal(i);
     }
   }
@@ -78,15 +75,16 @@ class Binder {
   /// A name is imported as a node or as a type: which one, its use will show.
   void AddImports() {
     for (size_t i = 0; i < module_.imports.size(); ++i) {
-      for (NameTable* table : {&nodes_, &types_}) {
-        Reference& place = table->At(module_.imports[i].name);
-        if (place.IsNone()) place = Reference::ToImport(i);
+      Meanings& meanings = names_.At(module_.imports[i].name);
+      for (Reference* place : {&meanings.node, &meanings.type}) {
+        if (place->IsNone()) *place = Reference::ToImport(i);
       }
     }
   }
 
-  Reference Find(NameTable& table, std::string_view name, std::uint32_t line, bool isType) {
-    Reference& place = table.At(name);
+  Reference Find(std::string_view name, std::uint32_t line, Reference Meanings::*sort) {
+    Reference& place = names_.At(name).*sort;
+    const bool isType = sort == &Meanings::type;
     if (place.IsNone()) {
       place = Reference::ToImport(module_.imports.size());
       module_.imports.push_back({name, {}, line, isType, true});
@@ -99,15 +97,30 @@ class Binder {
     return place;
   }
 
-  Module& module_;
-  NameTable nodes_;
-  NameTable types_;
+  ModuleDraft& module_;
+  NameTable names_;
 };
+
+std::vector<std::uint32_t> OrderByName(const std::vector<Definition>& definitions) {
+  std::vector<std::uint32_t> order(definitions.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::sort(order.begin(), order.end(), [&](auto a, auto b) {
+    const int difference = definitions[a].name.compare(definitions[b].name);
+    return difference != 0 ? difference < 0 : a < b;
+  });
+  return order;
+}
 
 }  // namespace
 
-void Bind(Module& module) {
-  Binder(module).Run();
+Module Bind(ModuleDraft& draft, Arena& arena) {
+  Binder(draft).Run();
+  return {draft,
+          arena.KeepList(draft.imports),
+          arena.KeepList(draft.definitions),
+          arena.KeepList(draft.numbers),
+          arena.KeepList(draft.values),
+          arena.KeepList(OrderByName(draft.definitions))};
 }
 
 }  // namespace sentrel::mib

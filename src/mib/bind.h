@@ -1,12 +1,13 @@
 #pragma once
 
+#include "mib/arena.h"
 #include "mib/module.h"
 
 namespace sentrel::mib {
 
-/// Replaces the names within a module by references to its own definitions and to its imports.
-/// A name that is neither becomes an import from no module. Of two definitions of one name the
-/// first is meant. Fills Module::byName.
-void Bind(Module& module);
+/// The module that a draft describes, its lists copied to the arena. Replaces the names within the
+/// module by references to its own definitions and to its imports. A name that is neither becomes
+/// an import from no module. Of two definitions of one name the first is meant.
+Module Bind(ModuleDraft& draft, Arena& arena);
 
 }  // namespace sentrel::mib

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "mib/huge_pages.h"
 #include "mib/module.h"
 #include "mib/oid_tree.h"
 
@@ -48,10 +49,10 @@ struct CatalogModule {
 struct Catalog {
   OidTree tree;
   std::vector<CatalogModule> modules;
-  std::vector<Entry> entries;
-  std::vector<ResolvedType> types;
+  BigVector<Entry> entries;
+  BigVector<ResolvedType> types;
   /// For each node of the tree the entry that gives it its name, or kNothing.
-  std::vector<std::uint32_t> names;
+  BigVector<std::uint32_t> names;
   /// Owns the named values that lie in no module.
   std::deque<std::vector<NamedValue>> ownValues;
 };

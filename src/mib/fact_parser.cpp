@@ -51,8 +51,7 @@ class Parser {
     if (module_.name.empty()) {
       Report("no module in this file");
     } else {
-      Bind(module_);
-      file_.modules.push_back(std::move(module_));
+      file_.modules.push_back(Bind(module_, arena_));
     }
     return std::move(file_);
   }
@@ -136,7 +135,7 @@ class Parser {
   }
 
   Arena& arena_;
-  Module module_;
+  ModuleDraft module_;
   ParsedFile file_;
   std::uint32_t line_ = 0;
 };

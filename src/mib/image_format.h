@@ -72,8 +72,8 @@ struct ValueRecord {
 /// Where the part of the file begins that the checksum covers.
 inline constexpr size_t kChecksummed = offsetof(Header, fingerprint);
 
-/// The checksum of the covered bytes: four interleaved multiplicative hashes, so that a file of ten
-/// megabytes costs about a millisecond.
+/// The checksum of the covered bytes: eight interleaved multiplicative hashes, so that a file of
+/// ten megabytes costs about a millisecond.
 std::uint64_t Checksum(std::string_view bytes);
 
 }  // namespace format

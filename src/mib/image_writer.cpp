@@ -6,6 +6,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "common/failure.h"
 #include "mib/hash.h"
@@ -65,7 +66,7 @@ class StringPool {
   }
 
   void Grow() {
-    std::vector<Slot> old(slots_.size() * 4);
+    BigVector<Slot> old(slots_.size() * 4);
     old.swap(slots_);
     for (const Slot& slot : old) {
       if (slot.offset == 0) continue;
@@ -76,7 +77,7 @@ class StringPool {
   }
 
   std::string bytes_;
-  std::vector<Slot> slots_;
+  BigVector<Slot> slots_;
   size_t count_ = 0;
 };
 
@@ -88,12 +89,15 @@ class BreadthFirst {
     records.reserve(tree_.size());
     placeOf.resize(tree_.size());
     order_.push_back(OidTree::kRoot);
-    for (size_t i = 0; i < order_.size(); ++i) Append(order_[i], catalog.names[order_[i]]);
+    while (records.size() < order_.size()) {
+      const std::uint32_t node = order_[records.size()];
+      Append(node, catalog.names[node]);
+    }
     for (format::NodeRecord& record : records) record.parent = placeOf[record.parent];
   }
 
-  std::vector<format::NodeRecord> records;
-  std::vector<std::uint32_t> placeOf;
+  BigVector<format::NodeRecord> records;
+  BigVector<std::uint32_t> placeOf;
 
  private:
   /// Sorts children_ by parent and number; firstChild_ tells where a parent's children begin.
@@ -102,7 +106,7 @@ class BreadthFirst {
     for (size_t i = 1; i < tree_.size(); ++i) ++firstChild_[tree_[i].parent + 1];
     for (size_t i = 1; i < firstChild_.size(); ++i) firstChild_[i] += firstChild_[i - 1];
     children_.resize(tree_.size());
-    std::vector<std::uint32_t> next = firstChild_;
+    BigVector<std::uint32_t> next = firstChild_;
     for (std::uint32_t i = 1; i < tree_.size(); ++i) children_[next[tree_[i].parent]++] = i;
     for (size_t i = 0; i < tree_.size(); ++i) {
       std::sort(children_.begin() + firstChild_[i], children_.begin() + firstChild_[i + 1],
@@ -119,11 +123,16 @@ class BreadthFirst {
     order_.insert(order_.end(), children_.begin() + first, children_.begin() + first + count);
   }
 
-  const std::vector<OidTree::Node>& tree_;
-  std::vector<std::uint32_t> firstChild_;
-  std::vector<std::uint32_t> children_;
-  std::vector<std::uint32_t> order_;
+  const BigVector<OidTree::Node>& tree_;
+  BigVector<std::uint32_t> firstChild_;
+  BigVector<std::uint32_t> children_;
+  BigVector<std::uint32_t> order_;
 };
+
+template <typename Record>
+size_t SizeOf(const BigVector<Record>& records) {
+  return records.size() * sizeof(Record);
+}
 
 template <typename Record>
 void AppendSection(std::string& image, format::SectionName name, const Record* records,
@@ -135,55 +144,73 @@ void AppendSection(std::string& image, format::SectionName name, const Record* r
   image.append(reinterpret_cast<const char*>(records), count * sizeof(Record));
 }
 
+/// Takes the records, so that they need not stay in memory beside their copies.
 template <typename Record>
-void AppendSection(std::string& image, format::SectionName name,
-                   const std::vector<Record>& records) {
+void AppendSection(std::string& image, format::SectionName name, BigVector<Record> records) {
   AppendSection(image, name, records.data(), records.size());
 }
 
-std::vector<format::EntryRecord> MakeEntries(const Catalog& catalog, const BreadthFirst& nodes,
-                                             StringPool& strings) {
-  std::vector<format::EntryRecord> records;
-  records.reserve(catalog.entries.size());
-  for (const Entry& entry : catalog.entries) {
-    const auto node = entry.node == kNothing ? kNothing : nodes.placeOf[entry.node];
-    records.push_back(
-        {strings.AddNew(entry.name), node, entry.type, static_cast<std::uint32_t>(entry.kind)});
+/// Everything of an image but its nodes.
+class Contents {
+ public:
+  explicit Contents(const Catalog& catalog) {
+    AddEntries(catalog.entries);
+    for (const ResolvedType& type : catalog.types) AddType(type);
+    for (const CatalogModule& module : catalog.modules) {
+      modules.push_back({module.lastUpdated, strings.Add(module.name), module.entries.begin,
+                         module.entries.count, 0});
+    }
   }
-  return records;
-}
 
-}  // namespace
+  /// Until now the entries refer to the nodes of the tree.
+  void PlaceNodes(const BigVector<std::uint32_t>& placeOf) {
+    for (format::EntryRecord& entry : entries) {
+      if (entry.node != kNothing) entry.node = placeOf[entry.node];
+    }
+  }
 
-std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
+  BigVector<format::EntryRecord> entries;
+  BigVector<format::TypeRecord> types;
+  BigVector<format::ValueRecord> values;
+  BigVector<format::ModuleRecord> modules;
   StringPool strings;
-  std::string image(sizeof(format::Header), '\0');
-  {
-    const BreadthFirst nodes(catalog);
-    const auto entries = MakeEntries(catalog, nodes, strings);
-    image.reserve(image.size() + nodes.records.size() * sizeof(format::NodeRecord) +
-                  entries.size() * sizeof(format::EntryRecord) + strings.Bytes().size() * 2);
-    AppendSection(image, format::kNodes, nodes.records);
-    AppendSection(image, format::kEntries, entries);
+
+ private:
+  void AddEntries(const BigVector<Entry>& all) {
+    entries.reserve(all.size());
+    for (const Entry& entry : all) {
+      entries.push_back({strings.AddNew(entry.name), entry.node, entry.type,
+                         static_cast<std::uint32_t>(entry.kind)});
+    }
   }
-  std::vector<format::TypeRecord> types;
-  std::vector<format::ValueRecord> values;
-  for (const ResolvedType& type : catalog.types) {
+
+  void AddType(const ResolvedType& type) {
     types.push_back({static_cast<std::uint32_t>(type.base), strings.Add(type.hint),
                      static_cast<std::uint32_t>(values.size()), type.valueCount});
     for (std::uint32_t i = 0; i < type.valueCount; ++i) {
       values.push_back({type.values[i].value, strings.Add(type.values[i].label)});
     }
   }
-  AppendSection(image, format::kTypes, types);
-  AppendSection(image, format::kValues, values);
-  std::vector<format::ModuleRecord> modules;
-  for (const CatalogModule& module : catalog.modules) {
-    modules.push_back({module.lastUpdated, strings.Add(module.name), module.entries.begin,
-                       module.entries.count, 0});
-  }
-  AppendSection(image, format::kModules, modules);
-  AppendSection(image, format::kStrings, strings.Bytes().data(), strings.Bytes().size());
+};
+
+}  // namespace
+
+std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
+  auto order = std::async(std::launch::async, [&] { return BreadthFirst(catalog); });
+  Contents contents(catalog);
+  BreadthFirst nodes = order.get();
+  contents.PlaceNodes(nodes.placeOf);
+  const std::string& strings = contents.strings.Bytes();
+  std::string image(sizeof(format::Header), '\0');
+  image.reserve(image.size() + format::kSectionCount * sizeof(std::uint64_t) +
+                SizeOf(nodes.records) + SizeOf(contents.entries) + SizeOf(contents.types) +
+                SizeOf(contents.values) + SizeOf(contents.modules) + strings.size());
+  AppendSection(image, format::kNodes, std::move(nodes.records));
+  AppendSection(image, format::kEntries, std::move(contents.entries));
+  AppendSection(image, format::kTypes, std::move(contents.types));
+  AppendSection(image, format::kValues, std::move(contents.values));
+  AppendSection(image, format::kModules, std::move(contents.modules));
+  AppendSection(image, format::kStrings, strings.data(), strings.size());
   std::memcpy(image.data() + offsetof(format::Header, fingerprint), &fingerprint,
               sizeof fingerprint);
   Seal(image);

@@ -68,11 +68,12 @@ std::vector<std::vector<Target>> ImportResolver::ResolveAll() {
   std::vector<std::vector<Target>> targets(modules_.size());
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     targets[m].resize(modules_[m].imports.size());
+    const auto neighbours = NeighboursOf(modules_[m]);
     for (size_t i = 0; i < targets[m].size(); ++i) {
       const Import& import = modules_[m].imports[i];
       if (!import.isUsed) continue;
       targets[m][i] = InModule(import.module, import.name, import.isType);
-      if (!targets[m][i].IsFound()) targets[m][i] = Nearby(m, import);
+      if (!targets[m][i].IsFound()) targets[m][i] = Nearby(neighbours, import);
     }
     ReportMissingModules(modules_[m]);
   }
@@ -125,12 +126,26 @@ Target ImportResolver::InBaseModule(const format::ModuleRecord& module, std::str
   return {};
 }
 
-Target ImportResolver::Nearby(std::uint32_t module, const Import& import) const {
-  std::string_view tried = import.module;
-  for (const Import& other : modules_[module].imports) {
-    if (other.module == tried) continue;
-    tried = other.module;
-    const Target target = InModule(other.module, import.name, import.isType);
+/// The modules that a module imports from, each once, as far as they are there.
+std::vector<std::string_view> ImportResolver::NeighboursOf(const Module& module) const {
+  std::vector<std::string_view> neighbours;
+  std::string_view last;
+  for (const Import& import : module.imports) {
+    if (import.module == last) continue;
+    last = import.module;
+    if (IsKnown(last) &&
+        std::find(neighbours.begin(), neighbours.end(), last) == neighbours.end()) {
+      neighbours.push_back(last);
+    }
+  }
+  return neighbours;
+}
+
+Target ImportResolver::Nearby(const std::vector<std::string_view>& neighbours,
+                              const Import& import) const {
+  for (const std::string_view neighbour : neighbours) {
+    if (neighbour == import.module) continue;
+    const Target target = InModule(neighbour, import.name, import.isType);
     if (target.IsFound()) return target;
   }
   return {};

@@ -39,7 +39,8 @@ class ImportResolver {
   Target InModule(std::string_view module, std::string_view name, bool isType) const;
   Target InDefinitions(std::uint32_t module, std::string_view name, bool isType) const;
   Target InBaseModule(const format::ModuleRecord& module, std::string_view name, bool isType) const;
-  Target Nearby(std::uint32_t module, const Import& import) const;
+  std::vector<std::string_view> NeighboursOf(const Module& module) const;
+  Target Nearby(const std::vector<std::string_view>& neighbours, const Import& import) const;
   void FindAnywhere(std::vector<std::vector<Target>>& targets);
   template <typename Action>
   void ForEachMissing(std::vector<std::vector<Target>>& targets, const Action& action) const;

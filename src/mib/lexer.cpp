@@ -6,15 +6,18 @@
 namespace sentrel::mib {
 namespace {
 
-enum Class : std::uint8_t { Blank, WordPart, Other };
+/// What a character may be part of.
+enum Class : std::uint8_t { Blank, WordPart, Dash, Other };
 
 constexpr std::array<Class, 256> MakeClasses() {
   std::array<Class, 256> classes{};
   for (size_t c = 0; c < classes.size(); ++c) {
     const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
     const bool digit = c >= '0' && c <= '9';
-    if (letter || digit || c == '_' || c == '-') {
+    if (letter || digit || c == '_') {
       classes[c] = WordPart;
+    } else if (c == '-') {
+      classes[c] = Dash;
     } else if (c > ' ' && c < 0x7F) {
       classes[c] = Other;
     }
@@ -45,7 +48,7 @@ Token Lexer::Next() {
   SkipBlanks();
   if (at_ >= text_.size()) return {TokenKind::End, {}, text_.size()};
   const char c = text_[at_];
-  if (ClassOf(c) == WordPart) return NextWord();
+  if (ClassOf(c) == WordPart || c == '-') return NextWord();
   if (c == '"' && strings_) return NextString();
   if (c == '\'' && strings_) return NextQuoted();
   if (text_.compare(at_, 3, "::=") == 0) return Make(TokenKind::Assign, at_, at_ + 3);
@@ -54,15 +57,12 @@ Token Lexer::Next() {
 
 void Lexer::SkipBlanks() {
   const size_t size = text_.size();
-  while (at_ < size) {
-    const char c = text_[at_];
-    if (ClassOf(c) == Blank) {
-      ++at_;
-    } else if (c == '-' && at_ + 1 < size && text_[at_ + 1] == '-') {
-      SkipComment();
-    } else {
-      return;
-    }
+  for (;;) {
+    size_t at = at_;
+    while (at < size && ClassOf(text_[at]) == Blank) ++at;
+    at_ = at;
+    if (at + 1 >= size || text_[at] != '-' || text_[at + 1] != '-') return;
+    SkipComment();
   }
 }
 
@@ -111,9 +111,10 @@ Token Lexer::NextWord() {
   const size_t begin = at_;
   size_t end = at_;
   const size_t size = text_.size();
-  while (end < size && ClassOf(text_[end]) == WordPart) {
-    if (text_[end] == '-' && end + 1 < size && text_[end + 1] == '-') break;
-    ++end;
+  for (; end < size; ++end) {
+    const Class part = ClassOf(text_[end]);
+    if (part == WordPart) continue;
+    if (part != Dash || (end + 1 < size && text_[end + 1] == '-')) break;
   }
   const std::string_view word = text_.substr(begin, end - begin);
   const char first = word[0];

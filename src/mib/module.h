@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -95,19 +96,30 @@ struct Import {
   bool isUsed = false;
 };
 
-/// One module as its file gives it. All texts lie in an Arena that outlives it.
-struct Module {
+struct ModuleHead {
   std::string_view name;
   std::uint32_t file = 0;
   std::uint32_t line = 0;
   /// LAST-UPDATED as the number YYYYMMDDHHMM, 0 where there is none.
   std::uint64_t lastUpdated = 0;
+};
+
+/// One module while it is being read. All texts lie in an Arena that outlives it.
+struct ModuleDraft : ModuleHead {
   std::vector<Import> imports;
   std::vector<Definition> definitions;
   std::vector<std::uint32_t> numbers;
   std::vector<NamedValue> values;
+};
+
+/// One module as its file gives it. All texts and lists lie in an Arena that outlives it.
+struct Module : ModuleHead {
+  std::span<Import> imports;
+  std::span<Definition> definitions;
+  std::span<std::uint32_t> numbers;
+  std::span<NamedValue> values;
   /// Positions in `definitions`, sorted by name; of equal names the first definition comes first.
-  std::vector<std::uint32_t> byName;
+  std::span<std::uint32_t> byName;
 };
 
 }  // namespace sentrel::mib

@@ -10,8 +10,15 @@ std::uint32_t OidTree::Child(std::uint32_t node, std::uint32_t number) {
   const auto child = static_cast<std::uint32_t>(nodes_.size());
   nodes_.push_back({number, node, nodes_[node].depth + 1});
   slots_[slot] = child;
-  if (nodes_.size() * 2 > slots_.size()) Grow();
+  if (nodes_.size() * 2 > slots_.size()) Resize(slots_.size() * 2);
   return child;
+}
+
+void OidTree::Reserve(size_t nodes) {
+  nodes_.reserve(nodes);
+  size_t slots = slots_.size();
+  while (slots < nodes * 2) slots *= 2;
+  if (slots > slots_.size()) Resize(slots);
 }
 
 size_t OidTree::SlotOf(std::uint32_t node, std::uint32_t number) const {
@@ -26,8 +33,8 @@ size_t OidTree::SlotOf(std::uint32_t node, std::uint32_t number) const {
   return slot;
 }
 
-void OidTree::Grow() {
-  slots_.assign(slots_.size() * 2, 0);
+void OidTree::Resize(size_t slots) {
+  slots_.assign(slots, 0);
   for (std::uint32_t node = 1; node < nodes_.size(); ++node) {
     slots_[SlotOf(nodes_[node].parent, nodes_[node].number)] = node;
   }

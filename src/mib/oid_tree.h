@@ -2,7 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+
+#include "mib/huge_pages.h"
 
 namespace sentrel::mib {
 
@@ -21,17 +22,19 @@ class OidTree {
   };
 
   OidTree();
+  /// Makes room for so many nodes in all.
+  void Reserve(size_t nodes);
   /// The child of the node with this number, made if there is none.
   std::uint32_t Child(std::uint32_t node, std::uint32_t number);
-  const std::vector<Node>& Nodes() const { return nodes_; }
+  const BigVector<Node>& Nodes() const { return nodes_; }
 
  private:
   size_t SlotOf(std::uint32_t node, std::uint32_t number) const;
-  void Grow();
+  void Resize(size_t slots);
 
-  std::vector<Node> nodes_;
+  BigVector<Node> nodes_;
   /// Open addressing over (parent, number); 0 marks a free slot, as the root is no child.
-  std::vector<std::uint32_t> slots_;
+  BigVector<std::uint32_t> slots_;
 };
 
 }  // namespace sentrel::mib

@@ -1,6 +1,8 @@
 #include "mib/resolver.h"
 
 #include <algorithm>
+#include <future>
+#include <iterator>
 #include <tuple>
 
 #include "mib/token_reader.h"
@@ -28,6 +30,8 @@ class Resolver {
   void AddBase();
   void AddBaseEntry(const format::EntryRecord& record);
   void AddBaseTypes();
+  void ResolveNodes();
+  void ResolveTypes();
   void AddModule(std::uint32_t m);
   /// The base image's entries are the first of the catalog, in the same order.
   const Entry& BaseEntry(const Target& target) const {
@@ -51,10 +55,15 @@ class Resolver {
   void Report(std::uint32_t m, std::uint32_t line, std::string text) {
     messages_.push_back({modules_[m].file, {{}, line, std::move(text)}});
   }
+  void ReportType(std::uint32_t m, std::uint32_t line, std::string text) {
+    typeMessages_.push_back({modules_[m].file, {{}, line, std::move(text)}});
+  }
 
   std::vector<Module>& modules_;
   const Image& base_;
   std::vector<FileMessage>& messages_;
+  /// Those about types, which are resolved in a thread of their own.
+  std::vector<FileMessage> typeMessages_;
   Catalog catalog_;
   TypeList types_;
   std::vector<std::vector<Target>> imports_;
@@ -71,19 +80,25 @@ class Resolver {
 };
 
 Catalog Resolver::Run() {
+  size_t definitions = 0;
+  for (const Module& module : modules_) definitions += module.definitions.size();
+  catalog_.tree.Reserve(base_.Nodes().size() + definitions);
   AddBase();
   ImportResolver importResolver(modules_, base_);
   imports_ = importResolver.ResolveAll();
   for (FileMessage& message : importResolver.TakeMessages()) {
     messages_.push_back(std::move(message));
   }
-  size_t definitions = catalog_.entries.size();
   for (const Module& module : modules_) {
     nodeOf_.emplace_back(module.definitions.size(), kUnset);
     typeOf_.emplace_back(module.definitions.size(), kUnset);
-    definitions += module.definitions.size();
   }
-  catalog_.entries.reserve(definitions);
+  catalog_.entries.reserve(catalog_.entries.size() + definitions);
+  // Neither needs what the other finds.
+  auto types = std::async(std::launch::async, [this] { ResolveTypes(); });
+  ResolveNodes();
+  types.get();
+  std::move(typeMessages_.begin(), typeMessages_.end(), std::back_inserter(messages_));
   for (std::uint32_t m = 0; m < modules_.size(); ++m) AddModule(m);
   catalog_.names.resize(catalog_.tree.Nodes().size(), kNothing);
   return std::move(catalog_);
@@ -135,8 +150,26 @@ void Resolver::AddBaseTypes() {
   }
 }
 
+void Resolver::ResolveNodes() {
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) {
+    for (const std::uint32_t d : modules_[m].byName) {
+      if (modules_[m].definitions[d].kind != Kind::Type) NodeOf(m, d, 0);
+    }
+  }
+}
+
+void Resolver::ResolveTypes() {
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) {
+    for (const std::uint32_t d : modules_[m].byName) {
+      const Kind kind = modules_[m].definitions[d].kind;
+      if (kind == Kind::Type || kind == Kind::Object) TypeOf(m, d, 0);
+    }
+  }
+}
+
+/// Once all nodes and types are resolved.
 void Resolver::AddModule(std::uint32_t m) {
-  Module& module = modules_[m];
+  const Module& module = modules_[m];
   const auto begin = static_cast<std::uint32_t>(catalog_.entries.size());
   catalog_.modules.push_back({module.name, module.lastUpdated, {begin, 0}});
   for (const std::uint32_t d : module.byName) {
@@ -146,10 +179,10 @@ void Resolver::AddModule(std::uint32_t m) {
     entry.kind = definition.kind;
     entry.module = static_cast<std::uint32_t>(catalog_.modules.size() - 1);
     if (entry.kind != Kind::Type) {
-      entry.node = NodeOf(m, d, 0);
+      entry.node = nodeOf_[m][d];
       if (entry.node == kNothing || IsInstance(m, definition)) continue;
     }
-    if (entry.kind == Kind::Type || entry.kind == Kind::Object) entry.type = TypeOf(m, d, 0);
+    if (entry.kind == Kind::Type || entry.kind == Kind::Object) entry.type = typeOf_[m][d];
     if (entry.kind == Kind::Type && !IsWorthKeeping(entry.type)) continue;
     catalog_.entries.push_back(entry);
     const std::uint32_t rival = Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
@@ -217,7 +250,8 @@ std::uint32_t Resolver::TypeOf(std::uint32_t m, std::uint32_t d, int depth) {
   if (type != kUnset && type != kBusy) return type;
   const Definition& definition = modules_[m].definitions[d];
   if (type == kBusy || depth > kLongestChain) {
-    Report(m, definition.line, "the type of " + Quote(definition.name) + " leads back to itself");
+    ReportType(m, definition.line,
+               "the type of " + Quote(definition.name) + " leads back to itself");
     return type = kNothing;
   }
   type = kBusy;
@@ -235,7 +269,7 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
   } else if (target.place == Target::Place::Base) {
     named = BaseEntry(target).type;
   } else if (!definition.typeName.empty()) {
-    Report(m, definition.line, "type " + Quote(definition.typeName) + " is unknown");
+    ReportType(m, definition.line, "type " + Quote(definition.typeName) + " is unknown");
   }
   if (named != kNothing) {
     if (definition.values.count == 0 && definition.hint.empty()) return named;

@@ -28,6 +28,10 @@ std::uint64_t ReadDate(std::string_view text) {
   return digits == 12 ? date : 0;
 }
 
+bool IsCapitalised(const Token& token) {
+  return token.kind == TokenKind::Word && token.text[0] >= 'A' && token.text[0] <= 'Z';
+}
+
 bool IsModuleName(std::string_view word) {
   return !word.empty() && !IsDefiningMacro(word) && BaseTypeOf(word) == BaseType::None;
 }
@@ -35,13 +39,13 @@ bool IsModuleName(std::string_view word) {
 class Parser {
  public:
   Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
-      : reader_(text, commentEnd, arena) {}
+      : arena_(arena), reader_(text, commentEnd, arena) {}
 
   /// All modules of the file.
   std::vector<Module> Parse() {
     std::vector<Module> modules;
     while (FindModule()) {
-      modules.push_back(std::move(module_));
+      modules.push_back(Bind(module_, arena_));
       module_ = {};
     }
     if (modules.empty()) reader_.Report({}, "no MIB module in this file");
@@ -66,8 +70,9 @@ class Parser {
   std::string_view ReadEnterprise();
   Definition NewDefinition(const Token& name, Kind kind);
 
+  Arena& arena_;
   TokenReader reader_;
-  Module module_;
+  ModuleDraft module_;
   /// The token before the next one, where it may turn out to be the name of a definition.
   Token previous_;
   /// The name of a module that began within another one.
@@ -122,19 +127,16 @@ void Parser::ReadBody() {
     if (token.Is("END")) {
       reader_.SetStrings(false);
       reader_.Take();
-      Bind(module_);
       return;
     }
     if (token.Is("DEFINITIONS")) {
       reader_.Report(token, "module " + Quote(module_.name) + " has no END");
       nextName_ = previous_;
-      Bind(module_);
       return;
     }
     ReadStatement();
   }
   reader_.Report(reader_.Peek(), "module " + Quote(module_.name) + " has no END");
-  Bind(module_);
 }
 
 void Parser::ReadStatement() {
@@ -261,8 +263,9 @@ void Parser::ReadTextualConvention(Definition& type) {
 /// Whether the token before the next one turned out to be the name of a new definition; then it
 /// is the next token again.
 bool Parser::IsNextDefinition() {
+  if (const Token& peek = reader_.Peek(); peek.kind != TokenKind::Assign && !IsCapitalised(peek))
+    return false;
   const Token next = reader_.Peek();
-  if (next.kind != TokenKind::Word && next.kind != TokenKind::Assign) return false;
   bool begins = next.kind == TokenKind::Assign || next.text == "MACRO" ||
                 next.text == "DEFINITIONS" || IsDefiningMacro(next.text);
   if (next.text == "OBJECT") {
@@ -299,7 +302,7 @@ void Parser::ReadMacro(const Token& name, const Token& macro) {
       ReadType(reader_, module_, definition);
     } else if (token.Is("LAST-UPDATED") && reader_.Peek().kind == TokenKind::String) {
       module_.lastUpdated = ReadDate(reader_.Take().text);
-    } else if (macro.text == "TRAP-TYPE" && token.Is("ENTERPRISE")) {
+    } else if (token.Is("ENTERPRISE") && macro.text == "TRAP-TYPE") {
       enterprise = ReadEnterprise();
     }
   }

@@ -27,7 +27,7 @@ constexpr std::pair<std::string_view, BaseType> kBaseTypes[] = {
 };
 
 /// A label and its number: "up(1)".
-bool ReadNamedValue(TokenReader& reader, Module& module) {
+bool ReadNamedValue(TokenReader& reader, ModuleDraft& module) {
   const Token label = reader.Take();
   if (label.kind != TokenKind::Word && label.kind != TokenKind::Number) {
     reader.Report(label, Quote(label.text) + " where a label should stand");
@@ -52,7 +52,7 @@ bool ReadNamedValue(TokenReader& reader, Module& module) {
 }
 
 /// Behind "{": the labels up to and including "}". Where `keep` is unset they are only read.
-void ReadNamedValues(TokenReader& reader, Module& module, Definition& definition, bool keep) {
+void ReadNamedValues(TokenReader& reader, ModuleDraft& module, Definition& definition, bool keep) {
   const auto begin = module.values.size();
   while (!reader.TakeMark('}')) {
     if (reader.AtEnd() || reader.Peek().kind == TokenKind::Assign ||
@@ -69,7 +69,7 @@ void ReadNamedValues(TokenReader& reader, Module& module, Definition& definition
 }
 
 /// What may stand behind the name of a type: named values and ranges.
-void ReadRestriction(TokenReader& reader, Module& module, Definition& definition) {
+void ReadRestriction(TokenReader& reader, ModuleDraft& module, Definition& definition) {
   if (reader.TakeMark('{')) {
     ReadNamedValues(reader, module, definition, definition.base != BaseType::Bits);
   }
@@ -100,7 +100,7 @@ bool TakeSecondWord(TokenReader& reader, std::string_view word) {
 /// The words of an OID value as they are read.
 class OidValue {
  public:
-  OidValue(TokenReader& reader, Module& module, Definition& definition)
+  OidValue(TokenReader& reader, ModuleDraft& module, Definition& definition)
       : reader_(reader), module_(module), definition_(definition) {
     definition_.numbers.begin = static_cast<std::uint32_t>(module.numbers.size());
   }
@@ -185,7 +185,7 @@ class OidValue {
   }
 
   TokenReader& reader_;
-  Module& module_;
+  ModuleDraft& module_;
   Definition& definition_;
 };
 
@@ -204,7 +204,7 @@ bool ReadNumber(std::string_view text, bool allowNegative, std::int64_t& number)
   return number >= least && number <= std::numeric_limits<std::uint32_t>::max();
 }
 
-void ReadType(TokenReader& reader, Module& module, Definition& definition) {
+void ReadType(TokenReader& reader, ModuleDraft& module, Definition& definition) {
   if (reader.TakeMark('[')) reader.SkipPast('[', ']');
   TakeSecondWord(reader, "IMPLICIT");
   TakeSecondWord(reader, "EXPLICIT");
@@ -234,7 +234,7 @@ void ReadType(TokenReader& reader, Module& module, Definition& definition) {
   ReadRestriction(reader, module, definition);
 }
 
-bool ReadOid(TokenReader& reader, Module& module, Definition& definition) {
+bool ReadOid(TokenReader& reader, ModuleDraft& module, Definition& definition) {
   if (reader.TakeMark('{')) return OidValue(reader, module, definition).Read();
   if (reader.Peek().kind == TokenKind::Word) {
     definition.parentName = reader.Keep(reader.Take().text);

@@ -10,12 +10,12 @@ namespace sentrel::mib {
 /// Collects resolved types, equal ones once.
 class TypeList {
  public:
-  explicit TypeList(std::vector<ResolvedType>& types) : types_(types) {}
+  explicit TypeList(BigVector<ResolvedType>& types) : types_(types) {}
   /// The position of a type in the list. The named values are referred to, not copied.
   std::uint32_t Add(const ResolvedType& type);
 
  private:
-  std::vector<ResolvedType>& types_;
+  BigVector<ResolvedType>& types_;
   std::unordered_multimap<std::uint64_t, std::uint32_t> byHash_;
 };
 

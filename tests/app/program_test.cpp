@@ -3,9 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
 #include <QProcess>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace sentrel {
 namespace {
@@ -72,6 +78,53 @@ TEST_F(ProgramTest, ABlockedEventLoopCostsNoTrapAndNoAnswer) {
   EXPECT_EQ(process.exitCode(), 0);
   EXPECT_EQ(program.Traps().Rows(), 1);
   AwaitRows(2);
+}
+
+TEST_F(ProgramTest, TrapsUnderTheOpenSettingsDialogMeetTheOldFilters) {
+  const QStringList coldStart = {"", "1.3.6.1.6.3.1.1.5.1"};
+  QTimer::singleShot(0, &program.Window(), [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_TRUE(dialog && dialog->objectName() == "SettingsForm");
+    dialog->findChild<QCheckBox*>("checkCommunity")->click();
+    EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-cprivate"}, coldStart), 0);
+    AwaitRows(2);
+    QTest::mouseClick(dialog->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+  });
+  program.Window().findChild<QAction*>("Main:Settings")->trigger();
+  EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-cprivate"}, coldStart), 0);
+  EXPECT_EQ(Send(SNMPTRAP, kV2, coldStart), 0);
+  AwaitRows(3);
+  EXPECT_EQ(Cell(1, 2), "public");
+  EXPECT_EQ(Cell(2, 2), "private");
+}
+
+TEST_F(ProgramTest, TheHelpKeyOpensAPageThatClosesWithTheWindow) {
+  const auto helpWindow = []() -> QWidget* {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == "Help" && widget->isVisible()) return widget;
+    }
+    return nullptr;
+  };
+  QTest::keyClick(program.Window().findChild<QWidget*>("Table"), Qt::Key_F1);
+  ASSERT_NE(helpWindow(), nullptr);
+  EXPECT_EQ(helpWindow()->windowTitle(), "The window - Sentrel Help");
+  program.Window().close();
+  EXPECT_EQ(helpWindow(), nullptr);
+}
+
+TEST_F(ProgramTest, AboutTellsTheVersionOfTheProgramFile) {
+  QString version;
+  QTimer::singleShot(0, [&] {
+    QWidget* box = QApplication::activeModalWidget();
+    version = box->findChild<QLabel*>("VersionInfo")->text();
+    box->close();
+  });
+  program.Window().findChild<QAction*>("Help:About")->trigger();
+  const QStringList lines = version.split('\n');
+  ASSERT_EQ(lines.size(), 3) << version.toStdString();
+  EXPECT_TRUE(lines[0].startsWith("Version 9.2 "));
+  EXPECT_EQ(lines[1], "test_program Version 9.2.0.47  ");
+  EXPECT_TRUE(lines[2].contains("MIT License"));
 }
 
 TEST_F(ProgramTest, ClosingTheWindowStopsTheListener) {

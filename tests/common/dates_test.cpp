@@ -34,6 +34,13 @@ TEST(FormatTime, FollowsTheDesignatorOfTheLanguage) {
   for (const Case& c : cases) EXPECT_EQ(FormatTime(c.time, c.locale), c.expected);
 }
 
+TEST(FormatMonthAndYear, SpellsTheMonthOut) {
+  EXPECT_EQ(FormatMonthAndYear({2007, 5, 31, 0, 0, 0}, kEnglish), "May 2007");
+  LocaleTexts french;
+  french.fullMonths[7] = "août";
+  EXPECT_EQ(FormatMonthAndYear({2026, 8, 1, 0, 0, 0}, french), "août 2026");
+}
+
 TEST(FormatMediumDate, UsesTheMonthNamesOfTheLanguage) {
   EXPECT_EQ(FormatMediumDate({2026, 12, 5, 0, 0, 0}, kEnglish), "05-Dec-26");
   EXPECT_EQ(FormatMediumDate({2009, 3, 31, 0, 0, 0}, kGerman), "31-Mär-09");

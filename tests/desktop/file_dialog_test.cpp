@@ -15,18 +15,21 @@ namespace {
 
 /// A user who answers the dialogs that open, one after the other.
 struct FileDialogTest : testing::Test {
-  FileDialogTest() {
-    QObject::connect(&user, &QTimer::timeout, [this] { Answer(); });
-    user.start(0);
-  }
+  FileDialogTest() { WaitForDialog(); }
   ~FileDialogTest() override { EXPECT_EQ(answers.size(), 0) << "a dialog did not open"; }
 
-  void Answer() {
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (answers.empty() || !dialog || !dialog->isVisible()) return;
-    const auto answer = answers.front();
-    answers.pop_front();
-    answer(*dialog);
+  /// Looks at every turn of the event loop, also of one within an answer.
+  void WaitForDialog() {
+    QTimer::singleShot(0, &window, [this] {
+      WaitForDialog();
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (answers.empty() || !dialog) return;
+      dialog->activateWindow();
+      if (!dialog->isActiveWindow()) return;
+      const auto answer = answers.front();
+      answers.pop_front();
+      answer(*dialog);
+    });
   }
   void WillEnter(const QString& name) {
     answers.emplace_back([name](QWidget& dialog) {
@@ -43,53 +46,52 @@ struct FileDialogTest : testing::Test {
       QTest::keyClick(&dialog, key);
     });
   }
-  QString MakeFile(const char* name, QFile::Permissions permissions) {
+  void MakeFile(const char* name, QFile::Permissions permissions) {
     QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QFile::WriteOnly));
     file.setPermissions(permissions);
-    return file.fileName();
   }
+  std::string Path(const char* name) const { return folder.filePath(name).toStdString(); }
+  SaveFileRequest Request() const { return {"Log", "All Files (*.*)|*.*", Path("traps.log")}; }
 
   QWidget window;
   QtFileDialog files{window};
   QTemporaryDir folder;
-  QTimer user;
   std::deque<std::function<void(QWidget&)>> answers;
 };
 
 TEST_F(FileDialogTest, AcceptsNewNamesAndOffersTheOldOne) {
-  const QString offered = folder.filePath("traps.log");
   answers.emplace_back([](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Log");
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
-  EXPECT_EQ(files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", offered.toStdString()}),
-            offered.toStdString());
-  WillEnter(folder.filePath("other"));
-  EXPECT_EQ(files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", offered.toStdString()}),
-            folder.filePath("other").toStdString())
-      << "as typed, without an extension";
+  EXPECT_EQ(files.ChooseSaveFile(Request()), Path("traps.log"));
+  WillEnter("other");
+  EXPECT_EQ(files.ChooseSaveFile(Request()), Path("other")) << "as typed, without an extension";
   WillPress(Qt::Key_Escape, "QFileDialog");
-  EXPECT_EQ(files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", ""}), std::nullopt);
+  EXPECT_EQ(files.ChooseSaveFile(Request()), std::nullopt);
 }
 
 TEST_F(FileDialogTest, AsksBeforeOverwritingWhereWanted) {
-  const QString present = MakeFile("present", QFile::ReadOwner | QFile::WriteOwner);
-  WillEnter(present);
-  EXPECT_EQ(files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", ""}), present.toStdString());
-  WillEnter(present);
+  MakeFile("present", QFile::ReadOwner | QFile::WriteOwner);
+  SaveFileRequest request = Request();
+  WillEnter("present");
+  EXPECT_EQ(files.ChooseSaveFile(request), Path("present"));
+  request.promptBeforeOverwrite = true;
+  WillEnter("present");
   WillPress(Qt::Key_Escape, "QMessageBox");
   WillPress(Qt::Key_Escape, "QFileDialog");
-  EXPECT_EQ(files.ChooseSaveFile({"Save", "All Files (*.*)|*.*", "", true}), std::nullopt);
+  EXPECT_EQ(files.ChooseSaveFile(request), std::nullopt);
 }
 
 TEST_F(FileDialogTest, RefusesReadOnlyFilesWhereWanted) {
-  const QString locked = MakeFile("locked", QFile::ReadOwner);
-  WillEnter(locked);
+  MakeFile("locked", QFile::ReadOwner);
+  SaveFileRequest request = Request();
+  request.refuseReadOnly = true;
+  WillEnter("locked");
   WillPress(Qt::Key_Return, "QMessageBox");
-  WillEnter(folder.filePath("free"));
-  EXPECT_EQ(files.ChooseSaveFile({"Save", "All Files (*.*)|*.*", "", false, true}),
-            folder.filePath("free").toStdString());
+  WillEnter("free");
+  EXPECT_EQ(files.ChooseSaveFile(request), Path("free"));
 }
 
 TEST(NameFilters, KeepTheirCaptionsAndMatchNamesWithoutADot) {

@@ -10,9 +10,9 @@
 
 #include "controls/table.h"
 #include "desktop/export_engine.h"
-#include "desktop/export_services.h"
 #include "dialogs.h"
 #include "fakes/fake_console.h"
+#include "fakes/fake_export.h"
 
 namespace sentrel {
 
@@ -39,7 +39,7 @@ class EngineFixture : public testing::Test {
   FakeLocale locale_;
   CallLog log_;
   FakeMessageBox messageBox_{log_};
-  RunExportMemory memory_;
+  FakeExportMemory memory_;
   Table table_;
   User user_;
 };

@@ -8,6 +8,7 @@
 #include "common/failure.h"
 #include "fakes/fake_console.h"
 #include "platform/engine.h"
+#include "platform/export_memory.h"
 #include "platform/mouse_pointer.h"
 #include "platform/printers.h"
 
@@ -135,6 +136,13 @@ class FakePrinters : public Printers {
  public:
   int Count() const override { return count; }
   int count = 1;
+};
+
+class FakeExportMemory : public ExportMemory {
+ public:
+  std::string LeftOutColumns() const override { return leftOut; }
+  void SetLeftOutColumns(const std::string& titles) override { leftOut = titles; }
+  std::string leftOut;
 };
 
 class FakeMousePointer : public MousePointer {

@@ -110,5 +110,40 @@ TEST(Hostile, FilesThatCannotBeReadAreNamed) {
   EXPECT_THAT(collection.AllMessages()[0].ToText(), testing::StartsWith(workshop.Path("gone: ")));
 }
 
+/// Every definition brings two names that nobody knows: the most that a module's names can be.
+TEST(Hostile, NothingButUnknownNames) {
+  for (const int count : {1, 5, 8, 64, 20'000}) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+      const std::string n = std::to_string(i);
+      text += "x" + n + " OBJECT-TYPE SYNTAX T" + n + " ::= { p" + n + " 1 }\n";
+    }
+    const Compiled compiled({ModuleText("A-MIB", text + "last OBJECT IDENTIFIER ::= { iso 9 }\n")});
+    EXPECT_EQ(compiled.Name("1.9"), "last");
+    ASSERT_EQ(compiled.Messages().size(), 2 * count);
+    EXPECT_THAT(compiled.Messages()[0], testing::EndsWith("its parent 'p0' is unknown"));
+    EXPECT_THAT(compiled.Messages()[1], testing::EndsWith("type 'T0' is unknown"));
+  }
+}
+
+/// Lists of several megabytes lie in blocks of their own; small ones follow them.
+TEST(Hostile, AModuleOfManyDefinitions) {
+  constexpr int kCount = 60'000;
+  std::string text;
+  for (int i = 1; i <= kCount; ++i) {
+    const std::string n = std::to_string(i);
+    text +=
+        "x" + n + " OBJECT-TYPE SYNTAX INTEGER { a" + n + "(" + n + ") } ::= { iso 9 " + n + " }\n";
+  }
+  const Compiled compiled(
+      {ModuleText("A-MIB", text),
+       ModuleText("B-MIB", "b OBJECT-TYPE SYNTAX INTEGER { c(1) } ::= { x60000 1 }")});
+  for (const std::string n : {"1", "21846", "59999", "60000"}) {
+    EXPECT_EQ(compiled.Name("1.9." + n), "x" + n);
+    EXPECT_EQ(compiled.Labels("1.9." + n), "a" + n + "(" + n + ")");
+  }
+  EXPECT_EQ(compiled.Labels("1.9.60000.1"), "c(1)");
+}
+
 }  // namespace
 }  // namespace sentrel::mib

@@ -33,10 +33,11 @@ TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
 }
 
 TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
+  if (std::string(SNMPTRAPD).ends_with("NOTFOUND")) GTEST_SKIP() << "there is no snmptrapd";
   Start();
   const std::uint16_t port = Listener().Port();
   Stop();
-  Process holder({"snmptrapd", "-f", "-Lo", "-C", "--disableAuthorization=yes",
+  Process holder({SNMPTRAPD, "-f", "-Lo", "-C", "--disableAuthorization=yes",
                   "udp:127.0.0.1:" + std::to_string(port)},
                  {"SNMPCONFPATH=" + folder_.Path().string(),
                   "SNMP_PERSISTENT_DIR=" + folder_.Path().string(), "MIBS="});

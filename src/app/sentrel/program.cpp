@@ -54,8 +54,10 @@ Program::Program(const ProgramOptions& options)
       messageBox_(window_),
       fileDialog_(window_),
       mousePointer_(window_),
+      exportMemory_(registry_),
       exportEngines_({window_, clock_, locale_, messageBox_, exportMemory_}),
-      trapExport_(table_, mousePointer_, {exportEngines_, application_, messageBox_, printers_, {}}),
+      trapExport_(table_, mousePointer_,
+                  {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
@@ -66,6 +68,13 @@ Program::Program(const ProgramOptions& options)
       savedTrap_(table_, fileDialog_, listener_, trapWriter_),
       testTrap_(listener_, clock_, locale_, [this](const TrapObject& trap) { ShowSendForm(trap); }),
       mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
+      browsers_(window_),
+      help_(application_, RegistrySupport(registry_), browsers_, messageBox_),
+      helpKey_([this](int context) { help_.ShowHelpContext(application_.HelpFile(), context); }),
+      aboutDialogs_(window_),
+      about_(application_, ProgramIdentity(), versions_, locale_, aboutDialogs_),
+      tipDialogs_(window_, RegistrySupport(registry_), clock_),
+      tips_(application_, ProgramIdentity(), RegistrySupport(registry_), tipDialogs_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }) {
   QApplication::setApplicationName("Sentrel");
@@ -84,6 +93,10 @@ Commands Program::OtherCommands() {
   commands.PreviewTraps = [this] { trapExport_.PreviewTraps(); };
   commands.SaveSelectedTrap = [this] { savedTrap_.SaveSelectedTrap(); };
   commands.SendTestTrap = [this] { testTrap_.SendTestTrap(); };
+  commands.ShowHelpContents = [this] { help_.ShowHelpContents(); };
+  commands.ShowHelpOnSentrel = [this] { help_.ShowHelpOnSentrel(); };
+  commands.ShowTipOfTheDay = [this] { tips_.ShowTipOfTheDay(kTipSet, true); };
+  commands.ShowAboutBox = [this] { about_.ShowAboutBox({kProgramIcon}, ""); };
   return commands;
 }
 
@@ -92,8 +105,12 @@ void Program::ShowSendForm(const TrapObject& trap) {
 }
 
 bool Program::Start() {
-  Main(application_, mainForm_);
-  return window_.isVisible();
+  bool shown = false;
+  Main(application_, mainForm_, [&] {
+    shown = true;
+    tips_.ShowTipOfTheDay(kTipSet, false);
+  });
+  return shown;
 }
 
 bool Program::AdoptMibs() {

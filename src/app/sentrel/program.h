@@ -20,14 +20,22 @@
 #include "desktop/event_loop.h"
 #include "desktop/export_engine.h"
 #include "desktop/export_services.h"
+#include "desktop/qt_about_dialog.h"
+#include "desktop/qt_browser.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/qt_services.h"
+#include "desktop/qt_tip_dialog.h"
 #include "documents/trap_document.h"
+#include "export/stored_export_memory.h"
 #include "export/trap_export.h"
 #include "mib/library.h"
+#include "program_file/elf_version_reader.h"
 #include "sending/test_trap.h"
 #include "settings/settings.h"
+#include "shell/about_box.h"
+#include "shell/help_benchwell.h"
+#include "shell/tip_of_the_day.h"
 #include "snmp/net_snmp_listener.h"
 #include "store/posix_log_file.h"
 #include "store/sqlite_registry.h"
@@ -88,7 +96,7 @@ class Program {
   QtFileSystem files_;
   QtPrinters printers_;
   QtMousePointer mousePointer_;
-  RunExportMemory exportMemory_;
+  StoredExportMemory exportMemory_;
   QtEngineFactory exportEngines_;
   TrapExport trapExport_;
   QtTimer resetTimer_;
@@ -103,6 +111,14 @@ class Program {
   SavedTrapCommand savedTrap_;
   TestTrap testTrap_;
   MainForm mainForm_;
+  QtBrowserFactory browsers_;
+  Help_Benchwell help_;
+  HelpKey helpKey_;
+  ElfVersionReader versions_;
+  QtAboutDialogFactory aboutDialogs_;
+  AboutBox about_;
+  QtTipDialogFactory tipDialogs_;
+  TipOfTheDay tips_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
 };

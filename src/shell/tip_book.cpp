@@ -1,0 +1,53 @@
+#include "shell/tip_book.h"
+
+#include <chrono>
+#include <utility>
+
+#include "common/text.h"
+
+namespace sentrel {
+namespace {
+
+void AddLine(Tip& tip, std::string_view line) {
+  if (tip.title.empty()) {
+    tip.title = line;
+  } else if (!line.empty() || !tip.text.empty()) {
+    if (!tip.text.empty()) tip.text += '\n';
+    tip.text += line;
+  }
+}
+
+void Finish(std::vector<Tip>& tips, Tip& tip) {
+  while (!tip.text.empty() && tip.text.back() == '\n') tip.text.pop_back();
+  if (!tip.text.empty()) tips.push_back(std::move(tip));
+  tip = Tip();
+}
+
+}  // namespace
+
+std::vector<Tip> ReadTips(std::string_view text) {
+  std::vector<Tip> tips;
+  Tip tip;
+  for (std::string_view line : Split(text, "\n")) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    if (line.starts_with('#')) continue;
+    if (line == "%") {
+      Finish(tips, tip);
+    } else {
+      AddLine(tip, line);
+    }
+  }
+  Finish(tips, tip);
+  return tips;
+}
+
+TipBook::TipBook(std::vector<Tip> tips, unsigned place)
+    : tips_(std::move(tips)), place_(place % tips_.size()) {}
+
+unsigned DayNumber(int year, int month, int day) {
+  using namespace std::chrono;
+  const sys_days date = std::chrono::year(year) / month / day;
+  return static_cast<unsigned>(date.time_since_epoch().count());
+}
+
+}  // namespace sentrel

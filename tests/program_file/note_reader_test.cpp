@@ -1,0 +1,91 @@
+#include "program_file/note_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "program_file.h"
+#include "program_file/elf_version_reader.h"
+
+namespace sentrel {
+namespace {
+
+const std::string kVersion = NoteOf(VersionNote::FixedFileInfo, BytesOf(Version1234()));
+
+TEST(NoteReader, FindsItsOwnNotesAmongOthers) {
+  const std::string other = NoteOf(VersionNote::FixedFileInfo, "id", std::string("GNU\0", 4));
+  const std::string notice = NoteOf(VersionNote::LegalNotice, "Free for all.");
+  for (const std::string& notes : {kVersion + notice, other + notice + kVersion}) {
+    const std::string file = ProgramFileOf(notes);
+    const auto record = VersionIn(file);
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->dwFileVersionMS, 0x00010002U);
+    EXPECT_EQ(record->dwFileVersionLS, 0x00030004U);
+    EXPECT_EQ(record->dwProductVersionMS, 0x00050006U);
+    EXPECT_EQ(record->dwProductVersionLS, 0x00070008U);
+    EXPECT_EQ(LegalNoticeIn(file), "Free for all.");
+  }
+  EXPECT_EQ(LegalNoticeIn(ProgramFileOf(kVersion)), "");
+}
+
+TEST(NoteReader, GivesNothingForADamagedFile) {
+  const std::string whole = ProgramFileOf(kVersion);
+  ASSERT_TRUE(VersionIn(whole));
+  for (size_t size = 0; size < whole.size(); ++size) {
+    EXPECT_FALSE(VersionIn(std::string_view(whole).substr(0, size))) << size << " bytes";
+  }
+  FixedFileInfo unsignedInfo = Version1234();
+  unsignedInfo.dwSignature = 0;
+  const std::string notes[] = {
+      "",
+      NoteOf(VersionNote::FixedFileInfo, "too short"),
+      NoteOf(VersionNote::FixedFileInfo, BytesOf(unsignedInfo)),
+      NoteOf(VersionNote::FixedFileInfo, BytesOf(Version1234()), std::string("Sentreo\0", 8)),
+  };
+  for (const std::string& note : notes) EXPECT_FALSE(VersionIn(ProgramFileOf(note)));
+}
+
+TEST(NoteReader, SurvivesEveryByteHavingAnyValue) {
+  const std::string whole = ProgramFileOf(kVersion + NoteOf(VersionNote::LegalNotice, "Free."));
+  for (size_t i = 0; i < whole.size(); ++i) {
+    for (const char value : {'\0', '\x01', '\x7F', '\x80', '\xFF'}) {
+      std::string file = whole;
+      file[i] = value;
+      VersionIn(file);
+      EXPECT_LE(LegalNoticeIn(file).size(), whole.size());
+    }
+  }
+}
+
+TEST(NoteReader, EndsANoticeAtAControlCharacter) {
+  const std::string text("One line.\r\nAnother\0", 19);
+  EXPECT_EQ(LegalNoticeIn(ProgramFileOf(NoteOf(VersionNote::LegalNotice, text))), "One line.");
+}
+
+TEST(ElfVersionReader, ReadsTheProgramAndNoOtherFile) {
+  const ElfVersionReader reader;
+  const auto record = reader.ReadVersion(SENTREL_PROGRAM);
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->dwFileVersionMS, 9U << 16 | 2U);
+  EXPECT_EQ(record->dwFileVersionLS, 47U);
+  EXPECT_EQ(record->dwProductVersionMS, record->dwFileVersionMS);
+  EXPECT_EQ(record->dwProductVersionLS, record->dwFileVersionLS);
+  EXPECT_NE(reader.ReadLegalNotice(SENTREL_PROGRAM).find("MIT License"), std::string::npos);
+
+  for (const char* file : {"/bin/sh", "/etc/passwd", "/nowhere", "/", "/dev/zero", "/dev/null"}) {
+    EXPECT_FALSE(reader.ReadVersion(file)) << file;
+    EXPECT_EQ(reader.ReadLegalNotice(file), "") << file;
+  }
+}
+
+TEST(ElfVersionReader, ReadsAnotherBuildAndItsDate) {
+  const std::string path = testing::TempDir() + "/another-build";
+  std::ofstream(path, std::ios::binary) << ProgramFileOf(kVersion);
+  const ElfVersionReader reader;
+  EXPECT_TRUE(reader.ReadVersion(path));
+  EXPECT_GE(reader.WrittenAt(path).year, 2024);
+  EXPECT_THROW(reader.WrittenAt("/nowhere"), std::exception);
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,96 @@
+#include <gmock/gmock.h>
+
+#include "fakes/fake_registry.h"
+#include "fakes/fake_shell.h"
+#include "fakes/registry_access.h"
+#include "shell/file_name_of.h"
+#include "shell/help_benchwell.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(FileNameOf, GivesTheLastComponent) {
+  struct Case {
+    const char* path;
+    bool cutExtension;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"c:/a/b.txt", false, "b.txt"},
+      {"C:x.tar.gz", true, "x.tar"},
+      {"noext", true, "noext"},
+      {".cfg", true, ""},
+      {"/usr/bin/", false, ""},
+      {"a\\b/c.D", true, "c"},
+      {"a.b/c", true, "c"},
+      {"a/b:c", false, "c"},
+      {"", true, ""},
+  };
+  for (const Case& c : cases) EXPECT_EQ(FileNameOf(c.path, c.cutExtension), c.expected) << c.path;
+}
+
+struct HelpTest : testing::Test {
+  void SetHelpDirectory(const std::string& folder) {
+    SetText(registry, RegistryRoot::HKEY_CURRENT_USER, "Software\\VarnholtNet\\Benchwell",
+            "HelpDirectory", folder);
+  }
+
+  CallLog log;
+  FakeApplication application;
+  FakeRegistry registry;
+  FakeBrowserFactory browsers{log};
+  FakeMessageBox messageBox{log};
+  Help_Benchwell help{application, RegistrySupport(registry), browsers, messageBox};
+};
+
+const std::string kContents = "default.htm?context=BenchwellDoc&topic=BenchwellPHIntroducingTools";
+const std::string kOnSentrel =
+    "default.htm?context=BenchwellDoc&topic=BenchwellPHSNMPToolsSNMPSentrel";
+
+TEST_F(HelpTest, TheCommandsOpenThePagesBelowTheProgramFolder) {
+  help.ShowHelpContents();
+  help.ShowHelpOnSentrel();
+  EXPECT_THAT(log.calls, ElementsAre("Create", "Browse file:///opt/sentrel\\Help\\" + kContents,
+                                     "Create", "Browse file:///opt/sentrel\\Help\\" + kOnSentrel));
+}
+
+TEST_F(HelpTest, AnotherFolderIsTakenAsItStands) {
+  for (const char* folder : {"D:\\Docs", "D:\\Docs\\", "/srv/my help?/%20"}) {
+    SetHelpDirectory(folder);
+    EXPECT_EQ(help.HelpTopicUrl("BenchwellDoc", "BenchwellPHIntroducingTools"),
+              std::string("file://") + folder + "\\" + kContents);
+  }
+  for (const bool unreachable : {false, true}) {
+    SetHelpDirectory("");
+    registry.unreachable = unreachable;
+    EXPECT_EQ(help.HelpTopicUrl("c", "t"),
+              "file:///opt/sentrel\\Help\\default.htm?context=c&topic=t");
+  }
+}
+
+TEST_F(HelpTest, TheHelpKeyOpensThePageBesideTheHelpFile) {
+  help.ShowHelpContext("/opt/sentrel/Help/Varnholt.chm", 9100);
+  EXPECT_EQ(log.calls.back(), "Browse file:///opt/sentrel/Help/default.htm?context=9100");
+}
+
+TEST_F(HelpTest, EachFailureGivesOneMessage) {
+  log.failing = "Create";
+  help.ShowHelpContents();
+  EXPECT_THAT(log.calls, ElementsAre("Create", "MessageBox"));
+  EXPECT_EQ(messageBox.text, "Varnholt Browser is not installed.\rVisit " +
+                                 std::string(kMakersSite) + " for a copy.");
+  EXPECT_EQ(messageBox.title, "Sentrel");
+  EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+
+  log = {{}, "Browse file:///opt/sentrel\\Help\\" + kContents};
+  help.ShowHelpContents();
+  EXPECT_THAT(log.calls, ElementsAre("Create", log.failing, "MessageBox"));
+  EXPECT_EQ(messageBox.text, "Web Page not Opened");
+  EXPECT_EQ(messageBox.title, "URL Failed");
+  EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,103 @@
+#include <gmock/gmock.h>
+
+#include "fakes/fake_registry.h"
+#include "fakes/fake_shell.h"
+#include "fakes/registry_access.h"
+#include "shell/tip_book.h"
+#include "shell/tip_of_the_day.h"
+
+namespace sentrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kCommonKey = "Software\\VarnholtNet\\Varnholt 2003\\Common";
+
+struct TipsTest : testing::Test {
+  void SetOption(const std::string& text) {
+    SetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, kCommonKey, "ToolTips", text);
+  }
+
+  CallLog log;
+  FakeApplication application;
+  FakeRegistry registry;
+  RegistrySupport support{registry};
+  FakeTipDialogFactory dialogs{log};
+  TipOfTheDay tips{application, ProgramIdentity(), support, dialogs};
+};
+
+const std::vector<std::string> kShown = {"Create", "ProgramName Sentrel", "Path /opt/sentrel",
+                                         "Show Benchwells"};
+
+TEST_F(TipsTest, ComeAtStartUnlessUnwanted) {
+  tips.ShowTipOfTheDay(kTipSet, false);
+  EXPECT_EQ(log.calls, kShown) << "the option is absent";
+  for (const char* text : {"True", "true", "1"}) {
+    log.calls.clear();
+    SetOption(text);
+    tips.ShowTipOfTheDay(kTipSet, false);
+    EXPECT_EQ(log.calls, kShown) << text;
+  }
+  for (const char* text : {"False", "0", "", "perhaps"}) {
+    log.calls.clear();
+    SetOption(text);
+    tips.ShowTipOfTheDay(kTipSet, false);
+    EXPECT_THAT(log.calls, IsEmpty()) << text;
+  }
+}
+
+TEST_F(TipsTest, TheCommandShowsThemAnyway) {
+  SetOption("False");
+  tips.ShowTipOfTheDay(kTipSet, true);
+  EXPECT_EQ(log.calls, kShown);
+}
+
+TEST_F(TipsTest, PassOverEveryStepThatFails) {
+  for (const std::string& failing : kShown) {
+    log = {{}, failing};
+    tips.ShowTipOfTheDay(kTipSet, true);
+    EXPECT_EQ(log.calls.size(), failing == "Create" ? 1U : kShown.size()) << failing;
+  }
+}
+
+TEST_F(TipsTest, TheChoiceAboutTheStartIsKept) {
+  for (const bool wanted : {false, true}) {
+    SetTipsAtStart(support, wanted);
+    EXPECT_EQ(GetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, kCommonKey, "ToolTips"),
+              wanted ? "True" : "False");
+    EXPECT_EQ(TipsAtStart(support), wanted);
+  }
+}
+
+TEST(TipBook, ReadsTitlesAndParagraphs) {
+  const auto tips = ReadTips(
+      "# a comment\r\nFirst title\r\nOne line.\r\n\r\nA paragraph.\r\n\r\n%\r\nTitle "
+      "alone\r\n%\n%\n"
+      "Second\n\nText");
+  ASSERT_EQ(tips.size(), 2U);
+  EXPECT_EQ(tips[0].title, "First title");
+  EXPECT_EQ(tips[0].text, "One line.\n\nA paragraph.");
+  EXPECT_EQ(tips[1].title, "Second");
+  EXPECT_EQ(tips[1].text, "Text");
+  for (const char* empty : {"", "%", "\n\n", "# only a comment", "a title"})
+    EXPECT_THAT(ReadTips(empty), IsEmpty()) << empty;
+}
+
+TEST(TipBook, HasNoEndInEitherDirection) {
+  TipBook book({{"a", "1"}, {"b", "2"}, {"c", "3"}}, 7);
+  EXPECT_EQ(book.Current().title, "b");
+  book.Next();
+  book.Next();
+  EXPECT_EQ(book.Current().title, "a");
+  book.Previous();
+  EXPECT_EQ(book.Current().title, "c");
+}
+
+TEST(TipBook, EveryDayHasItsOwnNumber) {
+  EXPECT_EQ(DayNumber(2026, 3, 1), DayNumber(2026, 2, 28) + 1);
+  EXPECT_EQ(DayNumber(2027, 1, 1), DayNumber(2026, 1, 1) + 365);
+}
+
+}  // namespace
+}  // namespace sentrel
