@@ -169,6 +169,7 @@ TEST_F(SettingsDialog, EachCheckBoxShowsItsControlsAndHidesThem) {
     const QSize size = dialog->size();
     for (const bool shown : {false, true, false}) {
       for (const char* control : controls) EXPECT_EQ(Find(control).isVisible(), shown) << control;
+      QApplication::processEvents();
       EXPECT_EQ(dialog->size(), size);
       Click(check);
     }
@@ -273,8 +274,11 @@ TEST_F(SettingsDialog, ItsOtherWaysOutChangeNothing) {
   for (const auto& leave : waysOut) {
     Open(kGeneral);
     Click("checkRaw");
-    QTest::keyClick(dialog.get(), Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible()) << "there is no default button";
+    for (const char* name : {"checkRaw", "cmdCancel", "cmdOK"}) {
+      Find(name).setFocus();
+      QTest::keyClick(&Find(name), Qt::Key_Return);
+      ASSERT_TRUE(dialog->isVisible()) << "there is no default button";
+    }
     Tabs().setCurrentIndex(kCommunityFilter);
     Click("checkCommunity");
     leave();
