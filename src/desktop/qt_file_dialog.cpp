@@ -40,7 +40,7 @@ QStringList NameFilters(const std::string& filter) {
 
 std::optional<std::string> QtFileDialog::ChooseSaveFile(const SaveFileRequest& request) {
   SaveFileRequest next = request;
-  while (const auto path = Ask(next, OwnerOfNextDialog(window_))) {
+  while (auto path = Ask(next, OwnerOfNextDialog(window_))) {
     if (!request.refuseReadOnly || !IsReadOnly(*path)) return path;
     TellReadOnly(*path, OwnerOfNextDialog(window_));
     next.fileName = *path;

@@ -47,7 +47,7 @@ QtSettingsForm::QtSettingsForm(Settings& settings, MessageBox& messageBox, FileD
   for (const SettingsText box : {kNewDeviceFilter, kNewCommunity})
     Find<QWidget>(box).installEventFilter(this);
   form_.Form_Load();
-  Find<QWidget>(Checked(kCheckRaw) ? kCheckRaw : kCheckDecode).setFocus();
+  Find<QWidget>(settings.Raw() ? kCheckRaw : kCheckDecode).setFocus();
 }
 
 void QtSettingsForm::ConnectChecks() {
@@ -147,6 +147,7 @@ void QtSettingsForm::SelectText(SettingsText box) {
 std::vector<std::string> QtSettingsForm::Lines(SettingsList list) const {
   const auto& widget = Find<QListWidget>(list);
   std::vector<std::string> lines;
+  lines.reserve(static_cast<std::size_t>(widget.count()));
   for (int row = 0; row < widget.count(); ++row)
     lines.push_back(widget.item(row)->text().toStdString());
   return lines;

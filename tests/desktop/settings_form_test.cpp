@@ -58,10 +58,9 @@ struct SettingsDialog : testing::Test {
     QTest::keyClicks(QApplication::focusWidget(), text);
     QTest::keyClick(QApplication::focusWidget(), end);
   }
-  std::vector<std::string> Lines(const char* list) {
-    std::vector<std::string> lines;
-    for (int row = 0; row < List(list).count(); ++row)
-      lines.push_back(List(list).item(row)->text().toStdString());
+  QStringList Lines(const char* list) {
+    QStringList lines;
+    for (int row = 0; row < List(list).count(); ++row) lines << List(list).item(row)->text();
     return lines;
   }
   bool HasFocus(const char* name) { return QApplication::focusWidget() == &Find(name); }
@@ -170,6 +169,7 @@ TEST_F(SettingsDialog, EachCheckBoxShowsItsControlsAndHidesThem) {
     const QSize size = dialog->size();
     for (const bool shown : {false, true, false}) {
       for (const char* control : controls) EXPECT_EQ(Find(control).isVisible(), shown) << control;
+      QApplication::processEvents();
       EXPECT_EQ(dialog->size(), size);
       Click(check);
     }
@@ -239,7 +239,7 @@ TEST_F(SettingsDialog, LinesAreRemovedByButtonAndByDeleteKey) {
     EXPECT_TRUE(Find(button).isEnabled()) << "a line can be selected with the keyboard";
     QTest::keyClick(&List(list), Qt::Key_Delete);
     EXPECT_EQ(Lines(list).size(), 1);
-    EXPECT_THAT(Lines(list).front(), testing::EndsWith("10.0.0.2"));
+    EXPECT_TRUE(Lines(list).front().endsWith("10.0.0.2"));
     EXPECT_FALSE(Find(button).isEnabled());
   }
 }
@@ -274,8 +274,11 @@ TEST_F(SettingsDialog, ItsOtherWaysOutChangeNothing) {
   for (const auto& leave : waysOut) {
     Open(kGeneral);
     Click("checkRaw");
-    QTest::keyClick(dialog.get(), Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible()) << "there is no default button";
+    for (const char* name : {"checkRaw", "cmdCancel", "cmdOK"}) {
+      Find(name).setFocus();
+      QTest::keyClick(&Find(name), Qt::Key_Return);
+      ASSERT_TRUE(dialog->isVisible()) << "there is no default button";
+    }
     Tabs().setCurrentIndex(kCommunityFilter);
     Click("checkCommunity");
     leave();
