@@ -2,6 +2,7 @@
 
 #include "common/failure.h"
 #include "common/text.h"
+#include "shell/file_name_of.h"
 
 namespace sentrel {
 namespace {
@@ -54,9 +55,7 @@ std::vector<std::string> SendToImages(const std::string& id) {
 }
 
 bool OpensGroup(const std::string& key) {
-  const auto separator = key.find_last_of("/\\:");
-  const std::string last =
-      UpperCase(separator == std::string::npos ? key : key.substr(separator + 1));
+  const std::string last = UpperCase(FileNameOf(key, false));
   return last == "MAILCONTENT" || last == "MYDOCUMENTS" || last == "EXCEL.EXE";
 }
 
