@@ -35,9 +35,9 @@ class Loop {
   Loop()
       : state_(std::filesystem::temp_directory_path() / "sentrel-bench-state"),
         listener_({.port = 0,
-                   .port_helper = "",
-                   .state_folder = state_,
-                   .configuration_path = state_,
+                   .portHelper = "",
+                   .stateFolder = state_,
+                   .configurationPath = state_,
                    .queue = {}},
                   observer_, [this] { Wake(); }) {
     if (listener_.StartListening() != 0) std::abort();

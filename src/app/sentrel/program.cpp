@@ -6,8 +6,8 @@
 
 #include "app/folders.h"
 #include "console/globals.h"
-#include "desktop/qt_send_form.h"
-#include "desktop/qt_settings_form.h"
+#include "desktop/forms/qt_send_form.h"
+#include "desktop/forms/qt_settings_form.h"
 
 namespace sentrel {
 namespace {
@@ -38,11 +38,11 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
   const std::filesystem::path& folder = root ? options.machineFolder : options.userFolder;
   MakeStateFolder(folder, root);
   return {.port = options.port,
-          .port_helper = application.ProgramFolder() + "/sentrel-port",
-          .state_folder = folder,
-          .configuration_path = "",
+          .portHelper = application.ProgramFolder() + "/sentrel-port",
+          .stateFolder = folder,
+          .configurationPath = "",
           .queue = {},
-          .send_port = options.sendPort};
+          .sendPort = options.sendPort};
 }
 
 }  // namespace
