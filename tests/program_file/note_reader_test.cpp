@@ -67,10 +67,10 @@ TEST(ElfVersionReader, ReadsTheProgramAndNoOtherFile) {
   const ElfVersionReader reader;
   const auto record = reader.ReadVersion(SENTREL_PROGRAM);
   ASSERT_TRUE(record);
-  EXPECT_EQ(fmt::format("{}.{}.{}.{}", record->dwFileVersionMS >> 16,
-                        record->dwFileVersionMS & 0xFFFF, record->dwFileVersionLS >> 16,
-                        record->dwFileVersionLS & 0xFFFF),
-            SENTREL_VERSION);
+  EXPECT_EQ(
+      fmt::format("{}.{}.{}.{}", record->dwFileVersionMS >> 16, record->dwFileVersionMS & 0xFFFF,
+                  record->dwFileVersionLS >> 16, record->dwFileVersionLS & 0xFFFF),
+      SENTREL_VERSION);
   EXPECT_EQ(record->dwProductVersionMS, record->dwFileVersionMS);
   EXPECT_EQ(record->dwProductVersionLS, record->dwFileVersionLS);
   EXPECT_NE(reader.ReadLegalNotice(SENTREL_PROGRAM).find("MIT License"), std::string::npos);
