@@ -76,7 +76,7 @@ grep -q setcap "$work/log" || [ -n "$(getcap "$root/usr/lib/sentrel/sentrel-port
 # An upgrade and a removal leave alone what an administrator has done; purging takes the options.
 dpkg-deb -R "$package" "$work/next"
 sed -i "s/^Version: .*/&.1/" "$work/next/DEBIAN/control"
-dpkg-deb -b "$work/next" "$work/next.deb" >/dev/null
+dpkg-deb -Znone -b "$work/next" "$work/next.deb" >/dev/null
 chmod 775 "$state"
 touch "$state/registry.db"
 mkdir "$root/usr/lib/sentrel/mibs"
