@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {
@@ -109,15 +110,6 @@ std::optional<std::string> OidText(Bytes content) {
   return std::string(text.data(), end);
 }
 
-std::string IpText(Bytes content) {
-  std::string text;
-  for (const std::uint8_t byte : content) {
-    if (!text.empty()) text += '.';
-    text += std::to_string(byte);
-  }
-  return text;
-}
-
 std::optional<std::string> ValueText(const Element& value) {
   switch (value.tag) {
     case kInteger:
@@ -131,7 +123,8 @@ std::optional<std::string> ValueText(const Element& value) {
     case kOid:
       return OidText(value.content);
     case kIpAddress:
-      return value.content.size() == 4 ? std::optional(IpText(value.content)) : std::nullopt;
+      if (value.content.size() != 4) return std::nullopt;
+      return DottedQuadText(value.content.first<4>());
     case kNull:
       return value.content.empty() ? std::optional<std::string>("") : std::nullopt;
     default:
