@@ -1,0 +1,71 @@
+// Any bytes as a layout file, and any bytes in a sound one: the file is refused, or the window is
+// laid out by it and can be laid out again.
+
+#include <QApplication>
+#include <QFile>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QToolBar>
+#include <cstdint>
+#include <cstdlib>
+
+#include "common/failure.h"
+#include "desktop/window/layout_file.h"
+#include "desktop/window/qt_main_window.h"
+
+/// Fontconfig keeps what it has read of its configuration.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() {
+  return "leak:libfontconfig";
+}
+// NOLINTEND(bugprone-reserved-identifier)
+
+namespace {
+
+void Require(bool condition) {
+  if (!condition) std::abort();
+}
+
+struct Window {
+  int argumentCount = 1;
+  char name[8] = "Sentrel";
+  char* arguments[2] = {name, nullptr};
+  QApplication application{argumentCount, arguments};
+  QTemporaryDir folder;
+  QString file = folder.filePath("Sentrel.Toolbars");
+  sentrel::Table table;
+  sentrel::ToolBars tools;
+  sentrel::StatusBar status;
+  sentrel::QtMainWindow window{table, tools, status};
+
+  bool Load() {
+    return sentrel::Attempt([this] { tools.LoadLayout(file.toStdString()); });
+  }
+  void CheckWindow() {
+    Require(window.findChild<QToolBar*>() != nullptr);
+    Require(window.screen()->virtualGeometry().intersects(window.geometry()));
+    tools.SaveLayout(file.toStdString());
+    Require(Load());
+  }
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static Window* all = [] {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return new Window;  // Qt is not taken down after main
+  }();
+  const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+  QFile file(all->file);
+  Require(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
+  file.close();
+  all->Load();
+
+  const auto cut = bytes.indexOf('|');
+  sentrel::WriteLayout(all->file, {bytes.left(cut), bytes.mid(cut + 1)});
+  Require(all->Load());
+  all->CheckWindow();
+  return 0;
+}
