@@ -121,6 +121,7 @@ class Program {
   TipOfTheDay tips_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
+  ForcedEnd forcedEnd_;
 };
 
 }  // namespace sentrel
