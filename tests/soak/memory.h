@@ -7,8 +7,10 @@
 #include <fstream>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#include <sanitizer/allocator_interface.h>
 #define SENTREL_SANITIZED_HEAP 1
+/// As the sanitizers' allocator declares it.
+extern "C" std::size_t
+__sanitizer_get_current_allocated_bytes();  // NOLINT(bugprone-reserved-identifier)
 #endif
 
 namespace sentrel {
