@@ -100,10 +100,10 @@ bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
   const Clock::time_point end = Clock::now() + budget;
   Trap trap;
   while (TakeNext(trap)) {
-    observer_.OnTrap(trap);
+    observer_.OnTrap(std::move(trap));
     if (Clock::now() >= end) break;
   }
-  return next_ < taken_.size() || !queue_.Empty();
+  return Waiting() > 0;
 }
 
 std::uint16_t NetSnmpListener::Port() const {

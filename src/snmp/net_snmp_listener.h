@@ -66,6 +66,9 @@ class NetSnmpListener final : public SNMP {
   /// calls again.
   bool Deliver(std::chrono::milliseconds budget);
 
+  /// Traps that have been received and not yet been handed to the observer.
+  std::size_t Waiting() const { return taken_.size() - next_ + queue_.Size(); }
+
   /// Whether traps that arrive now are received.
   bool Listening() const { return receiver_ != nullptr; }
   /// The port that is bound, 0 while not listening.

@@ -14,6 +14,9 @@ namespace {
 
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
+/// So many gather before they are handled that a storm does not cost a turn of the event loop for
+/// each, and so few that a frame is never late.
+constexpr std::chrono::milliseconds kDeliveryRest{5};
 
 /// The SNMP library would make the folder readable to its user alone, but the machine's options in
 /// it are for all users.
@@ -60,7 +63,7 @@ Program::Program(const ProgramOptions& options)
                   {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
-      newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
+      newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
       toggles_(settings_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),

@@ -288,7 +288,7 @@ void TableView::MoveCursorTo(int row, bool extend) {
     table_.SetRow(row);
   }
   scroller_.MakeVisible(row);
-  pacer_.Request();
+  RunFrame();
 }
 
 void TableView::contextMenuEvent(QContextMenuEvent* event) {
@@ -327,7 +327,7 @@ void TableView::DragTo(int y) {
   const int row = RowAt(std::clamp(y, 0, viewport()->height() - 1));
   if (row < 1) return;
   table_.SetRowSel(row);
-  pacer_.Request();
+  RunFrame();
 }
 
 }  // namespace sentrel

@@ -58,6 +58,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void SyncPlaces();
   void SyncColumns();
   void SyncScrollBars();
+  /// Has the view painted in the next turn of the event loop. What the user does asks for it
+  /// itself, since the pacer takes its time in a storm.
   void RunFrame();
   void PaintRow(QPainter& painter, int row, int top);
   void PaintCell(QPainter& painter, const QRect& cell, const QStringList& lines,
