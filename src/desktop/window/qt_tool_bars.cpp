@@ -18,12 +18,6 @@ QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The window has no docks, and the toolkit takes all that a file says of docks at its word.
-bool TellsOfNoDocks(const QByteArray& bands) {
-  static const QByteArray start = QByteArray::fromHex("000000ff00000000fd00000000");
-  return bands.startsWith(start);
-}
-
 /// A window that cannot be seen could not be moved back either.
 void BringIntoView(QWidget& window) {
   const QRect room = window.screen()->availableGeometry();
@@ -115,7 +109,7 @@ void QtToolBars::SaveLayout(const std::string& path) {
 
 void QtToolBars::LoadLayout(const std::string& path) {
   const WindowLayout layout = ReadLayout(QString::fromStdString(path));
-  if (TellsOfNoDocks(layout.bands)) window_.restoreState(layout.bands);
+  window_.restoreState(layout.bands);
   if (window_.restoreGeometry(layout.window)) loadedGeometry_ = layout.window;
   BringIntoView(window_);
 }
