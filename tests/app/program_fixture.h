@@ -29,20 +29,19 @@ struct ProgramFixture : testing::Test {
   void AwaitRows(int rows) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
   }
-  /// Chooses a tool and answers the dialogs that it opens, one after another.
-  void Choose(const char* tool, const std::vector<std::function<void(QWidget&)>>& answers) {
+  /// Chooses a tool and answers the dialog that it opens.
+  void Choose(const char* tool, const std::function<void(QWidget&)>& answer) {
     QTimer user;
-    std::size_t next = 0;
     QObject::connect(&user, &QTimer::timeout, [&] {
       QWidget* dialog = QApplication::activeModalWidget();
-      if (dialog == nullptr || !dialog->isVisible() || next == answers.size()) return;
-      // Its answer may open the next one before this call returns.
-      const std::size_t own = next++;
-      QTimer::singleShot(0, dialog, [&answers, own, dialog] { answers[own](*dialog); });
+      if (dialog == nullptr || !dialog->isVisible()) return;
+      user.stop();
+      answer(*dialog);
+      if (dialog->isVisible()) dialog->close();
     });
     user.start(0);
     Tool(tool).trigger();
-    EXPECT_EQ(next, answers.size()) << "dialogs came";
+    EXPECT_FALSE(user.isActive()) << "no dialog came";
   }
 
   QTemporaryDir state;

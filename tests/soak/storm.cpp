@@ -8,14 +8,12 @@
 #include <cerrno>
 #include <stdexcept>
 
-#include "snmp/trap_message.h"
+#include "fakes/notification.h"
 
 namespace sentrel {
 namespace {
 
 constexpr std::uint64_t kMostOnTheirWay = 100;
-constexpr char kTrapTag = '\xA7';
-constexpr char kInformTag = '\xA6';
 constexpr const char* kUptime = "1.3.6.1.2.1.1.3.0";
 constexpr const char* kTrapOid = "1.3.6.1.6.3.1.1.4.1.0";
 constexpr std::size_t kLargestText = 65'507 - 120;
@@ -123,10 +121,7 @@ std::string Storm::Notification(bool inform) {
   }
   const std::string& community = AnyOf(kCommunities);
   std::string message = Bytes(TrapMessage(community, oids, values, types));
-  // Version and community stand before the PDU.
-  if (inform)
-    message[message.find(kTrapTag, message.find(community) + community.size())] = kInformTag;
-  return message;
+  return inform ? AsInform(std::move(message), community) : message;
 }
 
 std::string Storm::Large() {

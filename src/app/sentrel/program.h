@@ -75,6 +75,7 @@ class Program {
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
+  PlainMessages plainMessages_;
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
