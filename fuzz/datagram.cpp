@@ -1,5 +1,6 @@
-// From a datagram to a trap: whatever arrives, the parser survives, what it hands on is whole, and
-// a plain trap reads as the SNMP library reads it.
+// From a datagram to the texts and the record of its row: whatever arrives, the parser survives,
+// what it hands on is whole, the record keeps all of it, and a plain trap reads as the SNMP library
+// reads it.
 
 #include <cstdint>
 #include <cstdlib>
@@ -7,7 +8,12 @@
 #include <fstream>
 #include <string>
 
+#include "console/row_record.h"
+#include "console/trap_texts.h"
+#include "fakes/fake_registry.h"
+#include "mib/library.h"
 #include "snmp/notification_parser.h"
+#include "snmp/plain_trap.h"
 #include "snmp/snmp_library.h"
 
 namespace {
@@ -20,11 +26,15 @@ constexpr char kUsers[] =
     "createUser -e 0x8000000001020304 sha SHA auth-pass-phrase\n"
     "createUser -e 0x8000000001020304 aes SHA-256 auth-pass-phrase AES priv-pass-phrase\n";
 
+void Require(bool condition) {
+  if (!condition) std::abort();
+}
+
 class Folder {
  public:
   Folder() {
     std::string name = fs::temp_directory_path() / "sentrel-fuzz-XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) std::abort();
+    Require(mkdtemp(name.data()) != nullptr);
     path_ = name;
     std::ofstream(fs::path(path_) / "sentrel.conf") << kUsers;
   }
@@ -40,19 +50,42 @@ class Folder {
   std::string path_;
 };
 
-bool TakeWhole(const sentrel::Trap& trap) {
-  const std::size_t bindings = trap.OIDs.size();
-  if (trap.DataTypes.size() != bindings || trap.Values.size() != bindings) std::abort();
-  for (const std::string& id : trap.OIDs) {
-    if (id.find_first_not_of("0123456789.") != std::string::npos) std::abort();
+/// Makes rows of traps, with names from the built-in modules.
+class Rows {
+ public:
+  bool Take(const sentrel::Trap& trap) {
+    const std::size_t bindings = trap.OIDs.size();
+    Require(trap.DataTypes.size() == bindings && trap.Values.size() == bindings);
+    for (const std::string& id : trap.OIDs) {
+      Require(id.find_first_not_of("0123456789.") == std::string::npos);
+    }
+    for (const bool raw : {false, true}) {
+      Require(DescribeTrap(trap, raw, lookup_).DetailText.starts_with(trap.SourceAddress));
+    }
+    decoder_.CheckCacheSize();
+    Require(sentrel::ReadRowRecord(sentrel::RowRecord(trap)) == trap);
+    return true;
   }
-  return true;
-}
+
+ private:
+  sentrel::FakeRegistry registry_;
+  sentrel::Settings settings_{registry_};
+  sentrel::mib::Library mibs_{{.builtInImage = BUILT_IN_MODULES, .folders = {}, .cacheFile = {}},
+                              [] {}};
+  sentrel::Decoder decoder_{mibs_, settings_};
+  sentrel::OidLookup lookup_{decoder_};
+};
 
 struct Parser {
+  Rows rows;
+  sentrel::Trap last;
   Folder folder;
   sentrel::SnmpLibrary library{folder.Path(), folder.Path()};
-  sentrel::NotificationParser parser{TakeWhole, [](const auto&, auto) { return true; }};
+  sentrel::NotificationParser parser{[this](const sentrel::Trap& trap) {
+                                       last = trap;
+                                       return rows.Take(trap);
+                                     },
+                                     [](const auto&, auto) { return true; }};
 };
 
 }  // namespace
@@ -62,6 +95,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   sentrel::Datagram datagram{.bytes = {data, size}, .peer = {}};
   datagram.peer.remote.v4.sin_family = AF_INET;
   datagram.peer.remoteLength = sizeof(sockaddr_in);
+  if (const auto plain = sentrel::ReadPlainTrap(datagram)) {
+    Require(all.parser.ParseByLibrary(datagram) == sentrel::Outcome::kAccepted);
+    Require(all.last == *plain);
+  }
   all.parser.Parse(datagram);
   return 0;
 }

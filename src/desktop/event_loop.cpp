@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace sentrel {
 namespace {
@@ -16,6 +18,19 @@ volatile sig_atomic_t signalPipe = -1;
 void OnSignal(int) {
   const char byte = 0;
   [[maybe_unused]] const auto written = write(signalPipe, &byte, 1);
+}
+
+/// Never destroyed: it is looked at when the process ends.
+std::function<void()>& JobOfForcedEnd() {
+  static auto* const job = new std::function<void()>;
+  return *job;
+}
+
+void OnExit() {
+  const std::function<void()> job = std::exchange(JobOfForcedEnd(), nullptr);
+  if (!job) return;
+  job();
+  std::_Exit(EXIT_FAILURE);
 }
 
 }  // namespace
@@ -64,6 +79,15 @@ EndRequest::~EndRequest() {
   notifier_.reset();
   close(pipe_[0]);
   close(pipe_[1]);
+}
+
+ForcedEnd::ForcedEnd(std::function<void()> job) {
+  JobOfForcedEnd() = std::move(job);
+  [[maybe_unused]] static const int registered = std::atexit(OnExit);
+}
+
+ForcedEnd::~ForcedEnd() {
+  JobOfForcedEnd() = nullptr;
 }
 
 }  // namespace sentrel

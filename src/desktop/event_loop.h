@@ -51,4 +51,15 @@ class EndRequest {
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 
+/// Runs a job when the toolkit ends the process under the program's feet, as it does when the
+/// display is gone. Nothing else is taken down then, because threads are still at work: the process
+/// ends with EXIT_FAILURE as soon as the job is done. One at a time.
+class ForcedEnd {
+ public:
+  explicit ForcedEnd(std::function<void()> job);
+  ~ForcedEnd();
+  ForcedEnd(const ForcedEnd&) = delete;
+  ForcedEnd& operator=(const ForcedEnd&) = delete;
+};
+
 }  // namespace sentrel

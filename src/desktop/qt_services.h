@@ -66,6 +66,14 @@ class QtMessageBox : public MessageBox {
 
 /// Beginning a new interval is cheap: the toolkit's timer is left to run, and started again only
 /// when it expires too early.
+/// Shows the text of every message box as it stands, also of the toolkit's own, for as long as this
+/// lives: the name of a file in it may look like markup.
+class PlainMessages : public QObject {
+ public:
+  PlainMessages();
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
 class QtTimer : public Timer {
  public:
   void Setup(std::chrono::milliseconds interval, std::function<void()> onExpiry) override;

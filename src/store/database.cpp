@@ -1,6 +1,7 @@
 #include "store/database.h"
 
 #include <thread>
+#include <utility>
 
 namespace sentrel {
 namespace {
@@ -14,8 +15,18 @@ int WaitForLock(void* patience, int) {
 
 }  // namespace
 
+void Patience::Renew() {
+  const Time now = std::chrono::steady_clock::now();
+  waits_ = !gaveUp_ || now - *gaveUp_ >= rest_;
+  end_ = waits_ ? now + length_ : now;
+}
+
 bool Patience::WaitALittle() const {
-  if (std::chrono::steady_clock::now() >= end_) return false;
+  const Time now = std::chrono::steady_clock::now();
+  if (now >= end_) {
+    if (std::exchange(waits_, false)) gaveUp_ = now;
+    return false;
+  }
   std::this_thread::sleep_for(std::chrono::milliseconds(1));
   return true;
 }

@@ -16,15 +16,26 @@ namespace sentrel {
 /// Over until it is renewed.
 class Patience {
  public:
-  explicit Patience(std::chrono::milliseconds length) : length_(length) {}
+  /// Once an undertaking has waited in vain, those that begin within the rest do not wait at all:
+  /// who holds a lock for so long is likely to go on, and the user is not to wait again and again.
+  explicit Patience(std::chrono::milliseconds length,
+                    std::chrono::milliseconds rest = std::chrono::seconds(5))
+      : length_(length), rest_(rest) {}
 
-  void Renew() { end_ = std::chrono::steady_clock::now() + length_; }
+  void Renew();
   /// Returns false at once when it is over.
   bool WaitALittle() const;
 
  private:
+  using Time = std::chrono::steady_clock::time_point;
+
   std::chrono::milliseconds length_;
-  std::chrono::steady_clock::time_point end_;
+  std::chrono::milliseconds rest_;
+  Time end_;
+  /// Whether the undertaking has any patience, and has not come to its end yet.
+  mutable bool waits_ = false;
+  /// When an undertaking last waited in vain.
+  mutable std::optional<Time> gaveUp_;
 };
 
 /// An SQLite call that did not succeed.

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -12,6 +13,15 @@
 
 namespace sentrel {
 namespace {
+
+/// Takes what was written of an entry off the file again, so that the next one begins a line.
+void TakeBack(int file, ssize_t written) {
+  const off_t end = lseek(file, 0, SEEK_CUR);
+  struct stat status {};
+  const bool last = fstat(file, &status) == 0 && status.st_size == end;
+  // Where it cannot be done, half an entry stays.
+  if (last) [[maybe_unused]] const int result = ftruncate(file, end - written);
+}
 
 [[noreturn]] void Fail(const std::string& path, int error) {
   throw Failure(fmt::format("{}: {}", path, std::generic_category().message(error)));
@@ -27,6 +37,7 @@ void PosixLogFile::Append(const std::string& path, std::string_view entry) {
   const WriteSignalsHeld held;
   const ssize_t written = write(file, entry.data(), entry.size());
   const int error = written < 0 ? errno : ENOSPC;
+  if (written > 0 && written < static_cast<ssize_t>(entry.size())) TakeBack(file, written);
   close(file);
   if (written != static_cast<ssize_t>(entry.size())) Fail(path, error);
 }

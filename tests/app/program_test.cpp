@@ -1,7 +1,3 @@
-#include "app/program.h"
-
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
@@ -9,21 +5,15 @@
 #include <QLabel>
 #include <QProcess>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+#include "program_fixture.h"
 
 namespace sentrel {
 namespace {
 
-/// The program as a user has it, but for its port and its state folder.
-struct ProgramTest : testing::Test {
-  ProgramTest() {
-    EXPECT_TRUE(program.Start());
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&program.Window()));
-  }
-  std::string Peer() const { return "127.0.0.1:" + std::to_string(program.Listener().Port()); }
-
+struct ProgramTest : ProgramFixture {
   /// Runs one of the field's own senders to its end, the program's events being handled meanwhile.
   int Send(const char* sender, const QStringList& version, const QStringList& rest) {
     QProcess process;
@@ -33,20 +23,12 @@ struct ProgramTest : testing::Test {
     EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
     return process.exitCode();
   }
-  void AwaitRows(int rows) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
-  }
   /// A cell as a screen reader is told it.
   QString Cell(int row, int col) {
     auto* view = program.Window().findChild<QWidget*>("Table");
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(view);
     return table->tableInterface()->cellAt(row, col)->text(QAccessible::Name);
   }
-
-  QTemporaryDir state;
-  Program program{{.port = 0,
-                   .machineFolder = state.filePath("machine").toStdString(),
-                   .userFolder = state.filePath("user").toStdString()}};
 };
 
 const QStringList kV2 = {"-v2c", "-cpublic"};

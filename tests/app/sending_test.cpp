@@ -1,49 +1,19 @@
-#include <gtest/gtest.h>
-
 #include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QFile>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-#include <functional>
 
-#include "app/program.h"
-#include "fakes/free_port.h"
+#include "program_fixture.h"
 #include "snmp/sender.h"
 
 namespace sentrel {
 namespace {
 
-/// The program as a user has it, but that it listens and sends on a port of its own.
-struct SendingTest : testing::Test {
-  SendingTest() {
-    EXPECT_TRUE(program.Start());
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&program.Window()));
-  }
-  /// Chooses a tool and answers the dialog that it opens.
-  void Choose(const char* tool, const std::function<void(QWidget&)>& answer) {
-    QTimer user;
-    QObject::connect(&user, &QTimer::timeout, [&] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      if (dialog == nullptr || !dialog->isVisible()) return;
-      user.stop();
-      answer(*dialog);
-      if (dialog->isVisible()) dialog->close();
-    });
-    user.start(0);
-    program.Window().findChild<QAction*>(tool)->trigger();
-    EXPECT_FALSE(user.isActive()) << "no dialog came";
-  }
-  void AwaitRows(int rows) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
-  }
+struct SendingTest : ProgramFixture {
   void SendTestTrapTo(const char* host) {
     Choose("Edit:SendTestTrap", [&](QWidget& dialog) {
       auto* target = dialog.findChild<QComboBox*>("Target");
@@ -73,13 +43,6 @@ struct SendingTest : testing::Test {
                       Qt::LeftButton, {}, QPoint(20, 40));
     ASSERT_EQ(program.Traps().Row(), 1);
   }
-
-  QTemporaryDir state;
-  std::uint16_t port = FreePort();
-  Program program{{.port = port,
-                   .sendPort = port,
-                   .machineFolder = state.filePath("machine").toStdString(),
-                   .userFolder = state.filePath("user").toStdString()}};
 };
 
 TEST_F(SendingTest, TheTestTrapComesBackAsARow) {

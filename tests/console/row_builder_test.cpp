@@ -98,6 +98,27 @@ TEST_F(RowBuilderTest, HoldsTheNewestTraps) {
   EXPECT_EQ(Details(1), "1.2 = 1000");
 }
 
+TEST_F(RowBuilderTest, AClockThatJumpsChangesTheTimesAndNotTheOrder) {
+  const LocalTime times[] = {{2026, 12, 5, 15, 0, 0},
+                             {1970, 1, 1, 0, 0, 0},
+                             {9999, 12, 31, 23, 59, 59},
+                             {2026, 12, 5, 14, 59, 59}};
+  std::string name = "traps.log";
+  settings.SetLogFilename(name);
+  settings.SetLoggingEnabled(true);
+  for (const LocalTime& time : times) {
+    clock.now = time;
+    AddTraps(1);
+  }
+  ASSERT_EQ(table.Rows(), 5);
+  EXPECT_THAT(table.Cell(1, 0), testing::HasSubstr("2:59"));
+  EXPECT_THAT(table.Cell(2, 0), testing::HasSubstr("9999"));
+  EXPECT_THAT(table.Cell(3, 0), testing::HasSubstr("1970"));
+  const std::string& entries = logFile.contents["traps.log"];
+  EXPECT_LT(entries.find("15:00:00"), entries.find("00:00:00"));
+  EXPECT_LT(entries.find("23:59:59"), entries.find("14:59:59"));
+}
+
 TEST_F(RowBuilderTest, TheSelectionStaysOnItsTraps) {
   AddTraps(8);
   for (const auto& [row, rowSel] : {std::pair{3, 5}, {5, 3}}) {

@@ -43,5 +43,15 @@ TEST(CellLines, ALineOfAnyLengthTakesAFewLines) {
   EXPECT_TRUE(lines.back().endsWith(u'…'));
 }
 
+TEST(CellLines, ACellOfAnyNumberOfLinesShowsTheFirstOfThem) {
+  std::string text;
+  for (int i = 0; i < 5000; ++i) text += std::to_string(i) + "\r\n";
+  const auto lines = CellLines(text, QFont(), 300);
+  ASSERT_EQ(lines.size(), kMostLines);
+  EXPECT_EQ(lines[kMostLines - 2], QString::number(kMostLines - 2));
+  EXPECT_EQ(lines.back(), "…");
+  EXPECT_EQ(CellLines(std::string(kMostLines - 1, '\n'), QFont(), 300).back(), "");
+}
+
 }  // namespace
 }  // namespace sentrel

@@ -64,6 +64,18 @@ TEST_F(RowScrollerTest, NeverLeavesTheRows) {
   EXPECT_EQ(scroller.RowAt(10), 0);
 }
 
+TEST_F(RowScrollerTest, AViewWithoutHeightStandsOnARow) {
+  SetRows({30, 30, 30});
+  for (const int height : {0, -5}) {
+    scroller.SetExtent(3, height);
+    scroller.ScrollBy(1000);
+    EXPECT_EQ(scroller.TopRow(), 3);
+    EXPECT_EQ(scroller.Value(), scroller.Maximum());
+    scroller.MakeVisible(1);
+    EXPECT_EQ(scroller.BottomRow(), 1);
+  }
+}
+
 TEST_F(RowScrollerTest, SurvivesTheLossOfTheRowsItStandsOn) {
   SetRows({60, 60, 60});
   scroller.ScrollBy(1000);

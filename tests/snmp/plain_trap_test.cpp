@@ -49,11 +49,7 @@ class PlainTrapTest : public testing::Test {
   void ExpectSame(const Trap& plain, const std::string& message) {
     const auto read = ByLibrary(message);
     ASSERT_TRUE(read) << "the library refuses what was read as plain";
-    EXPECT_EQ(plain.SourceAddress, read->SourceAddress);
-    EXPECT_EQ(plain.Community, read->Community);
-    EXPECT_EQ(plain.OIDs, read->OIDs);
-    EXPECT_EQ(plain.DataTypes, read->DataTypes);
-    EXPECT_EQ(plain.Values, read->Values);
+    EXPECT_TRUE(plain == *read) << testing::PrintToString(message);
   }
 
   SnmpLibrary library_{"", "/nonexistent"};

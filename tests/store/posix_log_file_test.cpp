@@ -86,11 +86,13 @@ TEST_F(PosixLogFileTest, AFullPipeRefusesAndAReaderThatLeavesEndsNothing) {
 TEST_F(PosixLogFileTest, AFileAtTheSizeLimitLosesTheEntryNotTheProcess) {
   const pid_t child = fork();
   if (child == 0) {
-    const rlimit limit{10, 10};
+    const rlimit limit{10, 20};
     setrlimit(RLIMIT_FSIZE, &limit);
     const bool within = Append(path_, "12345678\r\n");
     const bool beyond = Append(path_, "beyond\r\n");
-    _exit(within && !beyond ? 0 : 1);
+    const rlimit more{15, 20};
+    const bool partly = setrlimit(RLIMIT_FSIZE, &more) == 0 && Append(path_, "beyond\r\n");
+    _exit(within && !beyond && !partly ? 0 : 1);
   }
   int status = 0;
   waitpid(child, &status, 0);

@@ -161,6 +161,23 @@ TEST_F(SqliteRegistryTest, ABatchOfReadsOnABusyFileWaitsOnceOnly) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
 }
 
+TEST_F(SqliteRegistryTest, AFileThatStaysBusyIsWaitedForOnceInAWhile) {
+  Set("x", "old");
+  fs::create_directories(folder_.User().parent_path());
+  fs::copy_file(folder_.Machine(), folder_.User());
+  const Patience none{std::chrono::milliseconds(0)};
+  Database machine(folder_.Machine(), none);
+  Database user(folder_.User(), none);
+  for (Database* other : {&machine, &user}) other->Execute("BEGIN EXCLUSIVE");
+  auto registry = folder_.Registry();
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 20; ++i) EXPECT_FALSE(SetText(registry, kMachine, "a", "x", "new"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+  for (Database* other : {&machine, &user}) other->Execute("ROLLBACK");
+  EXPECT_TRUE(SetText(registry, kMachine, "a", "x", "at once"));
+  EXPECT_EQ(GetText(registry, kMachine, "a", "x"), "at once");
+}
+
 TEST_F(SqliteRegistryTest, ABatchOfReadsTakesNoWrites) {
   Set("x", "old");
   auto reader = folder_.Registry();

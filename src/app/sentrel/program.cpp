@@ -85,7 +85,8 @@ Program::Program(const ProgramOptions& options)
       tipDialogs_(window_, RegistrySupport(registry_), clock_),
       tips_(application_, ThisProgram(), RegistrySupport(registry_), tipDialogs_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
-      endRequest_([this] { window_.Unload(); }) {
+      endRequest_([this] { window_.Unload(); }),
+      forcedEnd_([this] { listener_.CloseListener(); }) {
   QApplication::setApplicationName("Sentrel");
   window_.SetEvents(mainForm_);
   table_.SetEvents(&tableCommands_);

@@ -75,6 +75,7 @@ class Program {
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
+  PlainMessages plainMessages_;
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
@@ -121,6 +122,7 @@ class Program {
   TipOfTheDay tips_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;
+  ForcedEnd forcedEnd_;
 };
 
 }  // namespace sentrel

@@ -21,8 +21,12 @@ std::optional<std::string> Ask(const SaveFileRequest& request, QWidget* owner) {
 }
 
 void TellReadOnly(const std::string& path, QWidget* owner) {
-  const QString name = QString::fromStdString(path);
-  QMessageBox::warning(owner, "Sentrel", name + " is read-only.\nPlease choose another file name.");
+  QMessageBox box(
+      QMessageBox::Warning, "Sentrel",
+      QString::fromStdString(path) + " is read-only.\nPlease choose another file name.",
+      QMessageBox::Ok, owner);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ QLabel* Above(QtAutoCombo* box, const char* name, const QString& caption) {
 
 QLabel* MessagePanel(QWidget* parent) {
   auto* panel = Named("Message", new QLabel(parent));
+  panel->setTextFormat(Qt::PlainText);
   panel->setAlignment(Qt::AlignCenter);
   panel->setAutoFillBackground(true);
   QFont font = panel->font();

@@ -45,7 +45,7 @@ class TipWindow : public QDialog {
     title_->setObjectName("Title");
     text_->setWordWrap(true);
     text_->setObjectName("Text");
-    text_->setTextFormat(Qt::PlainText);
+    for (QLabel* label : {title_, text_}) label->setTextFormat(Qt::PlainText);
     text_->setAlignment(Qt::AlignTop);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text_->setMinimumSize(kTextWidth, kTextLines * fontMetrics().lineSpacing());

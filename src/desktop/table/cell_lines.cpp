@@ -58,13 +58,18 @@ QStringList CellLines(const std::string& text, const QFont& font, int width) {
   QString whole = QString::fromStdString(text);
   whole.replace("\r\n", "\n").replace('\r', '\n');
   QStringList lines;
-  for (QStringView part : QStringView(whole).split(u'\n')) {
+  for (QStringView part : QStringView(whole).tokenize(u'\n')) {
     QString line = part.left(visible).toString();
     std::transform(line.begin(), line.end(), line.begin(), Harmless);
     if (metrics.horizontalAdvance(line) <= room) {
       lines << line;
     } else {
       lines << Wrapped(line, font, metrics, room);
+    }
+    if (lines.size() > kMostLines) {
+      lines.resize(kMostLines);
+      lines.back() = u'…';
+      break;
     }
   }
   return lines;

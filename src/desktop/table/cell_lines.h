@@ -9,6 +9,10 @@ namespace sentrel {
 /// A line of a cell takes at most this many lines on the screen; an ellipsis stands for the rest.
 inline constexpr int kMostWrappedLines = 8;
 
+/// A cell has at most this many lines on the screen, however many its text has; an ellipsis stands
+/// for the rest.
+inline constexpr int kMostLines = 1000;
+
 /// The lines to paint for the text of a cell, each at most `width` pixels wide. Characters that
 /// would disturb the picture (control characters, directional overrides) are made visible instead
 /// of obeyed.

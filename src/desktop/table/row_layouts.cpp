@@ -48,8 +48,10 @@ RowLayout RowLayouts::MakeLayout(int row) const {
     layout.cells.push_back(CellLines(table_.Cell(row, col), font_, room));
     mostLines = std::max(mostLines, layout.cells.back().size());
   }
-  const int needed = static_cast<int>(mostLines) * LinePitch() + 2 * kMarginY;
-  layout.height = std::max(needed, table_.RowHeight(row));
+  const auto heightOf = [this](qsizetype lines) {
+    return static_cast<int>(lines) * LinePitch() + 2 * kMarginY;
+  };
+  layout.height = std::clamp(table_.RowHeight(row), heightOf(mostLines), heightOf(kMostLines));
   return layout;
 }
 

@@ -41,7 +41,7 @@ void RowScroller::MakeVisible(int row) {
 
 void RowScroller::SetExtent(int lastRow, int viewHeight) {
   lastRow_ = lastRow;
-  viewHeight_ = viewHeight;
+  viewHeight_ = std::max(viewHeight, 1);
   Clamp();
 }
 

@@ -30,7 +30,7 @@ class RowScroller {
   /// Moves as little as shows the row whole, or its top where it is taller than the view.
   void MakeVisible(int row);
   /// Takes the size of things into account: number of the last row (0 for none), height of the
-  /// view.
+  /// view. A view without height counts as one of a single pixel.
   void SetExtent(int lastRow, int viewHeight);
 
   /// The row at a height of the view; the nearest one above or below the rows. 0 without rows.
@@ -57,7 +57,7 @@ class RowScroller {
   int top_ = 1;
   int above_ = 0;
   int lastRow_ = 0;
-  int viewHeight_ = 0;
+  int viewHeight_ = 1;
 };
 
 }  // namespace sentrel

@@ -182,6 +182,7 @@ void TableView::PaintRow(QPainter& painter, int row, int top) {
                      layout.height);
     PaintCell(painter, cell, layout.cells[static_cast<size_t>(col)], table_.ColAlignment(col));
   }
+  painter.setClipping(false);
   painter.setPen(QColor::fromRgb(table_.RuleColor()));
   painter.drawLine(0, top + layout.height - 1, width, top + layout.height - 1);
 }
@@ -194,6 +195,8 @@ void TableView::PaintCell(QPainter& painter, const QRect& cell, const QStringLis
   const QRect room = cell.adjusted(RowLayouts::kMarginX, 0, -RowLayouts::kMarginX, 0);
   const int textHeight = static_cast<int>(lines.size()) * pitch;
   int top = cell.top() + (cell.height() - textHeight) / 2;
+  // Marks that pile up on a letter would reach other rows.
+  painter.setClipRect(cell);
   for (const QString& line : lines) {
     if (top > viewport()->height()) break;
     if (top + pitch >= 0) {

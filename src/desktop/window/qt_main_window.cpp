@@ -34,6 +34,7 @@ QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
   inner_->installEventFilter(this);
   statusBar()->setObjectName("StatusBar");
   auto* statusText = new QLabel;
+  statusText->setTextFormat(Qt::PlainText);
   statusText->setContentsMargins(kStatusMargin, 0, 0, 0);
   statusBar()->addWidget(statusText, 1);
   status_.SetObserver([this] { ShowStatus(); });

@@ -2,6 +2,7 @@
 
 #include <QCursor>
 #include <QMenuBar>
+#include <QScreen>
 #include <QToolButton>
 
 #include "common/failure.h"
@@ -15,6 +16,14 @@ constexpr QSize kToolbarIconSize{16, 16};
 
 QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// A window that cannot be seen could not be moved back either.
+void BringIntoView(QWidget& window) {
+  const QRect room = window.screen()->availableGeometry();
+  if (room.intersects(window.geometry())) return;
+  const QSize size = window.size().expandedTo(window.minimumSizeHint()).boundedTo(room.size());
+  window.setGeometry(QRect(room.topLeft(), size));
 }
 
 }  // namespace
@@ -102,6 +111,7 @@ void QtToolBars::LoadLayout(const std::string& path) {
   const WindowLayout layout = ReadLayout(QString::fromStdString(path));
   window_.restoreState(layout.bands);
   if (window_.restoreGeometry(layout.window)) loadedGeometry_ = layout.window;
+  BringIntoView(window_);
 }
 
 void QtToolBars::SetHintTime(std::chrono::milliseconds time) {

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <QFile>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+
+#include "app/program.h"
+#include "fakes/free_port.h"
+#include "snmp/sender.h"
+
+namespace sentrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The program with all that it keeps on a disk of half a megabyte. Run by full_disk_test.sh.
+struct DISABLED_SmallDisk : testing::Test {
+  DISABLED_SmallDisk() {
+    EXPECT_TRUE(program.Start());
+    std::string name = log;
+    program.Options().SetLogFilename(name);
+    program.Options().SetLoggingEnabled(true);
+  }
+  static std::string Contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  void SendTrap() {
+    ++sent;
+    Sender(port).SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"},
+                          {"<" + std::string(1000, 'x') + ">"}, {4});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == 1 + sent; }, 10'000));
+  }
+  /// Every entry in the log is whole. Returns their number.
+  int Entries() const {
+    const std::string text = Contents(log);
+    const std::string entry = "<" + std::string(1000, 'x') + ">\r\n\r\n";
+    int entries = 0;
+    for (auto at = text.find('<'); at != std::string::npos; at = text.find('<', at + 1)) {
+      EXPECT_EQ(text.compare(at, entry.size(), entry), 0);
+      ++entries;
+    }
+    EXPECT_TRUE(text.empty() || text.ends_with(entry));
+    return entries;
+  }
+  void FillDisk() const {
+    std::ofstream filler(disk / "filler");
+    while (filler << std::string(512, '.') << std::flush) {
+    }
+  }
+
+  const fs::path disk = std::getenv("SMALL_DISK");
+  const fs::path log = disk / "traps.log";
+  const std::uint16_t port = FreePort();
+  Program program{{.port = port,
+                   .sendPort = port,
+                   .machineFolder = disk / "machine",
+                   .userFolder = disk / "user"}};
+  int sent = 0;
+};
+
+TEST_F(DISABLED_SmallDisk, FullItCostsEntriesAndOptionsButNothingThatWasThere) {
+  program.Options().SetOIDCacheSize(77);
+  for (int i = 0; i < 10; ++i) SendTrap();
+  EXPECT_EQ(Entries(), 10);
+  FillDisk();
+  for (int i = 0; i < 20; ++i) SendTrap();
+  const int kept = Entries();
+  EXPECT_LT(kept, 30);
+  program.Options().SetOIDCacheSize(88);
+  EXPECT_EQ(program.Options().OIDCacheSize(), 88) << "for this run";
+  const SystemClock clock;
+  SqliteRegistry store(disk / "machine" / kRegistryFile, disk / "user" / kRegistryFile, clock);
+  EXPECT_EQ(Settings(store).OIDCacheSize(), 77);
+
+  fs::remove(disk / "filler");
+  for (int i = 0; i < 10; ++i) SendTrap();
+  EXPECT_EQ(Entries(), kept + 10);
+  program.Options().SetOIDCacheSize(99);
+  EXPECT_EQ(Settings(store).OIDCacheSize(), 99);
+}
+
+TEST_F(DISABLED_SmallDisk, TakenAwayItIsLoggedToAgainOnceItIsBack) {
+  SendTrap();
+  ASSERT_EQ(umount2(disk.c_str(), MNT_DETACH), 0);
+  fs::remove(log);
+  fs::permissions(disk, fs::perms(0500));
+  for (int i = 0; i < 5; ++i) SendTrap();
+  ASSERT_EQ(mount("none", disk.c_str(), "tmpfs", 0, "size=512k"), 0);
+  for (int i = 0; i < 5; ++i) SendTrap();
+  EXPECT_EQ(Entries(), 5);
+  program.Options().SetOIDCacheSize(55);
+  EXPECT_EQ(program.Options().OIDCacheSize(), 55);
+}
+
+}  // namespace
+}  // namespace sentrel

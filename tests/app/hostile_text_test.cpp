@@ -1,0 +1,88 @@
+#include <QFile>
+#include <QImage>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include "desktop/table/cell_lines.h"
+#include "program_fixture.h"
+#include "snmp/sender.h"
+
+namespace sentrel {
+namespace {
+
+struct HostileTextTest : ProgramFixture {
+  void SendText(const std::string& text, const std::string& community = "public") {
+    const int rows = program.Traps().Rows();
+    Sender(port).SendTrap("127.0.0.1", community, {"1.3.6.1.4.1.58213.1"}, {text}, {4});
+    AwaitRows(rows + 1);
+  }
+  QImage PictureOf(int row) {
+    QRect place = View().CellRect(row, 0);
+    place.setWidth(View().viewport()->width());
+    return View().viewport()->grab(place).toImage();
+  }
+};
+
+TEST_F(HostileTextTest, NoTextReachesAnotherRow) {
+  std::string marks = "a";
+  for (int i = 0; i < 150; ++i) marks += "\u0348\u0323\u030D\u0302";
+  const std::string texts[] = {marks,
+                               marks + "\r\n" + marks,
+                               "\u202E\u2067right to left",
+                               "\x1b[2J\x07\x08\x0c\x0b",
+                               "<table height=9000><tr><td><h1>big</h1></table>",
+                               std::string(60'000, 'W'),
+                               std::string(60'000, '\r')};
+  program.Window().resize(1200, 900);
+  SendText("plain");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().CellRect(1, 0).height() > 10; }));
+  const QImage plain = PictureOf(1);
+  for (const std::string& text : texts) {
+    SendText(text, text.substr(0, 200));
+    QCoreApplication::processEvents();
+    const QRect row = View().CellRect(1, 0);
+    EXPECT_LE(row.height(), 2 * kMostLines * QFontMetrics(View().font()).height());
+    if (row.height() < 500) {
+      EXPECT_EQ(PictureOf(2), plain) << text.substr(0, 40);
+    }
+    Tool("Edit:Clear").trigger();
+    SendText("plain");
+    if (PictureOf(1).size() != plain.size()) continue;
+    Tool("Edit:Clear").trigger();
+    SendText("plain");
+  }
+}
+
+/// Toolkits take texts that look like markup for markup, unless told.
+TEST_F(HostileTextTest, TheNameOfAFileIsNoMarkup) {
+  SendText("saved");
+  QTest::keyClick(&View(), Qt::Key_Home);
+  const QString name = state.filePath("<b>bold<img src=x>.Trap");
+  QFile file(name);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  file.close();
+  for (const bool readOnly : {false, true}) {
+    if (readOnly) file.setPermissions(QFile::ReadOwner);
+    int boxes = 0;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!box || !box->isVisible()) return;
+      user.stop();
+      ++boxes;
+      EXPECT_EQ(box->textFormat(), Qt::PlainText);
+      EXPECT_TRUE(box->text().contains("<b>bold<img src=x>.Trap")) << box->text().toStdString();
+      box->reject();
+    });
+    Choose("Edit:SaveTrap", [&](QWidget& dialog) {
+      user.start(0);
+      auto* box = dialog.findChild<QLineEdit*>("fileNameEdit");
+      box->setText(name);
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(boxes, 1);
+  }
+}
+
+}  // namespace
+}  // namespace sentrel

@@ -1,0 +1,305 @@
+// SENTREL_SOAK_MINUTES says how long; a few seconds without it. SENTREL_SOAK_SEED sets another
+// course.
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <QClipboard>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPixmapCache>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "app/program.h"
+#include "fakes/free_port.h"
+#include "memory.h"
+#include "storm.h"
+#include "user.h"
+
+namespace sentrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kActsInRound = 250;
+constexpr int kShortRounds = 4;
+/// What caches of the toolkit may still take in the second half.
+constexpr std::size_t kHeapMargin = 6 << 20;
+constexpr std::size_t kResidentMargin = 24 << 20;
+
+constexpr const char* kEngine = "0x8000000001020304";
+constexpr const char* kUsers =
+    "createUser -e 0x8000000001020304 good SHA auth-pass-phrase AES priv-pass-phrase\n"
+    "createUser good SHA auth-pass-phrase AES priv-pass-phrase\n";
+constexpr const char* kSoakOid = "1.3.6.1.4.1.58213.77";
+
+std::string Contents(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void Write(const fs::path& path, const std::string& text) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path) << text;
+}
+
+/// A home of its own for a program that has not started yet, and no program of the desktop.
+struct Home {
+  Home() {
+    for (const auto& [name, folder] : {std::pair{"HOME", ""},
+                                       {"XDG_DATA_HOME", "data"},
+                                       {"XDG_CACHE_HOME", "cache"},
+                                       {"XDG_RUNTIME_DIR", "run"},
+                                       {"SNMPCONFPATH", "snmp"},
+                                       {"SNMP_PERSISTENT_DIR", "sender"},
+                                       {"PATH", "none"}}) {
+      qputenv(name, root.filePath(folder).toUtf8());
+    }
+    Write(Path("snmp/sentrel.conf"), kUsers);
+    QDir::setCurrent(root.path());
+    QFile::remove(QCoreApplication::applicationDirPath() + "/test_soak.Toolbars");
+  }
+  fs::path Path(const std::string& name) const {
+    return fs::path(root.path().toStdString()) / name;
+  }
+  QStringList Files() const {
+    QStringList files;
+    for (const char* name : {"a.txt", "b", "<b>c<i>.html", "none/d.pdf", "e e.xlsx", "f.log"}) {
+      files << root.filePath(name);
+    }
+    return files;
+  }
+
+  QTemporaryDir root;
+};
+
+int RunSender(const char* tool, const QStringList& arguments) {
+  QProcess process;
+  process.start(tool, arguments);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
+  return process.exitCode();
+}
+
+QStringList Version3(const QString& user, const QString& authPhrase, const QString& target) {
+  return {"-v3",      "-r0",      "-t5",
+          "-u",       user,       "-l",
+          "authPriv", "-a",       "SHA",
+          "-A",       authPhrase, "-x",
+          "AES",      "-X",       "priv-pass-phrase",
+          target,     "1",        "1.3.6.1.6.3.1.1.5.1"};
+}
+
+/// The datagram that the field's own sender makes of a version 3 trap.
+std::string Version3Trap(const QString& user, const QString& authPhrase) {
+  const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof address;
+  bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length);
+  getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &length);
+  const QString target = QString("127.0.0.1:%1").arg(ntohs(address.sin_port));
+  EXPECT_EQ(RunSender(SNMPTRAP, QStringList{"-e", kEngine} + Version3(user, authPhrase, target)),
+            0);
+  std::string bytes(65'536, '\0');
+  const ssize_t size = recv(descriptor, bytes.data(), bytes.size(), MSG_DONTWAIT);
+  close(descriptor);
+  EXPECT_GT(size, 0);
+  bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+  return bytes;
+}
+
+Storm::Samples Samples() {
+  Storm::Samples samples;
+  for (const auto& file : fs::directory_iterator(SAMPLES)) samples.push_back(Contents(file));
+  std::sort(samples.begin(), samples.end());
+  for (const auto& [user, phrase] : {std::pair{"good", "auth-pass-phrase"},
+                                     {"good", "a-wrong-phrase"},
+                                     {"unknown", "auth-pass-phrase"}}) {
+    samples.push_back(Version3Trap(user, phrase));
+  }
+  return samples;
+}
+
+struct Memory {
+  std::size_t heap;
+  std::size_t resident;
+};
+
+class SoakTest : public testing::Test {
+ protected:
+  SoakTest() {
+    std::printf("Seed %u, %d minutes\n", seed, minutes);
+    EXPECT_NE(home.Files().size(), 0);
+    bool started = false;
+    QTimer::singleShot(0, &program.Window(), [&] { started = program.Start(); });
+    user.SetLimits({{"Main:Exit"}, home.Files()});
+    user.Act([&] { return started; }, [] {});  // a tip is shown
+    storm.emplace(program.Listener().Port(), seed, Samples());
+  }
+  ~SoakTest() override { program.Window().close(); }
+
+  std::uint64_t Received() const { return program.Listener().Counters().Received() - ofOthers; }
+  std::uint64_t Accepted() const { return program.Listener().Counters().Of(Outcome::kAccepted); }
+  QAction& Tool(const char* id) { return *program.Window().findChild<QAction*>(id); }
+
+  /// Lets every trap in, and logs none.
+  void OpenGate() {
+    Settings& options = program.Options();
+    options.SetDeviceFilterActive(false);
+    options.CommunityStrings()->Clear();
+    options.SetLoggingEnabled(false);
+    options.SetRaw(false);
+    if (options.Paused()) Tool("Edit:Pause").trigger();
+  }
+  /// Everything that was sent has become rows. The gate is open.
+  void Settle() {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Received() == storm->Sent(); }, 60'000));
+    const std::string text = "mark " + std::to_string(++marks);
+    storm->SendMarker(kSoakOid, text);
+    const Table& rows = program.Traps();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return rows.Rows() > 1 && rows.RowData(1).ends_with("=" + text); }, 120'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return storm->Answers() == storm->Informs(); }, 10'000));
+    EXPECT_EQ(Received(), storm->Sent());
+    EXPECT_EQ(program.Listener().Counters().systemDrops, 0U);
+    EXPECT_EQ(program.Listener().Counters().Of(Outcome::kQueueFull), 0U);
+    EXPECT_LE(rows.Rows(), kMostTraps + 1);
+  }
+  void Play(QStringList forbidden) {
+    user.SetLimits({std::move(forbidden), home.Files()});
+    const std::uint64_t end = user.Acts() + kActsInRound;
+    user.Act([&] { return user.Acts() >= end; }, [&] { storm->Blow(Received()); });
+  }
+
+  /// The user may do anything: open, close and change whatever there is.
+  void FreeRound() {
+    Play({"Main:Exit"});
+    OpenGate();
+    Settle();
+  }
+  /// All traps pass and are logged, whatever else the user does.
+  void CountedRound() {
+    const fs::path log = home.Path("counted.log");
+    fs::remove(log);
+    std::string name = log;
+    program.Options().SetLogFilename(name);
+    program.Options().SetLoggingEnabled(true);
+    const std::uint64_t before = Accepted();
+    Play({"Main:Exit", "Main:Settings", "Edit:Pause"});
+    Settle();
+    program.Options().SetLoggingEnabled(false);
+    EXPECT_EQ(EntriesIn(log), Accepted() - before);
+  }
+  std::uint64_t EntriesIn(const fs::path& log) {
+    const std::string text = Contents(log);
+    const std::string start = "   127.0.0.1\r\n";
+    std::uint64_t entries = 0;
+    for (auto at = text.find(start); at != std::string::npos; at = text.find(start, at + 1)) {
+      ++entries;
+    }
+    EXPECT_TRUE(text.ends_with("\r\n"));
+    return entries;
+  }
+  void SendVersion3Inform() {
+    const QString target = QString("127.0.0.1:%1").arg(program.Listener().Port());
+    EXPECT_EQ(RunSender(SNMPINFORM, Version3("good", "auth-pass-phrase", target)), 0);
+    ofOthers = program.Listener().Counters().Received() - storm->Sent();
+  }
+  /// The user's MIB modules come and go while the program runs.
+  void RenewModules() {
+    program.Options().SetRaw(false);
+    const fs::path folder = home.Path("data/sentrel/mibs");
+    fs::remove_all(folder);
+    const std::string name = "soak" + std::to_string(++marks);
+    Write(folder / "soak", "SOAK-MIB DEFINITIONS ::= BEGIN IMPORTS enterprises FROM SNMPv2-SMI;\n" +
+                               name + " OBJECT IDENTIFIER ::= { enterprises 58213 77 } END\n");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+          storm->SendMarker(kSoakOid, "x");
+          return program.Traps().Cell(1, 4).find(name) != std::string::npos;
+        },
+        20'000))
+        << name << " is not in " << program.Traps().Cell(1, 4);
+  }
+  /// In a state that is the same each time.
+  Memory Measure() {
+    RenewModules();
+    for (int i = 0; i < kMostTraps + 50; ++i) {
+      storm->SendMarker(kSoakOid, "fills the table");
+      while (Received() + 50 < storm->Sent()) QCoreApplication::processEvents();
+    }
+    Settle();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window != &program.Window()) window->close();
+    }
+    program.Window().resize(1000, 700);
+    QGuiApplication::clipboard()->clear();
+    QPixmapCache::clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QTest::qWait(1);
+    return {HeapInUse(), ResidentMemory()};
+  }
+  void PlayHalf() {
+    QElapsedTimer time;
+    time.start();
+    for (int round = 0; !HasFailure(); round += 2) {
+      if (minutes == 0 && round >= kShortRounds / 2) return;
+      if (minutes > 0 && time.elapsed() >= minutes * 30'000) return;
+      FreeRound();
+      CountedRound();
+      SendVersion3Inform();
+      Settle();
+    }
+  }
+
+  const std::uint32_t seed = qEnvironmentVariableIntValue("SENTREL_SOAK_SEED");
+  const int minutes = qEnvironmentVariableIntValue("SENTREL_SOAK_MINUTES");
+  Home home;
+  Program program{{.port = 0,
+                   .sendPort = FreePort(),
+                   .machineFolder = home.Path("machine"),
+                   .userFolder = home.Path("user")}};
+  User user{program.Window(), seed};
+  std::optional<Storm> storm;
+  /// Datagrams that the storm did not send.
+  std::uint64_t ofOthers = 0;
+  int marks = 0;
+};
+
+TEST_F(SoakTest, NothingIsLostMiscountedOrHeld) {
+  PlayHalf();
+  const Memory before = Measure();
+  PlayHalf();
+  const Memory after = Measure();
+  const ListenerCounters counters = program.Listener().Counters();
+  std::printf(
+      "%llu acts, %llu dialogs, %llu datagrams:", static_cast<unsigned long long>(user.Acts()),
+      static_cast<unsigned long long>(user.Dialogs()),
+      static_cast<unsigned long long>(storm->Sent()));
+  for (std::size_t i = 0; i < kOutcomes; ++i) {
+    std::printf(" %llu %s,", static_cast<unsigned long long>(counters.outcomes[i]),
+                std::string(OutcomeText(static_cast<Outcome>(i))).c_str());
+  }
+  std::printf(" %llu informs answered\nHeap %zu KiB, then %zu; resident %zu KiB, then %zu\n",
+              static_cast<unsigned long long>(counters.answeredInforms), before.heap >> 10,
+              after.heap >> 10, before.resident >> 10, after.resident >> 10);
+  for (const Outcome outcome : {Outcome::kAccepted, Outcome::kTruncated, Outcome::kMalformed,
+                                Outcome::kWrongDigest, Outcome::kUnknownUser}) {
+    EXPECT_GT(counters.Of(outcome), 0U) << OutcomeText(outcome);
+  }
+  EXPECT_GT(user.Dialogs(), 10U);
+  EXPECT_LE(after.heap, before.heap + kHeapMargin);
+  EXPECT_LE(after.resident, before.resident + kResidentMargin);
+}
+
+}  // namespace
+}  // namespace sentrel

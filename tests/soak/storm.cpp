@@ -1,0 +1,159 @@
+#include "storm.h"
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <stdexcept>
+
+#include "fakes/notification.h"
+
+namespace sentrel {
+namespace {
+
+constexpr std::uint64_t kMostOnTheirWay = 100;
+constexpr const char* kUptime = "1.3.6.1.2.1.1.3.0";
+constexpr const char* kTrapOid = "1.3.6.1.6.3.1.1.4.1.0";
+constexpr std::size_t kLargestText = 65'507 - 120;
+
+const std::vector<std::string> kOids = {"1.3.6.1.2.1.2.2.1.8.7", "1.3.6.1.2.1.1.5.0",
+                                        "1.3.6.1.4.1.58213.1.1", "1.3.6.1.6.3.1.1.4.3.0",
+                                        "1.3.6.1.2.1.31.1.1.1.18.4294967295"};
+const std::vector<std::string> kCommunities = {"public", "private", "a=b::c", "<b>bold</b>",
+                                               "\u202Ecilbup"};
+
+int Connected(std::uint16_t port) {
+  const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  sockaddr_in to{};
+  to.sin_family = AF_INET;
+  to.sin_port = htons(port);
+  to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  if (connect(descriptor, reinterpret_cast<const sockaddr*>(&to), sizeof to) == 0)
+    return descriptor;
+  throw std::runtime_error("cannot connect a UDP socket");
+}
+
+std::string Bytes(const std::vector<std::uint8_t>& message) {
+  return {message.begin(), message.end()};
+}
+
+}  // namespace
+
+const std::vector<std::string>& HostileTexts() {
+  static const std::vector<std::string> texts = {
+      "up",
+      "2",
+      "1.3.6.1.2.1.2.2.1.8.7",
+      "",
+      "two\r\nlines\rthree\nfour",
+      "<img src='file:///etc/passwd'><b>bold</b><script>alert(1)</script>",
+      "&lt;entities&gt; &amp;",
+      "\u202Eright to left\u2066isolated",
+      "\x07\x1b[31m\x08 control",
+      "a" + std::string(300, '\n'),
+      "=HYPERLINK(\"x\")",
+      "c\u0300" + std::string(400, 'x'),
+      "tab\tbed",
+      "\\::\\=::",
+      "\xFF\xFE no text"};
+  return texts;
+}
+
+Storm::Storm(std::uint16_t port, std::uint32_t seed, Samples samples)
+    : random_(seed),
+      samples_(std::move(samples)),
+      informSocket_(Connected(port)),
+      socket_(Connected(port)) {}
+
+Storm::~Storm() {
+  close(informSocket_);
+  close(socket_);
+}
+
+void Storm::Blow(std::uint64_t received) {
+  for (std::uint32_t count = Below(12); count > 0; --count) {
+    if (sent_ - received >= kMostOnTheirWay) return;
+    switch (Below(10)) {
+      case 0:
+        Send(informSocket_, Notification(true));
+        ++informs_;
+        break;
+      case 1:
+        Send(socket_, AnyOf(samples_));
+        break;
+      case 2:
+      case 3:
+      case 4:
+        Send(socket_, Mutation());
+        break;
+      case 5:
+        // As large as the whole buffer may be, so only where nothing else is on its way.
+        if (sent_ == received && Below(20) == 0) Send(socket_, Large());
+        break;
+      default:
+        Send(socket_, Notification(false));
+    }
+  }
+}
+
+void Storm::SendMarker(const std::string& oid, const std::string& text) {
+  Send(socket_, Bytes(TrapMessage("public", {kUptime, kTrapOid, oid},
+                                  {"1", "1.3.6.1.6.3.1.1.5.1", text}, {67, 6, 4})));
+}
+
+std::uint64_t Storm::Answers() {
+  std::array<char, 2048> answer;
+  while (recv(informSocket_, answer.data(), answer.size(), MSG_DONTWAIT) > 0) ++answers_;
+  return answers_;
+}
+
+std::string Storm::Notification(bool inform) {
+  std::vector<std::string> oids = {kUptime, kTrapOid};
+  std::vector<std::string> values = {std::to_string(random_()), "1.3.6.1.6.3.1.1.5.3"};
+  std::vector<std::int16_t> types = {67, 6};
+  for (std::uint32_t count = Below(8); count > 0; --count) {
+    oids.push_back(AnyOf(kOids));
+    const bool number = Below(3) == 0;
+    values.push_back(number ? std::to_string(Below(9)) : AnyOf(HostileTexts()));
+    types.push_back(number ? 2 : 4);
+  }
+  const std::string& community = AnyOf(kCommunities);
+  std::string message = Bytes(TrapMessage(community, oids, values, types));
+  return inform ? AsInform(std::move(message), community) : message;
+}
+
+std::string Storm::Large() {
+  return Bytes(TrapMessage(
+      "public", {kUptime, kTrapOid, kOids[2]},
+      {"1", "1.3.6.1.6.3.1.1.5.1", std::string(kLargestText, static_cast<char>('a' + Below(26)))},
+      {67, 6, 4}));
+}
+
+std::string Storm::Mutation() {
+  std::string datagram = Below(2) == 0 ? AnyOf(samples_) : Notification(false);
+  for (std::uint32_t change = Below(4) + 1; change > 0; --change) {
+    const std::size_t at = Below(static_cast<std::uint32_t>(datagram.size()) + 1);
+    switch (Below(4)) {
+      case 0:
+        datagram.resize(at);
+        break;
+      case 1:
+        datagram.insert(at, 1 + Below(16), static_cast<char>(random_()));
+        break;
+      default:
+        if (at < datagram.size()) datagram[at] = static_cast<char>(random_());
+    }
+  }
+  return datagram;
+}
+
+void Storm::Send(int socket, const std::string& datagram) {
+  while (send(socket, datagram.data(), datagram.size(), 0) < 0) {
+    if (errno != ENOBUFS && errno != EAGAIN) throw std::runtime_error("cannot send");
+  }
+  ++sent_;
+}
+
+}  // namespace sentrel
