@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "common/failure.h"
@@ -23,6 +24,19 @@ std::string SampleImage() {
                                  "t OBJECT IDENTIFIER ::= { iso 4294967295 }"))},
       {});
   return MakeImage(collection.Compile(*Image::Empty()), 42);
+}
+
+/// An image of many blocks.
+std::string LargeImage() {
+  std::string text;
+  for (int i = 1; i <= 8000; ++i) {
+    const std::string n = std::to_string(i);
+    text += "x" + n + " OBJECT-TYPE SYNTAX INTEGER { up(1), down" + n + "(2) } ::= { iso 7 " + n +
+            " }\n";
+  }
+  const Workshop workshop;
+  Collection collection({workshop.Write("a", ModuleText("A-MIB", text))}, {});
+  return MakeImage(collection.Compile(*Image::Empty()), 1);
 }
 
 std::shared_ptr<const Image> Open(const std::string& bytes) {
@@ -58,6 +72,29 @@ TEST(Image, EveryDamageIsFound) {
     EXPECT_THROW(Open(good.substr(0, at)), Failure) << at;
   }
   EXPECT_THROW(Open(good + "x"), Failure);
+}
+
+/// Either the damage is met or the answer is what it would have been without it.
+TEST(Image, DamageIsNeverBelievedWhenOnlyWhatIsReadIsChecked) {
+  const std::string good = LargeImage();
+  ASSERT_GT(good.size(), 10 * format::kBlock);
+  std::mt19937 random(1);
+  int met = 0;
+  for (int turn = 0; turn < 2000; ++turn) {
+    auto bad = std::make_shared<std::string>(good);
+    char& byte = (*bad)[random() % bad->size()];
+    byte = static_cast<char>(byte ^ (1 << random() % 8));
+    try {
+      const auto image = Image::Over(*bad, bad, DamageCheck::WhenRead);
+      const Lookup found = LookUp(*image, "1.7.4000.5");
+      EXPECT_EQ(found.name, "x4000.5");
+      EXPECT_EQ(ListOf(*image, *found.type), "up(1),down4000(2)");
+    } catch (const Failure&) {
+      ++met;
+    }
+  }
+  EXPECT_GT(met, 0);
+  EXPECT_LT(met, 1000);
 }
 
 TEST(Image, AForgedImageNeverCrashes) {

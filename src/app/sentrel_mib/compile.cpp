@@ -83,7 +83,7 @@ int CompileFolders(const Arguments& arguments) {
 int CheckFiles(const Arguments& arguments) {
   if (arguments.rest.empty()) throw std::invalid_argument("check needs a file");
   mib::Collection collection(arguments.rest, {});
-  const auto base = ProgramDatabase();
+  const auto base = ProgramDatabase(mib::DamageCheck::AtOnce);
   collection.Compile(*base);
   Print(collection.AllMessages());
   return collection.AllMessages().empty() ? 0 : 1;
