@@ -3,6 +3,7 @@
 #include "common/failure.h"
 #include "mib/hash.h"
 #include "mib/image_writer.h"
+#include "mib/whole_file.h"
 
 namespace sentrel::mib {
 

@@ -1,14 +1,10 @@
 #include "mib/image_writer.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <future>
+#include <span>
 
-#include "common/failure.h"
 #include "mib/hash.h"
 #include "mib/image_format.h"
 
@@ -268,23 +264,6 @@ void Seal(std::string& image) {
   }
   const std::uint64_t sum = format::HeaderChecksum(image);
   std::memcpy(image.data() + offsetof(format::Header, checksum), &sum, sizeof sum);
-}
-
-void WriteWhole(const std::string& path, const std::string& bytes) {
-  namespace fs = std::filesystem;
-  std::error_code ignored;
-  if (const fs::path folder = fs::path(path).parent_path(); !folder.empty()) {
-    fs::create_directories(folder, ignored);
-  }
-  const std::string draft = path + "." + std::to_string(getpid()) + ".new";
-  std::ofstream file(draft, std::ios::binary | std::ios::trunc);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  std::error_code error;
-  if (file) fs::rename(draft, path, error);
-  if (file && !error) return;
-  fs::remove(draft, ignored);
-  throw Failure(path + ": cannot be written");
 }
 
 }  // namespace sentrel::mib

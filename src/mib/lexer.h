@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "mib/keyword.h"
+
 namespace sentrel::mib {
 
 enum class TokenKind : std::uint8_t {
@@ -16,12 +18,13 @@ enum class TokenKind : std::uint8_t {
 };
 
 struct Token {
-  TokenKind kind = TokenKind::End;
   std::string_view text;
   /// Where the token begins in the source text.
-  size_t offset = 0;
+  std::uint32_t offset = 0;
+  TokenKind kind = TokenKind::End;
+  Keyword keyword = Keyword::None;
 
-  bool Is(std::string_view word) const { return kind == TokenKind::Word && text == word; }
+  bool Is(Keyword wanted) const { return keyword == wanted; }
   bool IsMark(char mark) const { return kind == TokenKind::Mark && text[0] == mark; }
 };
 
@@ -30,7 +33,8 @@ struct Token {
 enum class CommentEnd { AtDashes, AtLineEnd };
 
 /// Splits the text of a module file into tokens. Any bytes are accepted: those that mean nothing
-/// outside strings and comments count as blanks. The text must outlive the tokens.
+/// outside strings and comments count as blanks. The text must outlive the tokens and be shorter
+/// than 4 gigabytes.
 class Lexer {
  public:
   Lexer(std::string_view text, CommentEnd commentEnd) : text_(text), commentEnd_(commentEnd) {}
