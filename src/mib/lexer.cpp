@@ -41,7 +41,7 @@ void Lexer::SkipBlanks() {
 void Lexer::SkipComment() {
   at_ += 2;
   const size_t lineEnd = std::min(text_.find('\n', at_), text_.size());
-  if (commentEnd_ == CommentEnd::AtDashes) {
+  if (reading_.commentEnd == CommentEnd::AtDashes) {
     const size_t dashes = text_.substr(0, lineEnd).find("--", at_);
     if (dashes != std::string_view::npos) {
       at_ = dashes + 2;
@@ -56,13 +56,44 @@ void Lexer::SkipComment() {
 
 Token Lexer::NextString() {
   const size_t begin = at_ + 1;
-  const size_t end = text_.find('"', begin);
+  const size_t mark = text_.find('"', begin);
+  size_t end = mark;
+  if (reading_.stringEnd == StringEnd::BeforeDefinition) {
+    end = std::min(mark, DefinitionWithin(begin, std::min(mark, text_.size())));
+  }
   // A string without an end is taken for a stray mark, so that what follows is not lost.
-  if (end == std::string_view::npos) return Make(TokenKind::Mark, at_, at_ + 1);
-  Token token = Make(TokenKind::String, begin, end);
+  Token token = end == std::string_view::npos ? Make(TokenKind::Mark, at_, begin)
+                                              : Make(TokenKind::String, begin, end);
   token.offset = static_cast<std::uint32_t>(begin - 1);
-  at_ = end + 1;
+  if (token.kind == TokenKind::String && end == mark) {
+    at_ = end + 1;
+  } else if (openStrings_.empty() || openStrings_.back().offset < token.offset) {
+    openStrings_.push_back(token);
+  }
   return token;
+}
+
+/// The begin of the first line, of those that begin within a part of the text, that begins a
+/// definition.
+size_t Lexer::DefinitionWithin(size_t begin, size_t end) const {
+  const std::string_view part = text_.substr(0, end);
+  for (size_t line = part.find('\n', begin); line != std::string_view::npos;
+       line = part.find('\n', line + 1)) {
+    if (BeginsDefinition(line + 1)) return line + 1;
+  }
+  return std::string_view::npos;
+}
+
+bool Lexer::BeginsDefinition(size_t lineBegin) const {
+  const size_t lineEnd = std::min(text_.find('\n', lineBegin), text_.size());
+  Lexer line(text_.substr(lineBegin, lineEnd - lineBegin), reading_);
+  line.SetStrings(false);
+  if (const Token name = line.Next();
+      name.kind != TokenKind::Word || StandsBehindName(name.keyword))
+    return false;
+  const Token next = line.Next();
+  if (next.Is(Keyword::Object)) return line.Next().Is(Keyword::Identifier);
+  return next.kind == TokenKind::Assign || IsDefiningMacro(next.keyword);
 }
 
 Token Lexer::NextQuoted() {

@@ -19,6 +19,14 @@ constexpr std::uint32_t kBusy = 0xFFFFFFFD;
 /// How long a chain of references may be before it counts as endless.
 constexpr int kLongestChain = 256;
 
+/// Whether two definitions of one module give one name to two nodes.
+bool AreTwins(const Entry& a, const Entry& b) {
+  const auto names = [](const Entry& entry) {
+    return entry.node != kNothing && entry.kind != Kind::Label;
+  };
+  return a.name == b.name && a.node != b.node && names(a) && names(b);
+}
+
 class Resolver {
  public:
   Resolver(std::vector<Module>& modules, const Image& base, std::vector<FileMessage>& messages)
@@ -184,6 +192,9 @@ void Resolver::AddModule(std::uint32_t m) {
     }
     if (entry.kind == Kind::Type || entry.kind == Kind::Object) entry.type = typeOf_[m][d];
     if (entry.kind == Kind::Type && !IsWorthKeeping(entry.type)) continue;
+    if (catalog_.entries.size() > begin && AreTwins(catalog_.entries.back(), entry)) {
+      Report(m, definition.line, Quote(entry.name) + " has another OID in the same module");
+    }
     catalog_.entries.push_back(entry);
     const std::uint32_t rival = Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
     if (rival != kNothing) ReportRival(m, definition, catalog_.entries[rival]);

@@ -43,8 +43,8 @@ bool IsName(const Token& word) {
 
 class Parser {
  public:
-  Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
-      : arena_(arena), reader_(text, commentEnd, arena) {}
+  Parser(std::string_view text, Reading reading, Arena& arena)
+      : arena_(arena), reader_(text, reading, arena) {}
 
   /// All modules of the file.
   std::vector<Module> Parse() {
@@ -53,6 +53,7 @@ class Parser {
       modules.push_back(Bind(module_, arena_));
       module_ = {};
     }
+    reader_.ReportOpenStrings();
     if (modules.empty()) reader_.Report({}, "no MIB module in this file");
     return modules;
   }
@@ -358,20 +359,42 @@ void Parser::SkipMacroDefinition() {
   reader_.Take();
 }
 
+/// What one reading of a text yields.
+struct Outcome {
+  ParsedFile file;
+  size_t errors = 0;
+  size_t definitions = 0;
+
+  /// A mark too few hides definitions as well as it makes errors.
+  bool IsBetterThan(const Outcome& other) const {
+    return definitions + other.errors > other.definitions + errors;
+  }
+};
+
+Outcome Read(std::string_view text, Reading reading, Arena& arena) {
+  Parser parser(text, reading, arena);
+  Outcome outcome{{parser.Parse(), {}}};
+  for (const Module& module : outcome.file.modules)
+    outcome.definitions += module.definitions.size();
+  outcome.errors = parser.Reader().Errors();
+  outcome.file.messages = std::move(parser.Reader().AllMessages());
+  return outcome;
+}
+
 }  // namespace
 
 ParsedFile ParseSmi(std::string_view text, Arena& arena) {
-  Parser strict(text, CommentEnd::AtDashes, arena);
-  ParsedFile file{strict.Parse(), {}};
-  if (strict.Reader().Errors() > 0) {
-    Parser lenient(text, CommentEnd::AtLineEnd, arena);
-    auto modules = lenient.Parse();
-    if (lenient.Reader().Errors() < strict.Reader().Errors()) {
-      return {std::move(modules), std::move(lenient.Reader().AllMessages())};
-    }
-  }
-  file.messages = std::move(strict.Reader().AllMessages());
-  return file;
+  Reading reading;
+  Outcome best = Read(text, reading, arena);
+  const auto tryReading = [&](Reading other) {
+    Outcome outcome = Read(text, other, arena);
+    if (!outcome.IsBetterThan(best)) return;
+    best = std::move(outcome);
+    reading = other;
+  };
+  if (best.errors > 0) tryReading({CommentEnd::AtLineEnd, StringEnd::AtMark});
+  if (best.errors > 0) tryReading({reading.commentEnd, StringEnd::BeforeDefinition});
+  return std::move(best.file);
 }
 
 }  // namespace sentrel::mib

@@ -30,8 +30,8 @@ std::string Quote(std::string_view text) {
   return quoted += '\'';
 }
 
-TokenReader::TokenReader(std::string_view text, CommentEnd commentEnd, Arena& arena)
-    : text_(text), lexer_(text, commentEnd), arena_(arena), next_(lexer_.Next()) {}
+TokenReader::TokenReader(std::string_view text, Reading reading, Arena& arena)
+    : text_(text), lexer_(text, reading), arena_(arena), next_(lexer_.Next()) {}
 
 void TokenReader::Rewind(const Token& token) {
   lexer_.MoveTo(token.offset);
@@ -69,6 +69,12 @@ void TokenReader::Report(const Token& at, std::string text) {
   ++errors_;
   if (messages_.size() < kMessagesPerFile) {
     messages_.push_back({{}, LineOf(at), std::move(text)});
+  }
+}
+
+void TokenReader::ReportOpenStrings() {
+  for (const Token& string : lexer_.OpenStrings()) {
+    Report(string, "no quotation mark at the end of the text that begins here");
   }
 }
 

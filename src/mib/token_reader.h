@@ -13,7 +13,7 @@ namespace sentrel::mib {
 /// keeps what is worth keeping of its text.
 class TokenReader {
  public:
-  TokenReader(std::string_view text, CommentEnd commentEnd, Arena& arena);
+  TokenReader(std::string_view text, Reading reading, Arena& arena);
 
   const Token& Peek() const { return next_; }
   Token Take() {
@@ -46,6 +46,8 @@ class TokenReader {
   std::uint32_t LineOf(const Token& token);
   /// Beyond a bound, messages are counted and not kept.
   void Report(const Token& at, std::string text);
+  /// Reports the strings without an end. Called at the end of the text.
+  void ReportOpenStrings();
   Messages& AllMessages() { return messages_; }
   /// How many things were wrong, kept or not.
   size_t Errors() const { return errors_; }

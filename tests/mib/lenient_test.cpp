@@ -5,7 +5,9 @@
 namespace sentrel::mib {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 const std::string kState =
@@ -98,6 +100,64 @@ TEST(Lenient, PassesOverWhatIsWrongWithOneMessage) {
     EXPECT_THAT(compiled.Messages()[0], testing::AnyOf("1:2: " + c.message, "1:3: " + c.message))
         << c.broken;
   }
+}
+
+/// The text of one description has no end: the definitions behind it are all there, and the message
+/// names its line.
+TEST(Lenient, AForgottenQuotationMarkCostsNoDefinition) {
+  const std::string before =
+      "a OBJECT-IDENTITY STATUS current DESCRIPTION \"first\" ::= { iso 1 }\n";
+  const std::string after =
+      "b OBJECT-TYPE SYNTAX INTEGER { on(1) } STATUS current\n"
+      "  DESCRIPTION \"of b,\n  that is odd\" ::= { iso 4 }\n"
+      "c OBJECT IDENTIFIER ::= { iso 5 }\n"
+      "T ::= TEXTUAL-CONVENTION DESCRIPTION \"of T\" SYNTAX INTEGER { off(0) }\n"
+      "d OBJECT-TYPE SYNTAX T DESCRIPTION \"of d\" ::= { iso 6 }\n";
+  const std::string open[] = {
+      "x OBJECT-IDENTITY STATUS current DESCRIPTION \"no end\n\n  ::= { iso 3 }\n",
+      "x OBJECT-TYPE SYNTAX INTEGER DESCRIPTION \"no end\n ::= { iso 3 }\n",
+      "X ::= TEXTUAL-CONVENTION DISPLAY-HINT \"d STATUS current SYNTAX INTEGER\n",
+      "-- a comment -- that goes on\nx OBJECT-IDENTITY DESCRIPTION \"no end\n",
+  };
+  for (const std::string& text : open) {
+    for (const std::string& more :
+         {after, after + "e OBJECT-IDENTITY REFERENCE \"e\" ::= { c 1 }\n" + after}) {
+      const Compiled compiled({InModule(before + text + more)});
+      EXPECT_EQ(compiled.Name("1.1"), "a") << text;
+      EXPECT_EQ(compiled.Labels("1.4"), "on(1)") << text;
+      EXPECT_EQ(compiled.Name("1.5"), "c") << text;
+      EXPECT_EQ(compiled.Labels("1.6"), "off(0)") << text;
+      EXPECT_THAT(compiled.Messages(), Contains(HasSubstr("no quotation mark at the end"))) << text;
+    }
+  }
+}
+
+/// Examples of definitions within a description are text as long as the marks fit.
+TEST(Lenient, ADescriptionMayHoldDefinitions) {
+  const Compiled compiled(
+      {InModule("x OBJECT-IDENTITY DESCRIPTION \"as in\n"
+                "y OBJECT IDENTIFIER ::= { iso 5 }\n\" ::= { iso 4 }\n" +
+                kState)});
+  EXPECT_EQ(compiled.Name("1.4"), "x");
+  EXPECT_EQ(compiled.Name("1.5"), "1.5");
+  EXPECT_THAT(compiled.Messages(), IsEmpty());
+}
+
+TEST(Lenient, ANameThatStandsTwiceKeepsBothAndTheRest) {
+  const Compiled compiled(
+      {InModule("x OBJECT IDENTIFIER ::= { iso 3 }\n"
+                "x OBJECT-TYPE SYNTAX INTEGER { on(1) } ::= { iso 4 }\n"
+                "y OBJECT IDENTIFIER ::= { x 1 }\n"
+                "T ::= INTEGER { a(1) }\nT ::= INTEGER { b(1) }\n"
+                "z OBJECT-TYPE SYNTAX T ::= { iso 5 }\n"
+                "z OBJECT-TYPE SYNTAX T ::= { iso 5 }\n" +
+                kState)});
+  EXPECT_EQ(compiled.Name("1.3"), "x");
+  EXPECT_EQ(compiled.Name("1.3.1"), "y");
+  EXPECT_EQ(compiled.Labels("1.4"), "on(1)");
+  EXPECT_EQ(compiled.Labels("1.5"), "a(1)");
+  EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)");
+  EXPECT_THAT(compiled.Messages(), ElementsAre("1:3: 'x' has another OID in the same module"));
 }
 
 TEST(Lenient, ModulesWithoutAnEndOrWithoutASemicolon) {
