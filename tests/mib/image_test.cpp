@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <functional>
 #include <random>
 #include <sstream>
 
@@ -139,6 +140,74 @@ TEST(ImageCache, CompilesOnceAndAgainWhenAnythingHasChanged) {
   workshop.Write("cache/x.image", bytes.substr(0, 50));
   EXPECT_EQ(name("1.7"), "b");
   EXPECT_NO_THROW(Image::Open(file));
+}
+
+/// Each step changes one thing; the cache is outdated and the next image tells of it.
+TEST(ImageCache, NoticesEveryChange) {
+  const Workshop workshop;
+  const auto text = [](const std::string& name) {
+    return ModuleText(name + "-MIB", name + " OBJECT IDENTIFIER ::= { iso 7 }");
+  };
+  const std::string first = workshop.Write("mibs/b", text("b"));
+  const auto write = [&](const std::string& name, const std::string& module) {
+    return [&, name, module] { workshop.Write(name, text(module)); };
+  };
+  struct Step {
+    const char* what;
+    std::function<void()> change;
+    const char* name;
+  };
+  const Step steps[] = {
+      {"a file of the same size", write("mibs/b", "c"), "c"},
+      {"the same size and time",
+       [&] {
+         const auto time = std::filesystem::last_write_time(first);
+         workshop.Write("mibs/b", text("d"));
+         std::filesystem::last_write_time(first, time);
+       },
+       "d"},
+      {"a file before it", write("mibs/a", "a"), "a"},
+      {"a name that stands behind it",
+       [&] { std::filesystem::rename(workshop.Path("mibs/a"), workshop.Path("mibs/z")); }, "d"},
+      {"a file gone", [&] { std::filesystem::remove(first); }, "a"},
+      {"a folder below", write("mibs/m/n/e", "e"), "e"},
+      {"a file within it", write("mibs/m/n/e", "f"), "f"},
+      {"a link to a folder elsewhere",
+       [&] {
+         workshop.Write("else/g", text("g"));
+         std::filesystem::create_directory_symlink("../else", workshop.Path("mibs/g"));
+       },
+       "g"},
+      {"everything gone", [&] { std::filesystem::remove_all(workshop.Path("mibs")); }, "1.7"},
+  };
+  ImageCache cache(workshop.Path("x.image"), {{workshop.Path("mibs"), true}}, Image::Empty());
+  EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, "b");
+  for (const Step& step : steps) {
+    EXPECT_FALSE(cache.IsOutdated()) << step.what;
+    step.change();
+    EXPECT_TRUE(cache.IsOutdated()) << step.what;
+    EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, step.name) << step.what;
+  }
+}
+
+/// An image in the file that was made from other folders or another base is not taken.
+TEST(ImageCache, BelongsToItsFoldersAndItsBase) {
+  const Workshop workshop;
+  const std::string file = workshop.Path("x.image");
+  workshop.Write("one/m", ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { top 1 }"));
+  workshop.Write("two/m", ModuleText("B-MIB", "b OBJECT IDENTIFIER ::= { top 1 }"));
+  const auto base = [](const std::string& number) {
+    return Compiled({ModuleText("T-MIB", "top OBJECT IDENTIFIER ::= { iso " + number + " }")})
+        .Database();
+  };
+  const auto name = [&](const std::string& folder, const std::string& number) {
+    ImageCache cache(file, {{workshop.Path(folder), true}}, base(number));
+    return LookUp(*cache.Get({}), "1." + number + ".1").name;
+  };
+  EXPECT_EQ(name("one", "3"), "a");
+  EXPECT_EQ(name("two", "3"), "b");
+  EXPECT_EQ(name("one", "4"), "a");
+  EXPECT_EQ(name("one", "3"), "a");
 }
 
 TEST(ImageCache, DoesWithoutAFileItCannotWrite) {
