@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static Parser all;
   sentrel::Datagram datagram{.bytes = {data, size}, .peer = {}};
   datagram.peer.remote.v4.sin_family = AF_INET;
-  datagram.peer.remote_length = sizeof(sockaddr_in);
+  datagram.peer.remoteLength = sizeof(sockaddr_in);
   all.parser.Parse(datagram);
   return 0;
 }

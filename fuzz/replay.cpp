@@ -9,8 +9,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-int main(int argument_count, char** arguments) {
-  if (argument_count != 2) {
+int main(int argumentCount, char** arguments) {
+  if (argumentCount != 2) {
     std::fprintf(stderr, "usage: %s CORPUS-FOLDER\n", arguments[0]);
     return 2;
   }

@@ -8,8 +8,8 @@
 #include <chrono>
 #include <functional>
 
-#include "desktop/export_print.h"
-#include "desktop/export_table_pages.h"
+#include "desktop/export/print.h"
+#include "desktop/export/table_pages.h"
 #include "documents/atomic_file.h"
 #include "documents/file_formats.h"
 

@@ -1,12 +1,13 @@
 #include "console/row_builder.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "common/dates.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "console/row_record.h"
-#include "console/trap_texts.h"
 
 namespace sentrel {
 namespace {
@@ -38,29 +39,34 @@ RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow&
       log_(log),
       selection_(table) {}
 
-void RowBuilder::AddTrap(const Trap& trap) {
+void RowBuilder::AddTrap(Trap trap) {
   const PaintingPause pause(table_);
   selection_.KeepTableSelection(1, false);
-  table_.AddItem("", kNewest);
-  FillRow(trap);
+  table_.AddItem(RowOf(std::move(trap)), kNewest);
   while (table_.Rows() > kMostTraps + 1) table_.RemoveItem(table_.Rows() - 1);
   selection_.KeepTableSelection(0, true);
 }
 
-void RowBuilder::FillRow(const Trap& trap) {
-  const LocalTime now = clock_.Now();
-  const LocaleTexts& words = locale_.Texts();
-  table_.SetCell(kNewest, 0,
-                 FormatMediumDate(now, words).append(kCrLf).append(FormatTime(now, words)));
-  table_.SetCell(kNewest, 1, trap.SourceAddress);
-  table_.SetCell(kNewest, 2, trap.Community);
+RowMaker RowBuilder::RowOf(Trap trap) {
+  const bool raw = settings_.Raw();
+  std::optional<TrapTexts> texts;
+  if (settings_.LoggingEnabled()) {
+    texts = DescribeTrap(trap, raw, lookup_);
+    log_.WriteToLog(std::exchange(texts->DetailText, {}).append(kCrLf));
+  }
+  return [this, raw, arrival = clock_.Now(), trap = std::move(trap), texts = std::move(texts)] {
+    return Content(trap, arrival, texts ? *texts : DescribeTrap(trap, raw, lookup_));
+  };
+}
 
-  TrapTexts texts = DescribeTrap(trap, settings_, lookup_);
-  if (settings_.LoggingEnabled()) log_.WriteToLog(texts.DetailText.append(kCrLf));
-  table_.SetRowHeight(kNewest, HeightFor(texts.SummaryText));
-  table_.SetCell(kNewest, 3, std::move(texts.DeviceType));
-  table_.SetCell(kNewest, 4, std::move(texts.SummaryText));
-  table_.SetRowData(kNewest, RowRecord(trap));
+RowContent RowBuilder::Content(const Trap& trap, const LocalTime& arrival, TrapTexts texts) const {
+  const LocaleTexts& words = locale_.Texts();
+  std::string time = FormatMediumDate(arrival, words).append(kCrLf);
+  const int height = HeightFor(texts.SummaryText);
+  return {.cells = {std::move(time.append(FormatTime(arrival, words))), trap.SourceAddress,
+                    trap.Community, std::move(texts.DeviceType), std::move(texts.SummaryText)},
+          .data = RowRecord(trap),
+          .height = height};
 }
 
 int RowBuilder::HeightFor(const std::string& summaryText) const {

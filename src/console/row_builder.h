@@ -3,6 +3,7 @@
 #include "console/oid_lookup.h"
 #include "console/selection_keeper.h"
 #include "console/trap_log.h"
+#include "console/trap_texts.h"
 #include "controls/table.h"
 #include "platform/clock.h"
 #include "platform/main_window.h"
@@ -17,17 +18,20 @@ inline constexpr int kMostTraps = 999;
 /// Turns an accepted trap into the newest row of the table.
 class RowBuilder {
  public:
-  /// All of these must outlive the builder.
+  /// All of these must outlive the builder, and the builder must outlive the use of the table.
   RowBuilder(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
              const Locale& locale, OidLookup& lookup, TrapLog& log);
 
   /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond
   /// kMostTraps and keeps the selection on the same traps. Painting is off meanwhile and on again
   /// afterwards, also after a failure.
-  void AddTrap(const Trap& trap);
+  /// What the row shows is worked out when it is first looked at, raw or decoded as Settings.Raw
+  /// is now.
+  void AddTrap(Trap trap);
 
  private:
-  void FillRow(const Trap& trap);
+  RowMaker RowOf(Trap trap);
+  RowContent Content(const Trap& trap, const LocalTime& arrival, TrapTexts texts) const;
   int HeightFor(const std::string& summaryText) const;
 
   const Settings& settings_;

@@ -9,10 +9,10 @@ void SelectionKeeper::KeepTableSelection(int offset, bool restore) {
     saved_ = {table_.Row() + offset, table_.RowSel() + offset, table_.Col(), table_.ColSel()};
     return;
   }
-  Attempt([&] { table_.SetRow(saved_.row); });
-  Attempt([&] { table_.SetCol(saved_.col); });
-  Attempt([&] { table_.SetRowSel(saved_.rowSel); });
-  Attempt([&] { table_.SetColSel(saved_.colSel); });
+  if (saved_.row < table_.Rows()) table_.SetRow(saved_.row);
+  if (saved_.col < table_.Cols()) table_.SetCol(saved_.col);
+  if (saved_.rowSel < table_.Rows()) table_.SetRowSel(saved_.rowSel);
+  if (saved_.colSel < table_.Cols()) table_.SetColSel(saved_.colSel);
 }
 
 }  // namespace sentrel

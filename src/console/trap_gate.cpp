@@ -1,5 +1,7 @@
 #include "console/trap_gate.h"
 
+#include <utility>
+
 #include "common/failure.h"
 
 namespace sentrel {
@@ -9,9 +11,9 @@ TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder,
   resetTimer_.Setup(std::chrono::seconds(30), [&decoder] { decoder.CheckCacheSize(); });
 }
 
-void TrapGate::OnTrap(const Trap& trap) {
+void TrapGate::OnTrap(Trap trap) {
   if (!Accepts(trap)) return;
-  Attempt([&] { rows_.AddTrap(trap); });
+  Attempt([&] { rows_.AddTrap(std::move(trap)); });
   resetTimer_.SetEnabled(false);
   resetTimer_.SetEnabled(true);
 }

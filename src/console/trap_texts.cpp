@@ -26,12 +26,11 @@ std::string BindingText(const std::string& oid, const std::string& value, bool r
 
 }  // namespace
 
-TrapTexts DescribeTrap(const Trap& trap, const Settings& settings, OidLookup& lookup) {
+TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup) {
   TrapTexts texts;
   texts.DetailText.append(trap.SourceAddress).append(kCrLf);
   std::string_view separator;
   for (size_t i = 0; i < BindingCount(trap); ++i) {
-    const bool raw = settings.Raw();
     if (trap.OIDs[i] == kEnterpriseOid) {
       texts.DeviceType = EnterpriseText(trap.Values[i], raw, lookup);
       texts.DetailText.append(raw ? separator : kCrLf).append(kIndent);

@@ -4,7 +4,6 @@
 
 #include "console/oid_lookup.h"
 #include "platform/trap.h"
-#include "settings/settings.h"
 
 namespace sentrel {
 
@@ -21,8 +20,8 @@ struct TrapTexts {
   std::string DetailText;
 };
 
-/// One walk over the bindings, raw or decoded as Settings.Raw says. Never throws for want of names:
-/// an enterprise that cannot be decoded stands raw.
-TrapTexts DescribeTrap(const Trap& trap, const Settings& settings, OidLookup& lookup);
+/// One walk over the bindings, which stand raw or decoded. Never throws for want of names: an
+/// enterprise that cannot be decoded stands raw.
+TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup);
 
 }  // namespace sentrel

@@ -21,8 +21,8 @@ Table::Table() : rows_(1) {}
 
 void Table::SetRows(int rows) {
   if (rows < 1) throw Failure("A table always has its header row.");
-  RowContent empty;
-  empty.cells.resize(columns_.size());
+  TableRow empty;
+  empty.content.cells.resize(columns_.size());
   rows_.resize(static_cast<size_t>(rows), empty);
   KeepSelectionInside();
   Changed();
@@ -31,7 +31,7 @@ void Table::SetRows(int rows) {
 void Table::SetCols(int cols) {
   if (cols < 0) throw Failure("A table cannot have fewer than no columns.");
   columns_.resize(static_cast<size_t>(cols));
-  for (RowContent& row : rows_) row.cells.resize(columns_.size());
+  for (TableRow& row : rows_) row.content.cells.resize(columns_.size());
   KeepSelectionInside();
   Changed();
 }
@@ -104,7 +104,7 @@ void Table::SetRedraw(int redraw) {
 }
 
 void Table::SetRowHeight(int row, int height) {
-  RowAt(row).height = height;
+  ContentAt(row).height = height;
   Changed();
 }
 
@@ -125,27 +125,36 @@ void Table::SetRuleColor(std::uint32_t color) {
 
 const std::string& Table::Cell(int row, int col) const {
   Require("column", col, 0, Cols());
-  return RowAt(row).cells[static_cast<size_t>(col)];
+  return ContentAt(row).cells[static_cast<size_t>(col)];
 }
 
 void Table::SetCell(int row, int col, std::string text) {
   Require("column", col, 0, Cols());
-  RowContent& content = RowAt(row);
-  content.cells[static_cast<size_t>(col)] = std::move(text);
-  content.version = ++lastVersion_;
+  ContentAt(row).cells[static_cast<size_t>(col)] = std::move(text);
+  RowAt(row).version = ++lastVersion_;
   Changed();
 }
 
 void Table::SetRowData(int row, std::string data) {
-  RowAt(row).data = std::move(data);
+  ContentAt(row).data = std::move(data);
 }
 
 void Table::AddItem(const std::string& text, int index) {
-  Require("row", index, 1, Rows() + 1);
   const auto pieces = Split(text, "\t");
-  RowContent row;
-  row.cells.assign(pieces.begin(), pieces.end());
-  row.cells.resize(columns_.size());
+  TableRow row;
+  row.content.cells.assign(pieces.begin(), pieces.end());
+  row.content.cells.resize(columns_.size());
+  Insert(std::move(row), index);
+}
+
+void Table::AddItem(RowMaker make, int index) {
+  TableRow row;
+  row.make = std::move(make);
+  Insert(std::move(row), index);
+}
+
+void Table::Insert(TableRow row, int index) {
+  Require("row", index, 1, Rows() + 1);
   row.version = ++lastVersion_;
   rows_.insert(rows_.begin() + index, std::move(row));
   if (observer_) observer_->RowInserted(index);
@@ -162,9 +171,18 @@ void Table::RemoveItem(int index) {
   Changed();
 }
 
-const Table::RowContent& Table::RowAt(int row) const {
+const Table::TableRow& Table::RowAt(int row) const {
   Require("row", row, 0, Rows());
   return rows_[static_cast<size_t>(row)];
+}
+
+const RowContent& Table::ContentAt(int row) const {
+  const TableRow& found = RowAt(row);
+  if (const RowMaker make = std::exchange(found.make, nullptr)) {
+    Attempt([&] { found.content = make(); });
+    found.content.cells.resize(columns_.size());
+  }
+  return found.content;
 }
 
 const Table::Column& Table::ColumnAt(int col) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,6 +39,19 @@ struct TableSelection {
   int lastRow = 0;
   int lastCol = 0;
 };
+
+/// What a row holds.
+struct RowContent {
+  /// UTF-8; CR LF separates the lines of a cell. Missing cells are empty.
+  std::vector<std::string> cells;
+  /// A text hung on the row and never shown.
+  std::string data;
+  int height = 0;
+};
+
+/// Makes what a row holds. Runs at most once, on the event loop, and must not touch the table; a
+/// failure leaves the row empty.
+using RowMaker = std::function<RowContent()>;
 
 /// A grid of texts whose row 0 is the header. It holds rows, sizes and the selection, and knows no
 /// toolkit: a view paints from it. Used on the event loop only.
@@ -89,7 +103,7 @@ class Table {
   /// 0 stops painting, anything else starts it again.
   void SetRedraw(int redraw);
 
-  int RowHeight(int row) const { return RowAt(row).height; }
+  int RowHeight(int row) const { return ContentAt(row).height; }
   void SetRowHeight(int row, int height);
   int ColWidth(int col) const { return ColumnAt(col).width; }
   void SetColWidth(int col, int width);
@@ -106,20 +120,23 @@ class Table {
   /// view can keep what it worked out from them.
   std::uint64_t RowVersion(int row) const { return RowAt(row).version; }
   /// A text hung on a row and never shown; empty on a row that was never given one.
-  const std::string& RowData(int row) const { return RowAt(row).data; }
+  const std::string& RowData(int row) const { return ContentAt(row).data; }
   void SetRowData(int row, std::string data);
 
   /// Inserts a row at the index, 1 to Rows(). The text holds its cells, separated by tabs.
   void AddItem(const std::string& text, int index);
+  /// Inserts a row at the index, 1 to Rows(), that is made when something of it is first asked for:
+  /// in a storm most rows fall out before anyone has seen them.
+  void AddItem(RowMaker make, int index);
   /// Removes the row at the index, 1 to Rows() - 1; the rows below move up by one, and with them
   /// the ends of the selection that lie there.
   void RemoveItem(int index);
 
  private:
-  struct RowContent {
-    std::vector<std::string> cells;
-    std::string data;
-    int height = 0;
+  struct TableRow {
+    /// Empty once the content is made.
+    mutable RowMaker make;
+    mutable RowContent content;
     std::uint64_t version = 0;
   };
   struct Column {
@@ -127,16 +144,21 @@ class Table {
     Alignment alignment = Alignment::Left;
   };
 
-  const RowContent& RowAt(int row) const;
+  const TableRow& RowAt(int row) const;
+  const RowContent& ContentAt(int row) const;
   const Column& ColumnAt(int col) const;
-  RowContent& RowAt(int row) { return const_cast<RowContent&>(std::as_const(*this).RowAt(row)); }
+  TableRow& RowAt(int row) { return const_cast<TableRow&>(std::as_const(*this).RowAt(row)); }
+  RowContent& ContentAt(int row) {
+    return const_cast<RowContent&>(std::as_const(*this).ContentAt(row));
+  }
+  void Insert(TableRow row, int index);
   Column& ColumnAt(int col) { return const_cast<Column&>(std::as_const(*this).ColumnAt(col)); }
   void KeepSelectionInside();
   void Changed();
 
   TableObserver* observer_ = nullptr;
   TableEvents* events_ = nullptr;
-  std::deque<RowContent> rows_;
+  std::deque<TableRow> rows_;
   std::vector<Column> columns_;
   std::uint64_t lastVersion_ = 0;
   int fixedCols_ = 0;

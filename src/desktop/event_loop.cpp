@@ -20,13 +20,32 @@ void OnSignal(int) {
 
 }  // namespace
 
+Wakeup::Wakeup(std::function<bool()> job, std::chrono::milliseconds rest)
+    : job_(std::move(job)), rest_(rest) {
+  resting_.setSingleShot(true);
+  resting_.setTimerType(Qt::PreciseTimer);
+  connect(&resting_, &QTimer::timeout, this, [this] { Run(); });
+}
+
 void Wakeup::Wake() {
   QMetaObject::invokeMethod(
-      this, [this] { Run(); }, Qt::QueuedConnection);
+      this, [this] { OnWake(); }, Qt::QueuedConnection);
+}
+
+void Wakeup::OnWake() {
+  using std::chrono::milliseconds;
+  const auto elapsed = std::chrono::steady_clock::now() - lastEnd_;
+  if (elapsed >= rest_) return Run();
+  resting_.start(std::chrono::ceil<milliseconds>(rest_ - elapsed));
 }
 
 void Wakeup::Run() {
-  if (job_()) Wake();
+  if (job_()) {
+    QMetaObject::invokeMethod(
+        this, [this] { Run(); }, Qt::QueuedConnection);
+  } else {
+    lastEnd_ = std::chrono::steady_clock::now();
+  }
 }
 
 EndRequest::EndRequest(std::function<void()> job) {

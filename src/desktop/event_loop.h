@@ -2,6 +2,8 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -11,17 +13,22 @@ namespace sentrel {
 class Wakeup : public QObject {
   Q_OBJECT
  public:
-  /// The job runs once or more after each call of Wake. It returns whether it wants to run again
-  /// at once, behind the events that wait already.
-  explicit Wakeup(std::function<bool()> job) : job_(std::move(job)) {}
+  /// The job runs once or more after each call of Wake, at once after a quiet time, else this long
+  /// after it last ended. It returns whether it wants to run again without a rest, behind the
+  /// events that wait already.
+  explicit Wakeup(std::function<bool()> job, std::chrono::milliseconds rest = {});
 
   /// May be called on any thread.
   void Wake();
 
  private:
+  void OnWake();
   void Run();
 
   std::function<bool()> job_;
+  const std::chrono::milliseconds rest_;
+  std::chrono::steady_clock::time_point lastEnd_;
+  QTimer resting_;
 };
 
 /// Runs a job on the event loop when the system asks the process to end (SIGTERM, SIGINT, SIGHUP).

@@ -82,24 +82,37 @@ void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::st
 }
 
 void QtTimer::Setup(std::chrono::milliseconds interval, std::function<void()> onExpiry) {
-  timer_.setInterval(interval);
-  QObject::connect(&timer_, &QTimer::timeout, std::move(onExpiry));
+  interval_ = interval;
+  onExpiry_ = std::move(onExpiry);
+  timer_.setSingleShot(true);
+  QObject::connect(&timer_, &QTimer::timeout, [this] { OnTimeout(); });
 }
 
 void QtTimer::SetEnabled(bool enabled) {
-  if (enabled) {
-    timer_.start();
-  } else {
-    timer_.stop();
-  }
+  enabled_ = enabled;
+  begun_ = std::chrono::steady_clock::now();
+  if (enabled && !timer_.isActive()) timer_.start(interval_);
+}
+
+void QtTimer::OnTimeout() {
+  using std::chrono::milliseconds;
+  if (!enabled_) return;
+  const auto elapsed = std::chrono::steady_clock::now() - begun_;
+  const auto rest = std::chrono::ceil<milliseconds>(interval_ - elapsed);
+  if (rest > milliseconds::zero()) return timer_.start(rest);
+  SetEnabled(true);
+  onExpiry_();
 }
 
 LocalTime SystemClock::Now() const {
   const std::time_t now = std::time(nullptr);
+  if (now == second_) return local_;
   std::tm local{};
   localtime_r(&now, &local);
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-          local.tm_hour,        local.tm_min,     local.tm_sec};
+  second_ = now;
+  local_ = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+            local.tm_hour,        local.tm_min,     local.tm_sec};
+  return local_;
 }
 
 SystemLocale::SystemLocale() {

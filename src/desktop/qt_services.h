@@ -2,6 +2,8 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <chrono>
+#include <ctime>
 #include <functional>
 #include <string>
 #include <utility>
@@ -62,18 +64,31 @@ class QtMessageBox : public MessageBox {
   QWidget& window_;
 };
 
+/// Beginning a new interval is cheap: the toolkit's timer is left to run, and started again only
+/// when it expires too early.
 class QtTimer : public Timer {
  public:
   void Setup(std::chrono::milliseconds interval, std::function<void()> onExpiry) override;
   void SetEnabled(bool enabled) override;
 
  private:
+  void OnTimeout();
+
   QTimer timer_;
+  std::chrono::milliseconds interval_{};
+  std::function<void()> onExpiry_;
+  std::chrono::steady_clock::time_point begun_;
+  bool enabled_ = false;
 };
 
+/// Works out the local time once a second.
 class SystemClock : public Clock {
  public:
   LocalTime Now() const override;
+
+ private:
+  mutable std::time_t second_ = -1;
+  mutable LocalTime local_;
 };
 
 /// Month names and AM/PM designators of the system's language.

@@ -20,10 +20,10 @@ struct Peer {
     sockaddr_in6 v6;
   };
   Address remote;
-  socklen_t remote_length;
+  socklen_t remoteLength;
   /// A control message as sendmsg takes it (IP_PKTINFO or IPV6_PKTINFO); its length may be 0.
   alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(in6_pktinfo))> local;
-  std::size_t local_length;
+  std::size_t localLength;
 };
 
 /// One datagram as it arrived. The bytes belong to the one who reads the socket.

@@ -41,7 +41,7 @@ void StoreLocal(int level, int type, const T& info, Peer& peer) {
   header.cmsg_len = CMSG_LEN(sizeof info);
   std::memcpy(peer.local.data(), &header, sizeof header);
   std::memcpy(peer.local.data() + CMSG_LEN(0), &info, sizeof info);
-  peer.local_length = CMSG_SPACE(sizeof info);
+  peer.localLength = CMSG_SPACE(sizeof info);
 }
 
 }  // namespace
@@ -96,25 +96,25 @@ std::span<const Datagram> DatagramSocket::ReadBatch() {
     Datagram& datagram = batch_[i];
     datagram.bytes = {slots_->slots[i].bytes.data(), received.msg_len};
     datagram.peer.remote = slots_->slots[i].remote;
-    datagram.peer.remote_length = received.msg_hdr.msg_namelen;
+    datagram.peer.remoteLength = received.msg_hdr.msg_namelen;
     TakeControl(received.msg_hdr, datagram.peer);
   }
   return batch_;
 }
 
 void DatagramSocket::TakeControl(const msghdr& message, Peer& peer) {
-  peer.local_length = 0;
+  peer.localLength = 0;
   auto* whole = const_cast<msghdr*>(&message);
   for (cmsghdr* header = CMSG_FIRSTHDR(whole); header != nullptr;
        header = CMSG_NXTHDR(whole, header)) {
     if (header->cmsg_level == SOL_SOCKET && header->cmsg_type == SO_RXQ_OVFL) {
-      system_drops_ = Payload<std::uint32_t>(*header);
+      systemDrops_ = Payload<std::uint32_t>(*header);
     } else if (header->cmsg_level == IPPROTO_IPV6 && header->cmsg_type == IPV6_PKTINFO) {
       auto info = Payload<in6_pktinfo>(*header);
       info.ipi6_ifindex = 0;
       StoreLocal(IPPROTO_IPV6, IPV6_PKTINFO, info, peer);
     } else if (header->cmsg_level == IPPROTO_IP && header->cmsg_type == IP_PKTINFO &&
-               peer.local_length == 0) {
+               peer.localLength == 0) {
       auto info = Payload<in_pktinfo>(*header);
       info.ipi_ifindex = 0;
       StoreLocal(IPPROTO_IP, IP_PKTINFO, info, peer);
@@ -127,12 +127,12 @@ bool DatagramSocket::Send(const Peer& peer, std::span<const std::uint8_t> bytes)
   iovec data{const_cast<std::uint8_t*>(bytes.data()), bytes.size()};
   msghdr message{};
   message.msg_name = &to.remote;
-  message.msg_namelen = to.remote_length;
+  message.msg_namelen = to.remoteLength;
   message.msg_iov = &data;
   message.msg_iovlen = 1;
-  if (to.local_length != 0) {
+  if (to.localLength != 0) {
     message.msg_control = to.local.data();
-    message.msg_controllen = to.local_length;
+    message.msg_controllen = to.localLength;
   }
   if (sendmsg(descriptor_, &message, MSG_DONTWAIT) >= 0) return true;
   // A broadcast or multicast address cannot be sent from.

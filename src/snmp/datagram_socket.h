@@ -31,7 +31,7 @@ class DatagramSocket {
 
   /// Datagrams that the system dropped because this socket's buffer was full, as far as the
   /// datagrams read until now tell. Wraps at 2^32.
-  std::uint32_t SystemDrops() const { return system_drops_; }
+  std::uint32_t SystemDrops() const { return systemDrops_; }
 
   /// Sends to the peer from the address that the peer had used. Returns whether the system took it.
   bool Send(const Peer& peer, std::span<const std::uint8_t> bytes) const;
@@ -43,7 +43,7 @@ class DatagramSocket {
   const int descriptor_;
   std::unique_ptr<Slots> slots_;
   std::vector<Datagram> batch_;
-  std::uint32_t system_drops_ = 0;
+  std::uint32_t systemDrops_ = 0;
 };
 
 }  // namespace sentrel

@@ -23,8 +23,8 @@ std::uint64_t ListenerCounters::Received() const {
 ListenerCounters SharedCounters::Read() const {
   ListenerCounters copy;
   for (std::size_t i = 0; i < kOutcomes; ++i) copy.outcomes[i] = outcomes_[i].load(kOrder);
-  copy.answered_informs = answered_informs_.load(kOrder);
-  copy.system_drops = system_drops_.load(kOrder);
+  copy.answeredInforms = answeredInforms_.load(kOrder);
+  copy.systemDrops = systemDrops_.load(kOrder);
   return copy;
 }
 

@@ -40,9 +40,9 @@ std::string_view OutcomeText(Outcome outcome);
 struct ListenerCounters {
   /// How many datagrams ended so, by Outcome.
   std::array<std::uint64_t, kOutcomes> outcomes{};
-  std::uint64_t answered_informs = 0;
+  std::uint64_t answeredInforms = 0;
   /// Datagrams that the system dropped before they could be read.
-  std::uint64_t system_drops = 0;
+  std::uint64_t systemDrops = 0;
 
   std::uint64_t Of(Outcome outcome) const { return outcomes[static_cast<std::size_t>(outcome)]; }
   std::uint64_t Received() const;
@@ -53,8 +53,8 @@ struct ListenerCounters {
 class SharedCounters {
  public:
   void Count(Outcome outcome) { Add(outcomes_[static_cast<std::size_t>(outcome)], 1); }
-  void SetAnsweredInforms(std::uint64_t count) { answered_informs_.store(count, kOrder); }
-  void SetSystemDrops(std::uint64_t count) { system_drops_.store(count, kOrder); }
+  void SetAnsweredInforms(std::uint64_t count) { answeredInforms_.store(count, kOrder); }
+  void SetSystemDrops(std::uint64_t count) { systemDrops_.store(count, kOrder); }
   ListenerCounters Read() const;
 
  private:
@@ -66,8 +66,8 @@ class SharedCounters {
   }
 
   std::array<Counter, kOutcomes> outcomes_{};
-  Counter answered_informs_ = 0;
-  Counter system_drops_ = 0;
+  Counter answeredInforms_ = 0;
+  Counter systemDrops_ = 0;
 };
 
 }  // namespace sentrel

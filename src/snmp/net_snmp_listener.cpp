@@ -29,16 +29,16 @@ NetSnmpListener::NetSnmpListener(ListenerOptions options, TrapObserver& observer
     : options_(std::move(options)),
       observer_(observer),
       wake_(std::move(wake)),
-      sender_(options_.send_port),
+      sender_(options_.sendPort),
       queue_(options_.queue) {}
 
 NetSnmpListener::~NetSnmpListener() = default;
 
 int NetSnmpListener::OpenSocket() const {
   const int socket = BindTrapSocket(options_.port);
-  const bool try_helper = socket == -EACCES && options_.port == kTrapPort;
-  if (!try_helper || options_.port_helper.empty()) return socket;
-  const int handed = SocketFromPortHelper(options_.port_helper);
+  const bool tryHelper = socket == -EACCES && options_.port == kTrapPort;
+  if (!tryHelper || options_.portHelper.empty()) return socket;
+  const int handed = SocketFromPortHelper(options_.portHelper);
   // A helper that is missing or broken has nothing to add to the refusal itself.
   return handed >= 0 || handed == -EADDRINUSE ? handed : -EACCES;
 }
@@ -48,12 +48,12 @@ std::int16_t NetSnmpListener::StartListening() {
   // The socket first: a second copy of the program must not touch the first one's state.
   const int socket = OpenSocket();
   if (socket < 0) {
-    failure_ = ExplainListenFailure(-socket, options_.port, options_.port_helper);
+    failure_ = ExplainListenFailure(-socket, options_.port, options_.portHelper);
     return 1;
   }
   try {
     if (!library_) {
-      library_ = std::make_unique<SnmpLibrary>(options_.state_folder, options_.configuration_path);
+      library_ = std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath);
     }
     receiver_ = std::make_unique<Receiver>(socket, queue_, counters_, wake_);
     return 0;
@@ -100,10 +100,10 @@ bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
   const Clock::time_point end = Clock::now() + budget;
   Trap trap;
   while (TakeNext(trap)) {
-    observer_.OnTrap(trap);
+    observer_.OnTrap(std::move(trap));
     if (Clock::now() >= end) break;
   }
-  return next_ < taken_.size() || !queue_.Empty();
+  return Waiting() > 0;
 }
 
 std::uint16_t NetSnmpListener::Port() const {

@@ -22,15 +22,15 @@ struct ListenerOptions {
   /// UDP port; 0 lets the system choose one.
   std::uint16_t port = kTrapPort;
   /// Path of sentrel-port, which opens kTrapPort for a program that may not; empty for none.
-  std::string port_helper;
+  std::string portHelper;
   /// Where engine ID, boots count and keys of version 3 persist. Made if need be; empty to keep
   /// nothing.
-  std::string state_folder;
+  std::string stateFolder;
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
-  std::string configuration_path;
+  std::string configurationPath;
   QueueLimits queue;
   /// UDP port of the targets of SendTrap.
-  std::uint16_t send_port = kTrapPort;
+  std::uint16_t sendPort = kTrapPort;
 };
 
 /// Receives notifications of versions 1, 2c and 3 over IPv4 and IPv6, on a thread of its own, and
@@ -65,6 +65,9 @@ class NetSnmpListener final : public SNMP {
   /// up. Returns whether more are waiting: the caller then lets the event loop take a turn and
   /// calls again.
   bool Deliver(std::chrono::milliseconds budget);
+
+  /// Traps that have been received and not yet been handed to the observer.
+  std::size_t Waiting() const { return taken_.size() - next_ + queue_.Size(); }
 
   /// Whether traps that arrive now are received.
   bool Listening() const { return receiver_ != nullptr; }

@@ -184,7 +184,7 @@ void NotificationParser::Acknowledge(netsnmp_pdu& inform) {
   if (snmp_sess_send(session_, response) == 0) {
     snmp_free_pdu(response);
   } else {
-    ++answered_informs_;
+    ++answeredInforms_;
   }
 }
 

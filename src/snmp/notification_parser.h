@@ -30,7 +30,7 @@ class NotificationParser {
 
   Outcome Parse(const Datagram& datagram);
 
-  std::uint64_t AnsweredInforms() const { return answered_informs_; }
+  std::uint64_t AnsweredInforms() const { return answeredInforms_; }
 
  private:
   /// What a transport carries, in memory that the library frees.
@@ -58,7 +58,7 @@ class NotificationParser {
   netsnmp_large_fd_set ready_;
   const Datagram* current_ = nullptr;
   Outcome outcome_ = Outcome::kMalformed;
-  std::uint64_t answered_informs_ = 0;
+  std::uint64_t answeredInforms_ = 0;
 };
 
 }  // namespace sentrel

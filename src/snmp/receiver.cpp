@@ -65,16 +65,16 @@ bool Receiver::WaitForDatagrams() const {
 }
 
 void Receiver::Handle(std::span<const Datagram> batch) {
-  queue_was_empty_ = false;
+  queueWasEmpty_ = false;
   for (const Datagram& datagram : batch) counters_.Count(parser_.Parse(datagram));
   counters_.SetAnsweredInforms(parser_.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
-  if (queue_was_empty_) wake_();
+  if (queueWasEmpty_) wake_();
 }
 
 bool Receiver::Take(Trap& trap) {
   const TrapQueue::Pushed pushed = queue_.Push(trap);
-  if (pushed == TrapQueue::Pushed::kFirst) queue_was_empty_ = true;
+  if (pushed == TrapQueue::Pushed::kFirst) queueWasEmpty_ = true;
   return pushed != TrapQueue::Pushed::kRefused;
 }
 

@@ -38,7 +38,7 @@ class Receiver {
   const std::function<void()> wake_;
   const std::uint16_t port_;
   NotificationParser parser_;
-  bool queue_was_empty_ = false;
+  bool queueWasEmpty_ = false;
   const int stop_;
   std::thread thread_;
 };

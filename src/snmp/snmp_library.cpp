@@ -44,8 +44,8 @@ void Silence() {
 void LoadNoMibs() {
   std::string none;
   netsnmp_set_mib_directory(none.c_str());
-  std::string no_modules = "mibs :";
-  netsnmp_config_remember(no_modules.data());
+  std::string noModules = "mibs :";
+  netsnmp_config_remember(noModules.data());
 }
 
 void KeepStateIn(const std::string& folder) {
@@ -55,11 +55,11 @@ void KeepStateIn(const std::string& folder) {
 
 }  // namespace
 
-SnmpLibrary::SnmpLibrary(const std::string& state_folder, const std::string& configuration_path) {
+SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath) {
   Silence();
   LoadNoMibs();
-  KeepStateIn(state_folder);
-  if (!configuration_path.empty()) set_configuration_directory(configuration_path.c_str());
+  KeepStateIn(stateFolder);
+  if (!configurationPath.empty()) set_configuration_directory(configurationPath.c_str());
   init_usm_conf(kName);
   register_config_handler(kName, "createUser", KeepCreateUser, nullptr, nullptr);
   init_snmp(kName);

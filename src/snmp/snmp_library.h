@@ -9,11 +9,11 @@ namespace sentrel {
 /// one state: one object at a time in a process.
 class SnmpLibrary {
  public:
-  /// `state_folder` keeps engine ID, boots count and localized keys (sentrel.conf), and is made if
-  /// need be; empty keeps nothing. `configuration_path` lists the folders, separated by colons,
+  /// `stateFolder` keeps engine ID, boots count and localized keys (sentrel.conf), and is made if
+  /// need be; empty keeps nothing. `configurationPath` lists the folders, separated by colons,
   /// that are searched for sentrel.conf; empty stands for the library's own: the system's SNMP
   /// folders, then .snmp in the home folder. What cannot be read or written is done without.
-  SnmpLibrary(const std::string& state_folder, const std::string& configuration_path);
+  SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath);
   /// Writes the state back.
   ~SnmpLibrary();
   SnmpLibrary(const SnmpLibrary&) = delete;

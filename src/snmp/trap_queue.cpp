@@ -48,9 +48,9 @@ void TrapQueue::Take(std::size_t most, std::vector<Trap>& taken) {
   }
 }
 
-bool TrapQueue::Empty() const {
+std::size_t TrapQueue::Size() const {
   const std::lock_guard lock(mutex_);
-  return entries_.empty();
+  return entries_.size();
 }
 
 void TrapQueue::Clear() {

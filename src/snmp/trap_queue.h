@@ -32,7 +32,7 @@ class TrapQueue {
   /// Replaces `taken` by the oldest traps, at most `most` of them.
   void Take(std::size_t most, std::vector<Trap>& taken);
 
-  bool Empty() const;
+  std::size_t Size() const;
   void Clear();
 
  private:

@@ -130,9 +130,13 @@ TEST_F(RowBuilderTest, PaintingResumesAfterAFailure) {
     void TableChanged() override { ++paints; }
     int paints = 0;
   } observer;
-  table.SetCols(1);
+  struct StoppedClock : Clock {
+    LocalTime Now() const override { throw Failure("It has stopped."); }
+  } stopped;
+  RowBuilder failing(settings, table, window, stopped, locale, lookup, log);
   table.SetObserver(&observer);
-  EXPECT_THROW(builder.AddTrap(TrapOf({})), Failure);
+  EXPECT_THROW(failing.AddTrap(TrapOf({})), Failure);
+  table.SetRuleColor(1);
   EXPECT_EQ(observer.paints, 1);
   table.SetObserver(nullptr);
 }
@@ -158,7 +162,7 @@ TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
   for (const bool raw : {true, false}) {
     settings.SetRaw(raw);
     for (const Case& c : cases) {
-      const TrapTexts texts = DescribeTrap(c.trap, settings, lookup);
+      const TrapTexts texts = DescribeTrap(c.trap, settings.Raw(), lookup);
       EXPECT_EQ(texts.DeviceType, c.deviceType);
       EXPECT_EQ(texts.SummaryText, c.summary);
       EXPECT_EQ(texts.DetailText, "192.0.2.7\r\n" + ReplaceAll(c.detail, "|", raw ? "" : "\r\n"));
@@ -170,7 +174,7 @@ TEST_F(RowBuilderTest, NothingIsReadBeyondTheShortestList) {
   Trap trap = LinkDown();
   trap.Values.pop_back();
   trap.DataTypes.resize(1);
-  EXPECT_EQ(DescribeTrap(trap, settings, lookup).SummaryText, "1.3.6.1.2.1.1.3 = 12345");
+  EXPECT_EQ(DescribeTrap(trap, settings.Raw(), lookup).SummaryText, "1.3.6.1.2.1.1.3 = 12345");
   EXPECT_EQ(RowRecord(trap), "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345");
 }
 

@@ -1,4 +1,4 @@
-#include "desktop/cell_lines.h"
+#include "desktop/table/cell_lines.h"
 
 #include <gmock/gmock.h>
 

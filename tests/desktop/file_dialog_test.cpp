@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <deque>
 
-#include "desktop/qt_file_dialog.h"
+#include "desktop/forms/qt_file_dialog.h"
 
 namespace sentrel {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/frame_pacer.h"
+#include "desktop/table/frame_pacer.h"
 
 #include <gtest/gtest.h>
 

@@ -10,8 +10,8 @@
 #include <QWindow>
 
 #include "common/failure.h"
-#include "desktop/help_pages.h"
-#include "desktop/qt_browser.h"
+#include "desktop/help/pages.h"
+#include "desktop/help/qt_browser.h"
 
 namespace sentrel {
 namespace {

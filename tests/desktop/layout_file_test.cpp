@@ -1,4 +1,4 @@
-#include "desktop/layout_file.h"
+#include "desktop/window/layout_file.h"
 
 #include <gtest/gtest.h>
 

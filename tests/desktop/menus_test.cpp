@@ -4,7 +4,7 @@
 #include <QStatusTipEvent>
 #include <QToolButton>
 
-#include "desktop/tool_icon.h"
+#include "desktop/window/tool_icon.h"
 #include "window_fixture.h"
 
 namespace sentrel {

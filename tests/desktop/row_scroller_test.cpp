@@ -1,4 +1,4 @@
-#include "desktop/row_scroller.h"
+#include "desktop/table/row_scroller.h"
 
 #include <gtest/gtest.h>
 

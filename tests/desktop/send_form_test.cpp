@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "desktop/qt_send_form.h"
+#include "desktop/forms/qt_send_form.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_registry.h"
 

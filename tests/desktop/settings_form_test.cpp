@@ -10,7 +10,7 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "desktop/qt_settings_form.h"
+#include "desktop/forms/qt_settings_form.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_file_dialog.h"
 #include "fakes/fake_registry.h"

@@ -11,9 +11,9 @@
 #include <QTimer>
 
 #include "common/failure.h"
-#include "desktop/qt_about_dialog.h"
-#include "desktop/qt_main_window.h"
-#include "desktop/qt_tip_dialog.h"
+#include "desktop/help/qt_about_dialog.h"
+#include "desktop/help/qt_tip_dialog.h"
+#include "desktop/window/qt_main_window.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_registry.h"
 #include "shell/tip_of_the_day.h"

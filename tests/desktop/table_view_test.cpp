@@ -1,4 +1,4 @@
-#include "desktop/table_view.h"
+#include "desktop/table/table_view.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/qt_main_window.h"
+#include "desktop/window/qt_main_window.h"
 
 namespace sentrel {
 

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 
 #include "common/failure.h"
-#include "desktop/layout_file.h"
+#include "desktop/window/layout_file.h"
 #include "window_fixture.h"
 
 namespace sentrel {

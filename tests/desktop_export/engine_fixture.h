@@ -9,7 +9,7 @@
 #include <string>
 
 #include "controls/table.h"
-#include "desktop/export_engine.h"
+#include "desktop/export/engine.h"
 #include "dialogs.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_export.h"

@@ -4,9 +4,9 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "desktop/export_print.h"
-#include "desktop/export_progress.h"
-#include "desktop/export_table_pages.h"
+#include "desktop/export/print.h"
+#include "desktop/export/progress.h"
+#include "desktop/export/table_pages.h"
 #include "engine_fixture.h"
 
 namespace sentrel {

@@ -11,7 +11,7 @@
 #include <QXmlStreamReader>
 
 #include "controls/tool_table.h"
-#include "desktop/help_pages.h"
+#include "desktop/help/pages.h"
 #include "shell/help_benchwell.h"
 #include "shell/tip_book.h"
 #include "shell/tip_of_the_day.h"

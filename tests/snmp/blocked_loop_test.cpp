@@ -30,7 +30,7 @@ TEST_F(BlockedLoopTest, LosesNothingOfTenSecondsOfStorm) {
   EXPECT_TRUE(traps_.empty());
   EXPECT_TRUE(WaitForTraps(kBlockedTraps));
   EXPECT_EQ(Listener().Counters().Dropped(), 0U);
-  EXPECT_EQ(Listener().Counters().system_drops, 0U);
+  EXPECT_EQ(Listener().Counters().systemDrops, 0U);
 }
 
 TEST_F(BlockedLoopTest, BurstOfTwoHundredThousandFitsTheQueue) {
@@ -66,7 +66,7 @@ TEST_F(BlockedLoopTest, InformIsAnsweredButOnlyIfItWasTaken) {
   const std::vector<std::string> inform = {"-v2c", "-r0", "-t1", "-c", "c", "HOST", "1", "1.3.6.1"};
   EXPECT_EQ(Send(SNMPINFORM, inform), 0);
   EXPECT_NE(Send(SNMPINFORM, inform), 0) << "the sender must learn that its inform is lost";
-  EXPECT_EQ(Listener().Counters().answered_informs, 1U);
+  EXPECT_EQ(Listener().Counters().answeredInforms, 1U);
   EXPECT_TRUE(WaitForTraps(1));
   EXPECT_EQ(Send(SNMPINFORM, inform), 0);
 }

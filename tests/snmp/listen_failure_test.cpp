@@ -20,7 +20,7 @@ TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
   Start();
   ListenerOptions options;
   options.port = Listener().Port();
-  options.state_folder = folder_.Path() / "second";
+  options.stateFolder = folder_.Path() / "second";
   NetSnmpListener second(options, *this, [] {});
   EXPECT_GT(second.StartListening(), 0);
   EXPECT_FALSE(second.Listening());
@@ -28,7 +28,7 @@ TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
                                                  " is in use by test_snmp (process " +
                                                  std::to_string(getpid()) + ").");
   EXPECT_THAT(second.WhyNotListening().remedy, HasSubstr("Another copy"));
-  EXPECT_FALSE(std::filesystem::exists(options.state_folder)) << "a failed start leaves no trace";
+  EXPECT_FALSE(std::filesystem::exists(options.stateFolder)) << "a failed start leaves no trace";
   EXPECT_TRUE(Listener().Listening());
 }
 
@@ -45,7 +45,7 @@ TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
   if (!holder.Running()) GTEST_SKIP() << "no second receiver to hold the port";
   ListenerOptions options;
   options.port = port;
-  options.state_folder = folder_.Path() / "state";
+  options.stateFolder = folder_.Path() / "state";
   NetSnmpListener listener(options, *this, [] {});
   EXPECT_GT(listener.StartListening(), 0);
   EXPECT_THAT(listener.WhyNotListening().reason,
@@ -59,15 +59,15 @@ TEST_F(ListenFailureTest, ListenerRunsWithoutAFolderForItsState) {
   NetSnmpListener listener(options, *this, [] {});
   EXPECT_EQ(listener.StartListening(), 0);
   listener.CloseListener();
-  options.state_folder = "/dev/null/not/possible";
+  options.stateFolder = "/dev/null/not/possible";
   NetSnmpListener other(options, *this, [] {});
   EXPECT_EQ(other.StartListening(), 0);
 }
 
 TEST(ExplainListenFailure, NamesTheExactRemedy) {
-  const ListenFailure with_helper = ExplainListenFailure(EACCES, 162, "/bin/sh");
-  EXPECT_EQ(with_helper.reason, "This user may not open UDP port 162 (permission denied).");
-  EXPECT_THAT(with_helper.remedy, HasSubstr("sudo setcap cap_net_bind_service=+ep '/bin/sh'"));
+  const ListenFailure withHelper = ExplainListenFailure(EACCES, 162, "/bin/sh");
+  EXPECT_EQ(withHelper.reason, "This user may not open UDP port 162 (permission denied).");
+  EXPECT_THAT(withHelper.remedy, HasSubstr("sudo setcap cap_net_bind_service=+ep '/bin/sh'"));
   EXPECT_THAT(ExplainListenFailure(EACCES, 162, "/no/such/helper").remedy, HasSubstr("sudo"));
   EXPECT_THAT(ExplainListenFailure(EMFILE, 162, "").reason, HasSubstr("Too many open files"));
 }

@@ -81,8 +81,8 @@ void ListenerTest::Start(const std::string& configuration, QueueLimits limits) {
   WriteFile(configured / "sentrel.conf", configuration);
   ListenerOptions options;
   options.port = 0;
-  options.state_folder = folder_.Path() / "state";
-  options.configuration_path = configured;
+  options.stateFolder = folder_.Path() / "state";
+  options.configurationPath = configured;
   options.queue = limits;
   listener_ = std::make_unique<NetSnmpListener>(options, *this, [this] { Wake(); });
   ASSERT_EQ(listener_->StartListening(), 0) << listener_->WhyNotListening().reason;

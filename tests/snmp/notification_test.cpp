@@ -125,7 +125,7 @@ TEST_F(NotificationTest, InformIsAnsweredOverEitherAddressFamily) {
   EXPECT_EQ(Send(SNMPINFORM, inform), 0);
   EXPECT_EQ(Send(SNMPINFORM, inform, "127.0.0.2"), 0) << "the answer must leave from there";
   ASSERT_TRUE(WaitForTraps(2));
-  EXPECT_EQ(Listener().Counters().answered_informs, 2U);
+  EXPECT_EQ(Listener().Counters().answeredInforms, 2U);
 }
 
 TEST_F(NotificationTest, NothingArrivesAfterStop) {

@@ -61,20 +61,20 @@ TEST_F(PortHelperTest, ListenerUsesItWhereItMayNotOpenThePortItself) {
   if (own >= 0) close(own);
   if (own != -EACCES) GTEST_SKIP() << "this user may open the port";
   class : public TrapObserver {
-    void OnTrap(const Trap&) override {}
+    void OnTrap(Trap) override {}
   } nobody;
   ListenerOptions options;
   NetSnmpListener alone(options, nobody, [] {});
   EXPECT_GT(alone.StartListening(), 0);
   EXPECT_EQ(alone.WhyNotListening().remedy, "Start the program with sudo.");
 
-  options.port_helper = PORT_HELPER;
+  options.portHelper = PORT_HELPER;
   NetSnmpListener refused(options, nobody, [] {});
   EXPECT_GT(refused.StartListening(), 0);
   EXPECT_NE(refused.WhyNotListening().remedy.find("sudo setcap"), std::string::npos);
 
   if (RunCommand({"unshare", "-rn", "true"}) != 0) return;
-  options.port_helper = Script("exec unshare -rn " PORT_HELPER);
+  options.portHelper = Script("exec unshare -rn " PORT_HELPER);
   NetSnmpListener helped(options, nobody, [] {});
   EXPECT_EQ(helped.StartListening(), 0);
   EXPECT_EQ(helped.Port(), kTrapPort);

@@ -32,7 +32,7 @@ TEST(TrapQueue, RefusesTheNewestBeyondItsCount) {
   queue.Take(9, taken);
   ASSERT_EQ(taken.size(), 2U);
   EXPECT_EQ(taken[1].Community, "3");
-  EXPECT_TRUE(queue.Empty());
+  EXPECT_EQ(queue.Size(), 0U);
 }
 
 TEST(TrapQueue, RefusesBeyondItsBytesAndGivesThemBack) {

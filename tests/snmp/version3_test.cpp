@@ -75,7 +75,7 @@ TEST_F(Version3Test, TrapsAndInformsOfEveryProtocolArrive) {
     EXPECT_EQ(traps_.back().Community, user.name);
     EXPECT_EQ(traps_.back().Values.back(), "from " + user.name);
   }
-  EXPECT_EQ(Listener().Counters().answered_informs, Users().size());
+  EXPECT_EQ(Listener().Counters().answeredInforms, Users().size());
 }
 
 TEST_F(Version3Test, RefusalsAreCountedByReason) {

@@ -6,14 +6,17 @@
 
 #include "app/folders.h"
 #include "console/globals.h"
-#include "desktop/qt_send_form.h"
-#include "desktop/qt_settings_form.h"
+#include "desktop/forms/qt_send_form.h"
+#include "desktop/forms/qt_settings_form.h"
 
 namespace sentrel {
 namespace {
 
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
+/// So many gather before they are handled that a storm does not cost a turn of the event loop for
+/// each, and so few that a frame is never late.
+constexpr std::chrono::milliseconds kDeliveryRest{5};
 
 /// The SNMP library would make the folder readable to its user alone, but the machine's options in
 /// it are for all users.
@@ -32,11 +35,11 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
   const std::filesystem::path& folder = root ? options.machineFolder : options.userFolder;
   MakeStateFolder(folder, root);
   return {.port = options.port,
-          .port_helper = application.ProgramFolder() + "/sentrel-port",
-          .state_folder = folder,
-          .configuration_path = "",
+          .portHelper = application.ProgramFolder() + "/sentrel-port",
+          .stateFolder = folder,
+          .configurationPath = "",
           .queue = {},
-          .send_port = options.sendPort};
+          .sendPort = options.sendPort};
 }
 
 }  // namespace
@@ -60,7 +63,7 @@ Program::Program(const ProgramOptions& options)
                   {exportEngines_, application_, messageBox_, printers_, {}}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
-      newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }),
+      newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
       toggles_(settings_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),

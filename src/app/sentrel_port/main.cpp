@@ -37,8 +37,8 @@ bool HandOver(int socket, int channel) {
   return sendmsg(channel, &message, MSG_NOSIGNAL) == 1;
 }
 
-PortHelperExit Run(int argument_count) {
-  if (argument_count != 1 || !IsUnixSocket(kPortHelperChannel)) return kPortHelperMisused;
+PortHelperExit Run(int argumentCount) {
+  if (argumentCount != 1 || !IsUnixSocket(kPortHelperChannel)) return kPortHelperMisused;
   const int socket = BindTrapSocket(kTrapPort);
   if (socket == -EACCES) return kPortNotPermitted;
   if (socket == -EADDRINUSE) return kPortInUse;
@@ -49,6 +49,6 @@ PortHelperExit Run(int argument_count) {
 }  // namespace
 }  // namespace sentrel
 
-int main(int argument_count, char**) {
-  return sentrel::Run(argument_count);
+int main(int argumentCount, char**) {
+  return sentrel::Run(argumentCount);
 }

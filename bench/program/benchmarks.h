@@ -1,0 +1,27 @@
+#pragma once
+
+namespace sentrel::bench {
+
+/// Each runs one benchmark, prints its figures and what they measure, and returns the process's
+/// exit code. A QApplication must exist where a window is part of it.
+
+/// Processor time a trap at 20,000 traps a second, window included, against snmptrapd and against
+/// the bare receive path.
+int RunCost();
+/// Highest rate that is received for ten seconds without loss, against snmptrapd.
+int RunRate();
+/// 200,000 traps as fast as they can be sent.
+int RunBurst();
+/// From a menu click to the menu on the screen, and from a key press to the moved selection, while
+/// 20,000 traps a second come in.
+int RunResponse();
+/// Processor time a trap as bindings, filters and distinct OIDs grow, and memory as traps do.
+int RunGrowth();
+/// From the start of the process to listening, against a bare window of the same toolkit.
+int RunStart();
+
+/// The two processes that RunStart compares. Each says "ready" on standard output and ends.
+int StartProgram();
+int StartBareWindow();
+
+}  // namespace sentrel::bench

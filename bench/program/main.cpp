@@ -1,0 +1,32 @@
+// bench_program BENCHMARK: figures of the whole program, window included. Run by bench/run on a
+// virtual display.
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+
+#include "benchmarks.h"
+
+int main(int argc, char** argv) {
+  using namespace sentrel::bench;
+  const std::map<std::string, int (*)()> benchmarks = {
+      {"cost", RunCost},
+      {"rate", RunRate},
+      {"burst", RunBurst},
+      {"response", RunResponse},
+      {"growth", RunGrowth},
+      {"start", RunStart},
+      {"start-program", StartProgram},
+      {"start-bare-window", StartBareWindow},
+  };
+  const auto found = benchmarks.find(argc == 2 ? argv[1] : "");
+  if (found == benchmarks.end()) {
+    std::fprintf(stderr, "usage: bench_program cost|rate|burst|response|growth|start\n");
+    return EXIT_FAILURE;
+  }
+  const QApplication application(argc, argv);
+  std::setvbuf(stdout, nullptr, _IOLBF, 0);
+  return found->second();
+}

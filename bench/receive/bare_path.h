@@ -1,0 +1,46 @@
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <filesystem>
+#include <mutex>
+#include <thread>
+
+#include "snmp/net_snmp_listener.h"
+
+namespace sentrel::bench {
+
+/// A listener on a free port whose traps go nowhere: recvmmsg, net-snmp, the queue, and a thread
+/// that only takes the traps off it.
+class BarePath {
+ public:
+  BarePath();
+  ~BarePath();
+  BarePath(const BarePath&) = delete;
+  BarePath& operator=(const BarePath&) = delete;
+
+  std::uint16_t Port() const { return listener_.Port(); }
+  std::uint64_t Accepted() const { return listener_.Counters().Of(Outcome::kAccepted); }
+  /// Waits until nothing more arrives.
+  void Settle() const;
+
+ private:
+  class Nowhere : public TrapObserver {
+   public:
+    void OnTrap(Trap) override {}
+  };
+  void Wake();
+  void Run();
+
+  Nowhere observer_;
+  std::filesystem::path state_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  bool awake_ = false;
+  std::atomic<bool> done_ = false;
+  NetSnmpListener listener_;
+  std::thread thread_;
+};
+
+}  // namespace sentrel::bench

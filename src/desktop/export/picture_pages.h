@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QImage>
+
+#include "desktop/export/pages.h"
+#include "platform/engine.h"
+
+namespace sentrel {
+
+/// A picture in the middle of one page, as large as fits but never enlarged.
+class PicturePages : public Pages {
+ public:
+  explicit PicturePages(QImage image) : image_(std::move(image)) {}
+
+  void LayOut(QPagedPaintDevice& device, Progress& progress) override;
+  int Count() const override { return 1; }
+  void Paint(QPainter& painter, int page) const override;
+
+ private:
+  QImage image_;
+  QRectF place_;
+};
+
+/// A copy. Throws Failure where the sizes do not fit the pixels.
+QImage ToImage(const Picture& picture);
+
+/// Whether this system writes pictures of a format, named by its file extension in any case.
+bool CanWriteImage(const std::string& format);
+/// The extension, in lower case, of the format to write: PNG in place of one that cannot be
+/// written.
+QString ImageExtension(const std::string& format);
+/// The bytes of a file. Throws Failure.
+QByteArray EncodeImage(const QImage& image, const QString& extension);
+
+}  // namespace sentrel

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QHeaderView>
+#include <QStandardItemModel>
+#include <QTimer>
+
+#include "controls/table.h"
+#include "desktop/table/frame_pacer.h"
+#include "desktop/table/row_layouts.h"
+#include "desktop/table/row_scroller.h"
+
+namespace sentrel {
+
+/// Shows a Table and turns mouse and keys into changes of its selection and its column widths.
+/// It paints at most once per frame, and only the rows that are seen.
+class TableView : public QAbstractScrollArea, private TableObserver {
+  Q_OBJECT
+ public:
+  /// The table must outlive the view.
+  explicit TableView(Table& table, QWidget* parent = nullptr);
+  ~TableView() override;
+
+  const Table& Content() const { return table_; }
+  QHeaderView* Header() const { return header_; }
+  /// Where a cell stands in the viewport; a rectangle outside it for a row that is not seen.
+  QRect CellRect(int row, int col);
+  /// The data row at a height of the viewport, the nearest where there is none; 0 without rows.
+  int RowAt(int y) const { return scroller_.RowAt(y); }
+  int BottomRow() const { return scroller_.BottomRow(); }
+
+  /// How Table::MouseDown numbers the right button.
+  static constexpr int kRightButton = 2;
+
+ signals:
+  /// The user asks for the context menu by key; it belongs at this place of the viewport.
+  void MenuKeyPressed(const QPoint& place);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void RowInserted(int row) override { scroller_.RowInserted(row); }
+  void RowRemoved(int row) override { scroller_.RowRemoved(row); }
+  void TableChanged() override;
+
+  void SetUpHeader();
+  void SyncTitles();
+  void SyncPlaces();
+  void SyncColumns();
+  void SyncScrollBars();
+  /// Has the view painted in the next turn of the event loop. What the user does asks for it
+  /// itself, since the pacer takes its time in a storm.
+  void RunFrame();
+  void PaintRow(QPainter& painter, int row, int top);
+  void PaintCell(QPainter& painter, const QRect& cell, const QStringList& lines,
+                 Alignment alignment);
+  void PaintEmpty(QPainter& painter);
+  bool IsSelected(int row) const;
+  void MoveCursorTo(int row, bool extend);
+  int KeyTarget(int key) const;
+  void PressMenuKey();
+  void DragTo(int y);
+
+  Table& table_;
+  QHeaderView* header_;
+  QStandardItemModel titles_;
+  RowLayouts layouts_;
+  RowScroller scroller_;
+  FramePacer pacer_;
+  QTimer dragScroll_;
+  bool syncing_ = false;
+};
+
+}  // namespace sentrel

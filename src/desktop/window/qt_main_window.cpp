@@ -1,0 +1,116 @@
+#include "desktop/window/qt_main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QStatusBar>
+
+#include "common/failure.h"
+
+/// The linker leaves out the resources of a static library unless they are asked for, from outside
+/// any namespace.
+static void LoadResources() {
+  Q_INIT_RESOURCE(desktop);
+}
+
+namespace sentrel {
+namespace {
+
+constexpr int kStatusMargin = 4;
+
+}  // namespace
+
+QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
+    : table_(table),
+      status_(status),
+      inner_(new QWidget(this)),
+      view_(new TableView(table, inner_)) {
+  LoadResources();
+  tools_ = new QtToolBars(toolBars, *this);
+  setObjectName("MainForm");
+  QApplication::setWindowIcon(QIcon(kProgramIcon));
+  setCentralWidget(inner_);
+  inner_->installEventFilter(this);
+  statusBar()->setObjectName("StatusBar");
+  auto* statusText = new QLabel;
+  statusText->setContentsMargins(kStatusMargin, 0, 0, 0);
+  statusBar()->addWidget(statusText, 1);
+  status_.SetObserver([this] { ShowStatus(); });
+  connect(view_, &TableView::MenuKeyPressed, this, &QtMainWindow::PressRightButtonAt);
+  const QSize room = screen()->availableSize();
+  resize(QSize(1100, 640).boundedTo(room));
+  view_->setFocus();
+}
+
+QtMainWindow::~QtMainWindow() {
+  status_.SetObserver(nullptr);
+}
+
+void QtMainWindow::ShowStatus() {
+  statusBar()->findChild<QLabel*>()->setText(QString::fromStdString(status_.Text()));
+}
+
+void QtMainWindow::PressRightButtonAt(const QPoint& place) {
+  tools_->SetPopupPlace(view_->viewport()->mapToGlobal(place));
+  table_.MouseDown(TableView::kRightButton, 0, place.x(), place.y());
+  tools_->SetPopupPlace(std::nullopt);
+}
+
+void QtMainWindow::SetCaption(const std::string& caption) {
+  setWindowTitle(QString::fromStdString(caption));
+}
+
+void QtMainWindow::SetHelpContext(int number) {
+  setProperty("helpContext", number);
+}
+
+int QtMainWindow::TextWidth(const std::string& text) const {
+  return fontMetrics().horizontalAdvance(QString::fromStdString(text));
+}
+
+int QtMainWindow::TextHeight(const std::string&) const {
+  return fontMetrics().height();
+}
+
+int QtMainWindow::InnerWidth() const {
+  return inner_->width();
+}
+
+int QtMainWindow::InnerHeight() const {
+  return inner_->height() + StatusBarHeight();
+}
+
+int QtMainWindow::StatusBarHeight() const {
+  return statusBar()->height();
+}
+
+void QtMainWindow::MoveTable(const Area& area) {
+  if (area.width < 0 || area.height < 0) throw Failure("The window has no room for the table.");
+  view_->setGeometry(area.left, area.top, area.width, area.height);
+}
+
+void QtMainWindow::Show() {
+  show();
+}
+
+void QtMainWindow::Unload() {
+  if (!unloaded_) {
+    unloaded_ = true;
+    if (events_) events_->Form_Unload();
+  }
+  hide();
+  QApplication::quit();
+}
+
+void QtMainWindow::closeEvent(QCloseEvent* event) {
+  Unload();
+  event->accept();
+}
+
+bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == inner_ && event->type() == QEvent::Resize && events_) events_->Form_Resize();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace sentrel
