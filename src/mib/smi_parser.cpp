@@ -91,7 +91,7 @@ bool Parser::FindModule() {
   reader_.SetStrings(false);
   Token name = nextName_;
   nextName_ = {};
-  int depth = 0;
+  Token beforeBrace;
   while (!reader_.AtEnd()) {
     const Token token = reader_.Take();
     if (token.Is(Keyword::Definitions) && IsName(name) && SkipToBegin()) {
@@ -101,13 +101,9 @@ bool Parser::FindModule() {
       return true;
     }
     // The module's own OID may stand between its name and the keyword.
-    if (token.IsMark('{')) ++depth;
-    if (token.IsMark('}') && depth > 0) {
-      --depth;
-    } else if (token.kind == TokenKind::Word && depth == 0) {
-      name = token;
-    }
-    if (depth > 8) depth = 0;
+    if (token.IsMark('{')) beforeBrace = name;
+    if (token.IsMark('}')) name = beforeBrace;
+    if (token.kind == TokenKind::Word) name = token;
   }
   return false;
 }

@@ -11,6 +11,7 @@
 #include "mib/image_cache.h"
 #include "mib/image_writer.h"
 #include "mib/lookup.h"
+#include "mib/whole_file.h"
 #include "workshop.h"
 
 namespace sentrel::mib {
@@ -113,6 +114,42 @@ TEST(Image, AForgedImageNeverCrashes) {
                image);
     }
   }
+}
+
+TEST(Image, EveryNodeOfALargeOneIsFound) {
+  const auto image = Open(LargeImage());
+  for (int i = 1; i <= 8000; ++i) {
+    const std::string n = std::to_string(i);
+    const Lookup found = LookUp(*image, "1.7." + n + ".3.4");
+    ASSERT_EQ(found.name, "x" + n + ".3.4");
+    ASSERT_EQ(LabelOf(*image, *found.type, 2), "down" + n + "(2)");
+  }
+  EXPECT_EQ(LookUp(*image, "1.7.8001").name, "1.7.8001");
+}
+
+TEST(WholeFile, TakesThePlaceOfTheOldOneOrLeavesIt) {
+  const Workshop workshop;
+  const std::string path = workshop.Path("deep/er/file");
+  WriteWhole(path, "old");
+  const std::ifstream reader(path);
+  WriteWhole(path, "");
+  EXPECT_EQ(Contents(path), "");
+  const std::string large(5'000'000, 'x');
+  WriteWhole(path, large);
+  EXPECT_EQ(Contents(path), large);
+  std::stringstream seen;
+  seen << reader.rdbuf();
+  EXPECT_EQ(seen.str(), "old");
+
+  std::filesystem::create_directory(workshop.Path("folder"));
+  for (const char* refused : {"folder", "deep/er/file/below"}) {
+    EXPECT_THROW(WriteWhole(workshop.Path(refused), "x"), Failure) << refused;
+  }
+  size_t left = 0;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(workshop.Path(""))) {
+    if (entry.is_regular_file()) ++left;
+  }
+  EXPECT_EQ(left, 1);
 }
 
 TEST(ImageCache, CompilesOnceAndAgainWhenAnythingHasChanged) {

@@ -160,6 +160,105 @@ TEST(Lenient, ANameThatStandsTwiceKeepsBothAndTheRest) {
   EXPECT_THAT(compiled.Messages(), ElementsAre("1:3: 'x' has another OID in the same module"));
 }
 
+/// Clauses that the database does not need, right and wrong ones: the definition around them and
+/// the one behind it are understood without a word.
+TEST(Lenient, PassesOverClauses) {
+  const char* clauses[] = {
+      "MAX-ACESS read-only STAUS curent",
+      "ACCESS not-accessible STATUS deprecated",
+      "UNITS \"1/10 \xB0"
+      "C\" REFERENCE \"RFC 1 -- section 2\"",
+      "INDEX { IMPLIED a, INTEGER (0..7), b }",
+      "AUGMENTS { other }",
+      "DEFVAL { 'c0a80001'H }",
+      "DEFVAL { { low, high } }",
+      "DEFVAL { -1 } DEFVAL { \"}\" }",
+      "DEFVAL { other.1 } -- { -- ",
+      "DESCRIPTION \"BEGIN x OBJECT-TYPE END ::= { } -- it's\"",
+      "DESCRIPTION 'single' STATUS current",
+      "WRITE-SYNTAX INTEGER { never(9) }",
+      "MIN-ACCESS read-only SYNTAX INTEGER { second(2) }",
+  };
+  for (const std::string clause : clauses) {
+    const Compiled compiled({InModule("x OBJECT-TYPE SYNTAX INTEGER { on(1) } " + clause +
+                                      "\n::= { iso 4 }\n" + kState)});
+    EXPECT_EQ(compiled.Labels("1.4"), "on(1)") << clause;
+    EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << clause;
+    EXPECT_THAT(compiled.Messages(), IsEmpty()) << clause;
+  }
+}
+
+/// Macros that define a node, with clauses in which other definitions are named.
+TEST(Lenient, KnowsAllMacros) {
+  const char* macros[] = {
+      "MODULE-IDENTITY LAST-UPDATED \"9901010000Z\" ORGANIZATION \"o\" REVISION \"9901010000Z\"",
+      "OBJECT-IDENTITY STATUS current DESCRIPTION \"d\"",
+      "NOTIFICATION-TYPE OBJECTS { state, other } STATUS current",
+      "OBJECT-GROUP OBJECTS { state } STATUS current",
+      "NOTIFICATION-GROUP NOTIFICATIONS { other } STATUS current",
+      "MODULE-COMPLIANCE STATUS current MODULE MANDATORY-GROUPS { g }\n"
+      "  GROUP g DESCRIPTION \"\" OBJECT state SYNTAX INTEGER { up(1) } MIN-ACCESS read-only",
+      "AGENT-CAPABILITIES PRODUCT-RELEASE \"1\" SUPPORTS B-MIB INCLUDES { g }\n"
+      "  VARIATION state SYNTAX INTEGER { up(1) } ACCESS read-only CREATION-REQUIRES { state }",
+  };
+  for (const std::string macro : macros) {
+    const Compiled compiled({InModule("x " + macro + "\n  ::= { iso 4 }\n" + kState)});
+    EXPECT_EQ(compiled.Name("1.4"), "x") << macro;
+    EXPECT_EQ(compiled.Labels("1.4"), "") << macro;
+    EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << macro;
+    EXPECT_THAT(compiled.Messages(), IsEmpty()) << macro;
+  }
+}
+
+/// A value of an OID in the forms in which makers write it.
+TEST(Lenient, ReadsOids) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"{ top 1 2 }", "1.9.1.2"},
+      {"{ top 1, 2 }", "1.9.1.2"},
+      {"{ top a(1) b(2) }", "1.9.1.2"},
+      {"{top 4294967295}", "1.9.4294967295"},
+      {"{ 1 9 3 }", "1.9.3"},
+      {"{ iso(1) 9 3 }", "1.9.3"},
+      {"{ iso x(9) 3 }", "1.9.3"},
+      {"{ A-MIB.top 3 }", "1.9.3"},
+      {"{ iso 9 top 5 }", "1.9.5"},
+      {"{ top(9) 5 }", "1.9.5"},
+      {"{ joint-iso-itu-t 5 }", "2.5"},
+      {"{ ccitt data(9) }", "0.9"},
+      {"top", "1.9"},
+      {"{\n-- a comment\n top\t7\n}", "1.9.7"},
+  };
+  for (const auto& [value, oid] : cases) {
+    const Compiled compiled(
+        {InModule("top OBJECT IDENTIFIER ::= { iso 9 }\n"
+                  "x OBJECT-IDENTITY ::= " +
+                  std::string(value) + "\n" + kState)});
+    EXPECT_EQ(compiled.Name(oid), "x") << value;
+    EXPECT_EQ(compiled.Name("1.7"), "state") << value;
+    EXPECT_THAT(compiled.Messages(), IsEmpty()) << value;
+  }
+}
+
+TEST(Lenient, AFileMayHoldManyModules) {
+  std::string text = "Cut here -------\n";
+  for (int i = 1; i <= 30; ++i) {
+    const std::string n = std::to_string(i);
+    text += ModuleText(
+                "M" + n + "-MIB",
+                "m" + n + " OBJECT IDENTIFIER ::= { " +
+                    (i == 1 ? "iso" : "m" + std::to_string(i - 1)) + " 2 }",
+                i == 1 ? ""
+                       : "m" + std::to_string(i - 1) + " FROM M" + std::to_string(i - 1) + "-MIB") +
+            "\n[Page " + n + "]\n\f\nRFC \"1\" {it's\n";
+  }
+  const Compiled compiled({text});
+  EXPECT_EQ(compiled.Name("1.2.2.2"), "m3");
+  std::string deepest = "1";
+  for (int i = 0; i < 30; ++i) deepest += ".2";
+  EXPECT_EQ(compiled.Name(deepest + ".0"), "m30.0");
+  EXPECT_THAT(compiled.Messages(), IsEmpty());
+}
+
 TEST(Lenient, ModulesWithoutAnEndOrWithoutASemicolon) {
   const Compiled noEnd({"A-MIB DEFINITIONS ::= BEGIN\na OBJECT IDENTIFIER ::= { iso 1 }\n" +
                         ModuleText("B-MIB", kState)});
