@@ -63,7 +63,7 @@ constexpr Entry kKeywords[] = {
 constexpr size_t kSlots = 256;
 
 constexpr size_t SlotOf(std::string_view word) {
-  const auto letter = [](char c) { return static_cast<unsigned char>(c); };
+  const auto letter = [](char c) { return static_cast<size_t>(static_cast<unsigned char>(c)); };
   return (word.size() * 37 + letter(word.front()) * 5 + letter(word.back()) * 3) % kSlots;
 }
 

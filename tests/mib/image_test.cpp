@@ -33,8 +33,8 @@ std::string LargeImage() {
   std::string text;
   for (int i = 1; i <= 8000; ++i) {
     const std::string n = std::to_string(i);
-    text += "x" + n + " OBJECT-TYPE SYNTAX INTEGER { up(1), down" + n + "(2) } ::= { iso 7 " + n +
-            " }\n";
+    text.append("x").append(n).append(" OBJECT-TYPE SYNTAX INTEGER { up(1), down").append(n);
+    text.append("(2) } ::= { iso 7 ").append(n).append(" }\n");
   }
   const Workshop workshop;
   Collection collection({workshop.Write("a", ModuleText("A-MIB", text))}, {});
