@@ -1,4 +1,5 @@
-// From a datagram to a trap: whatever arrives, the parser survives and what it hands on is whole.
+// From a datagram to a trap: whatever arrives, the parser survives, what it hands on is whole, and
+// a plain trap reads as the SNMP library reads it.
 
 #include <cstdint>
 #include <cstdlib>

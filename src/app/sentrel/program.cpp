@@ -16,7 +16,7 @@ namespace {
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
 /// So many gather before they are handled that a storm does not cost a turn of the event loop for
 /// each, and so few that a frame is never late.
-constexpr std::chrono::milliseconds kDeliveryRest{5};
+constexpr std::chrono::milliseconds kDeliveryRest{15};
 
 /// The SNMP library would make the folder readable to its user alone, but the machine's options in
 /// it are for all users.
