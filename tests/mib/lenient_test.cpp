@@ -121,8 +121,8 @@ TEST(Lenient, AForgottenQuotationMarkCostsNoDefinition) {
   };
   for (const std::string& text : open) {
     for (const std::string& more :
-         {after, after + "e OBJECT-IDENTITY REFERENCE \"e\" ::= { c 1 }\n" + after}) {
-      const Compiled compiled({InModule(before + text + more)});
+         {after, Join({after, "e OBJECT-IDENTITY REFERENCE \"e\" ::= { c 1 }\n", after})}) {
+      const Compiled compiled({InModule(Join({before, text, more}))});
       EXPECT_EQ(compiled.Name("1.1"), "a") << text;
       EXPECT_EQ(compiled.Labels("1.4"), "on(1)") << text;
       EXPECT_EQ(compiled.Name("1.5"), "c") << text;
@@ -166,8 +166,7 @@ TEST(Lenient, PassesOverClauses) {
   const char* clauses[] = {
       "MAX-ACESS read-only STAUS curent",
       "ACCESS not-accessible STATUS deprecated",
-      "UNITS \"1/10 \xB0"
-      "C\" REFERENCE \"RFC 1 -- section 2\"",
+      "UNITS \"1/10 \xB0 C\" REFERENCE \"RFC 1 -- section 2\"",
       "INDEX { IMPLIED a, INTEGER (0..7), b }",
       "AUGMENTS { other }",
       "DEFVAL { 'c0a80001'H }",
@@ -179,9 +178,9 @@ TEST(Lenient, PassesOverClauses) {
       "WRITE-SYNTAX INTEGER { never(9) }",
       "MIN-ACCESS read-only SYNTAX INTEGER { second(2) }",
   };
-  for (const std::string clause : clauses) {
-    const Compiled compiled({InModule("x OBJECT-TYPE SYNTAX INTEGER { on(1) } " + clause +
-                                      "\n::= { iso 4 }\n" + kState)});
+  for (const char* clause : clauses) {
+    const Compiled compiled({InModule(
+        Join({"x OBJECT-TYPE SYNTAX INTEGER { on(1) } ", clause, "\n::= { iso 4 }\n", kState}))});
     EXPECT_EQ(compiled.Labels("1.4"), "on(1)") << clause;
     EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << clause;
     EXPECT_THAT(compiled.Messages(), IsEmpty()) << clause;
@@ -201,8 +200,8 @@ TEST(Lenient, KnowsAllMacros) {
       "AGENT-CAPABILITIES PRODUCT-RELEASE \"1\" SUPPORTS B-MIB INCLUDES { g }\n"
       "  VARIATION state SYNTAX INTEGER { up(1) } ACCESS read-only CREATION-REQUIRES { state }",
   };
-  for (const std::string macro : macros) {
-    const Compiled compiled({InModule("x " + macro + "\n  ::= { iso 4 }\n" + kState)});
+  for (const char* macro : macros) {
+    const Compiled compiled({InModule(Join({"x ", macro, "\n  ::= { iso 4 }\n", kState}))});
     EXPECT_EQ(compiled.Name("1.4"), "x") << macro;
     EXPECT_EQ(compiled.Labels("1.4"), "") << macro;
     EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << macro;
@@ -243,13 +242,12 @@ TEST(Lenient, AFileMayHoldManyModules) {
   std::string text = "Cut here -------\n";
   for (int i = 1; i <= 30; ++i) {
     const std::string n = std::to_string(i);
-    text += ModuleText(
-                "M" + n + "-MIB",
-                "m" + n + " OBJECT IDENTIFIER ::= { " +
-                    (i == 1 ? "iso" : "m" + std::to_string(i - 1)) + " 2 }",
-                i == 1 ? ""
-                       : "m" + std::to_string(i - 1) + " FROM M" + std::to_string(i - 1) + "-MIB") +
-            "\n[Page " + n + "]\n\f\nRFC \"1\" {it's\n";
+    const std::string last = std::to_string(i - 1);
+    const std::string parent = i == 1 ? "iso" : Join({"m", last});
+    text += ModuleText(Join({"M", n, "-MIB"}),
+                       Join({"m", n, " OBJECT IDENTIFIER ::= { ", parent, " 2 }"}),
+                       i == 1 ? "" : Join({parent, " FROM M", last, "-MIB"}));
+    text += Join({"\n[Page ", n, "]\n\f\nRFC \"1\" {it's\n"});
   }
   const Compiled compiled({text});
   EXPECT_EQ(compiled.Name("1.2.2.2"), "m3");

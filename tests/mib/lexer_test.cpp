@@ -86,6 +86,7 @@ TEST(Lexer, GoesBackToAToken) {
   const std::string text = "a \"b\" 'c'H d";
   Lexer lexer(text, {});
   std::vector<Token> tokens;
+  tokens.reserve(4);
   for (int i = 0; i < 4; ++i) tokens.push_back(lexer.Next());
   for (const Token& token : tokens) {
     lexer.MoveTo(token.offset);
