@@ -95,9 +95,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   sentrel::Datagram datagram{.bytes = {data, size}, .peer = {}};
   datagram.peer.remote.v4.sin_family = AF_INET;
   datagram.peer.remoteLength = sizeof(sockaddr_in);
-  if (const auto plain = sentrel::ReadPlainTrap(datagram)) {
+  if (sentrel::Trap plain; ReadPlainTrap(datagram, plain)) {
     Require(all.parser.ParseByLibrary(datagram) == sentrel::Outcome::kAccepted);
-    Require(all.last == *plain);
+    Require(all.last == plain);
   }
   all.parser.Parse(datagram);
   return 0;

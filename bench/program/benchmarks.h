@@ -20,8 +20,9 @@ int RunGrowth();
 /// From the start of the process to listening, against a bare window of the same toolkit.
 int RunStart();
 
-/// The two processes that RunStart compares. Each says "ready" on standard output and ends.
+/// What the others start as processes of their own: the bare receive path, which prints what a trap
+/// costs it, in microseconds, and the program, which says "ready" when it listens, and ends.
+int RunBareCost();
 int StartProgram();
-int StartBareWindow();
 
 }  // namespace sentrel::bench

@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
       {"growth", RunGrowth},
       {"start", RunStart},
       {"start-program", StartProgram},
-      {"start-bare-window", StartBareWindow},
+      {"bare-cost", RunBareCost},
   };
   const auto found = benchmarks.find(argc == 2 ? argv[1] : "");
   if (found == benchmarks.end()) {

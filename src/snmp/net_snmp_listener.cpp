@@ -87,6 +87,7 @@ std::string NetSnmpListener::LocalText2() const {
 
 bool NetSnmpListener::TakeNext(Trap& trap) {
   if (next_ == taken_.size()) {
+    queue_.Recycle(used_);
     queue_.Take(kTakenAtOnce, taken_);
     next_ = 0;
   }
@@ -101,6 +102,7 @@ bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
   Trap trap;
   while (TakeNext(trap)) {
     observer_.OnTrap(trap);
+    used_.push_back(std::move(trap));
     if (Clock::now() >= end) break;
   }
   return Waiting() > 0;

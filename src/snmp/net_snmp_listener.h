@@ -90,6 +90,8 @@ class NetSnmpListener final : public SNMP {
   /// Taken off the queue, from next_ on not yet delivered.
   std::vector<Trap> taken_;
   std::size_t next_ = 0;
+  /// Delivered, to be recycled.
+  std::vector<Trap> used_;
   std::unique_ptr<SnmpLibrary> library_;
   std::unique_ptr<Receiver> receiver_;
 };

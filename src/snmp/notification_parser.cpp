@@ -121,8 +121,8 @@ NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport
 }
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
-  if (auto trap = ReadPlainTrap(datagram)) {
-    return sink_(*trap) ? Outcome::kAccepted : Outcome::kQueueFull;
+  if (ReadPlainTrap(datagram, plain_)) {
+    return sink_(plain_) ? Outcome::kAccepted : Outcome::kQueueFull;
   }
   return ParseByLibrary(datagram);
 }

@@ -16,7 +16,8 @@ namespace sentrel {
 /// one thread; needs a living SnmpLibrary.
 class NotificationParser {
  public:
-  /// Takes a notification, moving from it, and returns true; or leaves it and returns false. An
+  /// Takes a notification, leaving any other trap in its place, and returns true; or leaves it and
+  /// returns false. An
   /// inform that is not taken is not acknowledged, so that its sender tries again.
   using Sink = std::function<bool(Trap&)>;
   /// Sends an answer; returns whether that went well.
@@ -60,6 +61,7 @@ class NotificationParser {
   void* session_ = nullptr;
   netsnmp_large_fd_set ready_;
   const Datagram* current_ = nullptr;
+  Trap plain_;
   Outcome outcome_ = Outcome::kMalformed;
   std::uint64_t answeredInforms_ = 0;
 };

@@ -50,8 +50,18 @@ std::string HexText(Octets octets) {
 
 }  // namespace
 
+void OctetText(Octets octets, std::string& text) {
+  if (IsText(octets)) {
+    text.assign(octets.begin(), octets.end());
+  } else {
+    text = HexText(octets);
+  }
+}
+
 std::string OctetText(Octets octets) {
-  return IsText(octets) ? std::string(octets.begin(), octets.end()) : HexText(octets);
+  std::string text;
+  OctetText(octets, text);
+  return text;
 }
 
 }  // namespace sentrel

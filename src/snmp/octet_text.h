@@ -10,4 +10,7 @@ namespace sentrel {
 /// CR and LF; else "0x" and two upper-case hexadecimal digits for each.
 std::string OctetText(std::span<const std::uint8_t> octets);
 
+/// The same, in place of what stands in the text.
+void OctetText(std::span<const std::uint8_t> octets, std::string& text);
+
 }  // namespace sentrel

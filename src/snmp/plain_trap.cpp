@@ -2,9 +2,9 @@
 
 #include <array>
 #include <charconv>
+#include <optional>
 #include <span>
 #include <string>
-#include <utility>
 
 #include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
@@ -68,83 +68,89 @@ std::optional<Bytes> TakeLast(Tag tag, Bytes bytes) {
   return bytes.empty() ? content : std::nullopt;
 }
 
-std::optional<std::string> SignedText(Bytes content) {
-  if (content.empty() || content.size() > 4) return std::nullopt;
+/// Each of these replaces the text, and returns false for content that is not plain.
+bool SignedText(Bytes content, std::string& text) {
+  if (content.empty() || content.size() > 4) return false;
   std::uint32_t value = content[0] >= 0x80 ? ~0U : 0;
   for (const std::uint8_t byte : content) value = value << 8 | byte;
-  return std::to_string(static_cast<std::int32_t>(value));
+  text = std::to_string(static_cast<std::int32_t>(value));
+  return true;
 }
 
 /// A number whose first bit is set is negative by the rules, and senders differ on what they mean
 /// by it.
-std::optional<std::string> UnsignedText(Bytes content) {
+bool UnsignedText(Bytes content, std::string& text) {
   const bool wide = content.size() == 5 && content[0] == 0;
-  if (content.empty() || (content.size() > 4 && !wide) || content[0] >= 0x80) return std::nullopt;
+  if (content.empty() || (content.size() > 4 && !wide) || content[0] >= 0x80) return false;
   std::uint32_t value = 0;
   for (const std::uint8_t byte : content) value = value << 8 | byte;
-  return std::to_string(value);
+  text = std::to_string(value);
+  return true;
 }
 
-std::optional<std::string> OidText(Bytes content) {
+bool OidText(Bytes content, std::string& text) {
   // Below 1., as all of the field's.
-  if (content.empty() || content[0] < 40 || content[0] >= 80) return std::nullopt;
-  std::array<char, kMostSubIdentifiers * kLongestSubIdentifier> text;
-  if (content.size() > kMostSubIdentifiers - 1) return std::nullopt;
-  char* end = text.data();
+  if (content.empty() || content[0] < 40 || content[0] >= 80) return false;
+  if (content.size() > kMostSubIdentifiers - 1) return false;
+  std::array<char, kMostSubIdentifiers * kLongestSubIdentifier> buffer;
+  char* const limit = buffer.data() + buffer.size();
+  char* end = buffer.data();
   *end++ = '1';
   *end++ = '.';
-  end = std::to_chars(end, text.data() + text.size(), content[0] - 40).ptr;
+  end = std::to_chars(end, limit, content[0] - 40).ptr;
   std::uint64_t part = 0;
   bool begun = false;
   for (const std::uint8_t byte : content.subspan(1)) {
-    if (!begun && byte == 0x80) return std::nullopt;
+    if (!begun && byte == 0x80) return false;
     part = part << 7 | (byte & 0x7FU);
     begun = byte >= 0x80;
-    if (part > 0xFFFF'FFFF) return std::nullopt;
+    if (part > 0xFFFF'FFFF) return false;
     if (begun) continue;
     *end++ = '.';
-    end = std::to_chars(end, text.data() + text.size(), part).ptr;
+    end = std::to_chars(end, limit, part).ptr;
     part = 0;
   }
-  if (begun) return std::nullopt;
-  return std::string(text.data(), end);
+  text.assign(buffer.data(), end);
+  return !begun;
 }
 
-std::optional<std::string> ValueText(const Element& value) {
+bool IpText(Bytes content, std::string& text) {
+  if (content.size() != 4) return false;
+  text = DottedQuadText(content.first<4>());
+  return true;
+}
+
+bool ValueText(const Element& value, std::string& text) {
   switch (value.tag) {
     case kInteger:
-      return SignedText(value.content);
+      return SignedText(value.content, text);
     case kCounter32:
     case kGauge32:
     case kTimeTicks:
-      return UnsignedText(value.content);
+      return UnsignedText(value.content, text);
     case kOctets:
-      return OctetText(value.content);
+      OctetText(value.content, text);
+      return true;
     case kOid:
-      return OidText(value.content);
+      return OidText(value.content, text);
     case kIpAddress:
-      if (value.content.size() != 4) return std::nullopt;
-      return DottedQuadText(value.content.first<4>());
+      return IpText(value.content, text);
     case kNull:
-      return value.content.empty() ? std::optional<std::string>("") : std::nullopt;
+      text.clear();
+      return value.content.empty();
     default:
-      return std::nullopt;
+      return false;
   }
 }
 
-bool AppendBinding(Bytes& bindings, Trap& trap) {
+bool TakeBinding(Bytes& bindings, std::string& id, int& type, std::string& text) {
   auto binding = Take(kSequence, bindings);
   if (!binding) return false;
   const auto name = Take(kOid, *binding);
   const auto value = Take(*binding);
   if (!name || !value || !binding->empty()) return false;
-  auto id = OidText(*name);
-  auto text = ValueText(*value);
-  if (!id || !text) return false;
-  trap.OIDs.push_back(std::move(*id));
-  trap.DataTypes.push_back(value->tag);
-  trap.Values.push_back(std::move(*text));
-  return true;
+  type = value->tag;
+  return OidText(*name, id) && ValueText(*value, text);
 }
 
 /// The bindings of a trap's PDU, behind request ID, error status and error index.
@@ -162,30 +168,32 @@ std::size_t CountOf(Bytes bindings) {
   return count;
 }
 
+bool ReadBindings(Bytes bindings, Trap& trap) {
+  const std::size_t count = CountOf(bindings);
+  trap.OIDs.resize(count);
+  trap.DataTypes.resize(count);
+  trap.Values.resize(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (!TakeBinding(bindings, trap.OIDs[i], trap.DataTypes[i], trap.Values[i])) return false;
+  }
+  return bindings.empty();
+}
+
 }  // namespace
 
-std::optional<Trap> ReadPlainTrap(const Datagram& datagram) {
+bool ReadPlainTrap(const Datagram& datagram, Trap& trap) {
   auto message = TakeLast(kSequence, datagram.bytes);
-  if (!message) return std::nullopt;
+  if (!message) return false;
   const auto version = Take(kInteger, *message);
-  if (!version || version->size() != 1 || (*version)[0] != kVersion2c) return std::nullopt;
+  if (!version || version->size() != 1 || (*version)[0] != kVersion2c) return false;
   const auto community = Take(kOctets, *message);
-  if (!community || community->size() > kLongestCommunity) return std::nullopt;
+  if (!community || community->size() > kLongestCommunity) return false;
   const auto pdu = TakeLast(kTrapV2, *message);
-  auto bindings = pdu ? Bindings(*pdu) : std::nullopt;
-  if (!bindings) return std::nullopt;
-
-  Trap trap;
+  const auto bindings = pdu ? Bindings(*pdu) : std::nullopt;
+  if (!bindings) return false;
   AddressText(datagram.peer, trap.SourceAddress);
-  trap.Community = OctetText(*community);
-  const std::size_t count = CountOf(*bindings);
-  trap.OIDs.reserve(count);
-  trap.DataTypes.reserve(count);
-  trap.Values.reserve(count);
-  while (!bindings->empty()) {
-    if (!AppendBinding(*bindings, trap)) return std::nullopt;
-  }
-  return trap;
+  OctetText(*community, trap.Community);
+  return ReadBindings(*bindings, trap);
 }
 
 }  // namespace sentrel

@@ -1,6 +1,7 @@
 #include "snmp/trap_queue.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace sentrel {
@@ -9,6 +10,9 @@ namespace {
 /// Text up to this length lies inside the string itself.
 const std::size_t kInline = std::string().capacity();
 constexpr std::size_t kAllocation = 16;
+/// Traps that wait to be used again: as many as arrive in some tens of milliseconds of a storm.
+constexpr std::size_t kMostSpare = 2'048;
+constexpr std::size_t kLargestSpare = 4'096;  // bytes
 
 std::size_t HeapOf(const std::string& text) {
   return text.capacity() > kInline ? text.capacity() + kAllocation : 0;
@@ -34,6 +38,10 @@ TrapQueue::Pushed TrapQueue::Push(Trap& trap) {
   const bool first = entries_.empty();
   entries_.push_back({std::move(trap), bytes});
   bytes_ += bytes;
+  if (!spare_.empty()) {
+    trap = std::move(spare_.back());
+    spare_.pop_back();
+  }
   return first ? Pushed::kFirst : Pushed::kBehindOthers;
 }
 
@@ -46,6 +54,15 @@ void TrapQueue::Take(std::size_t most, std::vector<Trap>& taken) {
     taken.push_back(std::move(entries_.front().trap));
     entries_.pop_front();
   }
+}
+
+void TrapQueue::Recycle(std::vector<Trap>& used) {
+  std::erase_if(used, [](const Trap& trap) { return MemoryOf(trap) > kLargestSpare; });
+  const std::lock_guard lock(mutex_);
+  const std::size_t room = kMostSpare - std::min(kMostSpare, spare_.size());
+  if (used.size() > room) used.resize(room);
+  std::move(used.begin(), used.end(), std::back_inserter(spare_));
+  used.clear();
 }
 
 std::size_t TrapQueue::Size() const {

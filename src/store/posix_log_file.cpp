@@ -9,7 +9,6 @@
 #include <system_error>
 
 #include "common/failure.h"
-#include "store/write_signals.h"
 
 namespace sentrel {
 namespace {
@@ -34,7 +33,6 @@ void PosixLogFile::Append(const std::string& path, std::string_view entry) {
   const int file =
       open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0644);
   if (file < 0) Fail(path, errno);
-  const WriteSignalsHeld held;
   const ssize_t written = write(file, entry.data(), entry.size());
   const int error = written < 0 ? errno : ENOSPC;
   if (written > 0 && written < static_cast<ssize_t>(entry.size())) TakeBack(file, written);

@@ -56,7 +56,7 @@ RegistryFile::Value RegistryFile::Get(const std::string& key, const std::string&
 
 bool RegistryFile::CanWrite() {
   if (writing_) return true;
-  writing_.emplace();
+  writing_ = true;
   const bool taken = ResultOf([&] {
     if (!Open() && !(Make() && Open())) return false;
     if (!IsWritable()) return false;
@@ -109,7 +109,7 @@ void RegistryFile::Rollback() {
 
 void RegistryFile::EndTransaction() {
   if (db_ && db_->InTransaction()) Attempt([&] { db_->Execute("ROLLBACK"); });
-  writing_.reset();
+  writing_ = false;
 }
 
 void RegistryFile::Close() {

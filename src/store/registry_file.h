@@ -8,7 +8,6 @@
 #include "platform/clock.h"
 #include "platform/registry.h"
 #include "store/database.h"
-#include "store/write_signals.h"
 
 namespace sentrel {
 
@@ -66,8 +65,8 @@ class RegistryFile {
   const Patience& patience_;
   std::unique_ptr<Database> db_;
   std::optional<RegistryBatch> batch_;
-  /// There while a transaction of writes is open.
-  std::optional<WriteSignalsHeld> writing_;
+  /// A transaction of writes is open.
+  bool writing_ = false;
 };
 
 }  // namespace sentrel

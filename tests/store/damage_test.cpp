@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "store/sqlite_registry.h"
+#include "store/write_signals.h"
 #include "store_folder.h"
 
 namespace sentrel {
@@ -117,6 +118,7 @@ TEST_F(Damage, AnEmptyFileAndOneOfOtherTablesTakeOptions) {
 TEST_F(Damage, AFullDiskLosesTheWriteAndNothingElse) {
   const pid_t child = fork();
   if (child == 0) {
+    IgnoreWriteSignals();
     const rlimit limit{1000, 1000};
     setrlimit(RLIMIT_FSIZE, &limit);
     const bool done = Set("x", "new");

@@ -7,6 +7,7 @@
 #include <array>
 #include <fstream>
 
+#include "store/write_signals.h"
 #include "store_folder.h"
 
 namespace sentrel {
@@ -86,6 +87,7 @@ TEST_F(PosixLogFileTest, AFullPipeRefusesAndAReaderThatLeavesEndsNothing) {
 TEST_F(PosixLogFileTest, AFileAtTheSizeLimitLosesTheEntryNotTheProcess) {
   const pid_t child = fork();
   if (child == 0) {
+    IgnoreWriteSignals();
     const rlimit limit{10, 20};
     setrlimit(RLIMIT_FSIZE, &limit);
     const bool within = Append(path_, "12345678\r\n");

@@ -4,8 +4,10 @@
 
 #include "app/program.h"
 #include "desktop/look.h"
+#include "store/write_signals.h"
 
 int main(int argc, char** argv) {
+  sentrel::IgnoreWriteSignals();
   QApplication application(argc, argv);
   sentrel::SetLook();
   sentrel::Program program{sentrel::ProgramOptions{}};
