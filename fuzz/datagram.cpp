@@ -58,8 +58,7 @@ class Rows {
       Require(id.find_first_not_of("0123456789.") == std::string::npos);
     }
     for (const bool raw : {false, true}) {
-      settings_.SetRaw(raw);
-      Require(DescribeTrap(trap, settings_, lookup_).DetailText.starts_with(trap.SourceAddress));
+      Require(DescribeTrap(trap, raw, lookup_).DetailText.starts_with(trap.SourceAddress));
     }
     decoder_.CheckCacheSize();
     const sentrel::Trap again = sentrel::ReadRowRecord(sentrel::RowRecord(trap));

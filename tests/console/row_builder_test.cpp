@@ -112,8 +112,8 @@ TEST_F(RowBuilderTest, AClockThatJumpsChangesTheTimesAndNotTheOrder) {
   }
   ASSERT_EQ(table.Rows(), 5);
   EXPECT_THAT(table.Cell(1, 0), testing::HasSubstr("2:59"));
-  EXPECT_THAT(table.Cell(2, 0), testing::HasSubstr("9999"));
-  EXPECT_THAT(table.Cell(3, 0), testing::HasSubstr("1970"));
+  EXPECT_THAT(table.Cell(2, 0), testing::HasSubstr("Dec-99"));
+  EXPECT_THAT(table.Cell(3, 0), testing::HasSubstr("Jan-70"));
   const std::string& entries = logFile.contents["traps.log"];
   EXPECT_LT(entries.find("15:00:00"), entries.find("00:00:00"));
   EXPECT_LT(entries.find("23:59:59"), entries.find("14:59:59"));
