@@ -7,6 +7,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror
                     -fvisibility=hidden)
 
+# The tables through which a program calls its libraries cannot be written once it runs.
+add_link_options(LINKER:-z,relro LINKER:-z,now)
+
 if(SENTREL_SANITIZE)
   add_compile_options(-fsanitize=${SENTREL_SANITIZE} -fno-omit-frame-pointer
                       -fno-sanitize-recover=all)

@@ -1,4 +1,5 @@
-// An image file with a checksum that fits: whatever stands in it, looking up never leaves it.
+// An image file with checksums that fit, and one with damage: whatever stands in it, looking up
+// never leaves it.
 
 #include <cstdint>
 #include <memory>
@@ -10,17 +11,25 @@
 
 using namespace sentrel::mib;
 
+namespace {
+
+void Search(const Image& image) {
+  for (const char* oid : {"1.7.1.5", "1.3.6.1.2.1.1.3.0", "0.0", "1.4294967295"}) {
+    const Lookup found = LookUp(image, oid);
+    ListOf(image, *found.type);
+    LabelOf(image, *found.type, 1);
+  }
+  for (const auto& module : image.Modules()) image.Entries(module);
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   auto bytes = std::make_shared<std::string>(reinterpret_cast<const char*>(data), size);
   if (size >= sizeof(format::Header)) Seal(*bytes);
-  sentrel::Attempt([&] {
-    const auto image = Image::Over(*bytes, bytes);
-    for (const char* oid : {"1.7.1.5", "1.3.6.1.2.1.1.3.0", "0.0", "1.4294967295"}) {
-      const Lookup found = LookUp(*image, oid);
-      ListOf(*image, *found.type);
-      LabelOf(*image, *found.type, 1);
-    }
-    for (const auto& module : image->Modules()) image->Entries(module);
-  });
+  sentrel::Attempt([&] { Search(*Image::Over(*bytes, bytes)); });
+  // And with a block that does not fit its checksum.
+  if (!bytes->empty()) (*bytes)[size / 2] = static_cast<char>((*bytes)[size / 2] ^ 1);
+  sentrel::Attempt([&] { Search(*Image::Over(*bytes, bytes, DamageCheck::WhenRead)); });
   return 0;
 }

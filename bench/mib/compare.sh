@@ -2,11 +2,13 @@
 # compare.sh SENTREL-MIB FOLDER [TURNS]
 # Loads all modules of FOLDER and of the folders in it with snmptranslate and with sentrel-mib, turn
 # by turn, and prints medians: of the times, of the processor times, and of the ratios within each
-# turn, so that what else the machine does weighs on both alike.
+# turn, so that what else the machine does weighs on both alike. Times are those of whole processes,
+# from their start to their end. Needs `measure`, which is built along with sentrel-mib.
 set -euo pipefail
 mib=$(realpath "$1")
 folder=$(realpath "$2")
 turns=${3:-7}
+measure=$(dirname "$mib")/../bench/measure
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export LC_ALL=C XDG_CACHE_HOME=$work/cache
@@ -14,24 +16,12 @@ export SNMP_PERSISTENT_DIR=$work/peer SNMPCONFPATH=$work/peer MIBS=
 folders=$(find "$folder" -type d | sort | paste -sd:)
 oid=1.3.6.1.2.1.1.3.0
 
-# measure FILE COMMAND...: appends microseconds, seconds of the processors and kilobytes to the file.
-measure() {
-  local file=$1 start end
-  shift
-  start=$(date +%s%N)
-  /usr/bin/time -f '%U %S %M' -o "$work/memory" "$@" >"$work/output" 2>&1 || true
-  end=$(date +%s%N)
-  tail -n 1 "$work/memory" | awk -v wall=$(((end - start) / 1000)) '{ print wall, $1 + $2, $3 }' >>"$file"
-}
-
-"$mib" lookup -M "$folder" $oid >"$work/output"
+"$mib" lookup -M "$folder" $oid >/dev/null
 for _ in $(seq "$turns"); do
-  measure "$work/theirs" snmptranslate -M "$folders" -m ALL -Os $oid
-  measure "$work/cold" "$mib" compile -o "$work/image" "$folder"
-  measure "$work/warm" "$mib" lookup -M "$folder" $oid
-done
-
-paste -d' ' "$work/theirs" "$work/cold" "$work/warm" | awk '
+  "$measure" snmptranslate -M "$folders" -m ALL -Os $oid
+  "$measure" "$mib" compile -o "$work/image" "$folder"
+  "$measure" "$mib" lookup -M "$folder" $oid
+done | paste -d' ' - - - | awk '
   function median(list,   i, j, swap) {
     for (i = 2; i <= NR; i++)
       for (j = i; j > 1 && list[j - 1] > list[j]; j--) {
@@ -43,7 +33,8 @@ paste -d' ' "$work/theirs" "$work/cold" "$work/warm" | awk '
   {
     peer[NR] = $1 / 1000; cold[NR] = $4 / 1000; warm[NR] = $7 / 1000
     coldRatio[NR] = $1 / $4; warmRatio[NR] = $1 / $7
-    peerWork[NR] = $2 * 1000; coldWork[NR] = $5 * 1000; workRatio[NR] = $2 / most($5, 0.01)
+    peerWork[NR] = $2 / 1000; coldWork[NR] = $5 / 1000; workRatio[NR] = $2 / $5
+    warmWork[NR] = $8 / 1000; warmWorkRatio[NR] = $2 / $8
     peerMemory = most(peerMemory, $3); memory = most(memory, $6)
   }
   END {
@@ -57,4 +48,6 @@ paste -d' ' "$work/theirs" "$work/cold" "$work/warm" | awk '
       sprintf("%.2f", memory / peerMemory), "1.5 or less"
     printf row, "start with the image at hand, ms", median(peer), median(warm),
       sprintf("%.0f", median(warmRatio)), "500 or more"
+    printf row, "the same, ms of the processors", median(peerWork), median(warmWork),
+      sprintf("%.0f", median(warmWorkRatio)), ""
   }'

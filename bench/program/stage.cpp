@@ -12,21 +12,25 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Options and state in a folder of their own, in which no tip is wanted at start.
-ProgramOptions OptionsIn(const QTemporaryDir& folder) {
-  const ProgramOptions options{.port = 0,
-                               .machineFolder = folder.filePath("machine").toStdString(),
-                               .userFolder = folder.filePath("user").toStdString()};
+void ForgoTips(const ProgramOptions& options) {
   const SystemClock clock;
   SqliteRegistry registry(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile,
                           clock);
-  SetTipsAtStart(RegistrySupport(registry), false);
-  return options;
+  const RegistrySupport stored(registry);
+  if (TipsAtStart(stored)) SetTipsAtStart(stored, false);
 }
 
 }  // namespace
 
-Stage::Stage() : program_(OptionsIn(folder_)) {
+ProgramOptions OptionsIn(const QString& folder) {
+  const ProgramOptions options{.port = 0,
+                               .machineFolder = (folder + "/machine").toStdString(),
+                               .userFolder = (folder + "/user").toStdString()};
+  ForgoTips(options);
+  return options;
+}
+
+Stage::Stage() : program_(OptionsIn(folder_.path())) {
   std::string log = folder_.filePath("traps.log").toStdString();
   program_.Options().SetLogFilename(log);
   if (!program_.Start()) std::abort();

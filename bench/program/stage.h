@@ -9,6 +9,9 @@
 
 namespace sentrel::bench {
 
+/// Options and state in the folder, in which no tip is wanted at start; any free port.
+ProgramOptions OptionsIn(const QString& folder);
+
 /// The whole program with its window, on a free port, with options and a log file of its own.
 /// Names are decoded and nothing is filtered, as when it is first started; the log is off.
 class Stage {

@@ -1,8 +1,11 @@
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTimer>
-#include <QWidget>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +16,8 @@
 
 namespace sentrel::bench {
 namespace {
+
+constexpr char kFolder[] = "SENTREL_BENCH_FOLDER";
 
 /// Milliseconds from the start of a process to its first output.
 double MillisecondsOf(const char* start) {
@@ -42,7 +47,11 @@ int SayReady() {
 }  // namespace
 
 int RunStart() {
-  constexpr int kTurns = 15;
+  constexpr int kTurns = 21;
+  const QTemporaryDir folder;
+  qputenv(kFolder, folder.path().toUtf8());
+  // The first start makes the folder's files.
+  MillisecondsOf("start-program");
   std::vector<double> bare;
   std::vector<double> ours;
   for (int turn = 0; turn < kTurns; ++turn) {
@@ -50,21 +59,24 @@ int RunStart() {
     ours.push_back(MillisecondsOf("start-program"));
   }
   std::printf("Start, medians of %d turns in alternation\n", kTurns);
-  std::printf("  bare window              %6.1f ms\n", Median(bare));
-  std::printf("  Sentrel, until it listens %5.1f ms, %.2f times (goal: under 1.3)\n", Median(ours),
+  std::printf("  bare window               %6.1f ms\n", Median(bare));
+  std::printf("  Sentrel, until it listens %6.1f ms, %.2f times (goal: under 1.3)\n", Median(ours),
               Median(ours) / Median(bare));
   return EXIT_SUCCESS;
 }
 
 int StartBareWindow() {
-  QWidget window;
+  QMainWindow window;
+  window.setCentralWidget(new QLabel("ready"));
+  window.menuBar()->addMenu("File")->addAction("Exit");
   window.resize(900, 600);
   window.show();
   return SayReady();
 }
 
 int StartProgram() {
-  const Stage stage;
+  Program program(OptionsIn(qEnvironmentVariable(kFolder)));
+  if (!program.Start()) return EXIT_FAILURE;
   return SayReady();
 }
 

@@ -28,7 +28,7 @@ class BarePath {
  private:
   class Nowhere : public TrapObserver {
    public:
-    void OnTrap(Trap) override {}
+    void OnTrap(const Trap&) override {}
   };
   void Wake();
   void Run();

@@ -34,7 +34,7 @@ pid_t Start(std::uint16_t port, const std::string& log) {
   const pid_t peer = fork();
   if (peer != 0) return peer;
   setenv("MIBS", "", 1);
-  execlp("snmptrapd", "snmptrapd", "-f", "-n", "-On", "-C", "-Lf", log.c_str(),
+  execlp("snmptrapd", "snmptrapd", "-f", "-n", "-On", "-Lf", log.c_str(),
          "--disableAuthorization=yes", address.c_str(), nullptr);
   std::_Exit(127);
 }

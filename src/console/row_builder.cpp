@@ -1,13 +1,13 @@
 #include "console/row_builder.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "common/dates.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "console/row_record.h"
+#include "console/trap_texts.h"
 
 namespace sentrel {
 namespace {
@@ -39,33 +39,35 @@ RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow&
       log_(log),
       selection_(table) {}
 
-void RowBuilder::AddTrap(Trap trap) {
+void RowBuilder::AddTrap(const Trap& trap) {
   const PaintingPause pause(table_);
   selection_.KeepTableSelection(1, false);
-  table_.AddItem(RowOf(std::move(trap)), kNewest);
+  table_.AddItem(RowOf(trap), kNewest);
   while (table_.Rows() > kMostTraps + 1) table_.RemoveItem(table_.Rows() - 1);
   selection_.KeepTableSelection(0, true);
 }
 
-RowMaker RowBuilder::RowOf(Trap trap) {
+RowMaker RowBuilder::RowOf(const Trap& trap) {
   const bool raw = settings_.Raw();
-  std::optional<TrapTexts> texts;
   if (settings_.LoggingEnabled()) {
-    texts = DescribeTrap(trap, raw, lookup_);
-    log_.WriteToLog(std::exchange(texts->DetailText, {}).append(kCrLf));
+    log_.WriteToLog(DescribeTrap(trap, raw, lookup_).DetailText.append(kCrLf));
   }
-  return [this, raw, arrival = clock_.Now(), trap = std::move(trap), texts = std::move(texts)] {
-    return Content(trap, arrival, texts ? *texts : DescribeTrap(trap, raw, lookup_));
+  // The record is all of the trap, in one piece of memory.
+  return [this, raw, arrival = clock_.Now(), record = RowRecord(trap)]() mutable {
+    return Content(std::move(record), arrival, raw);
   };
 }
 
-RowContent RowBuilder::Content(const Trap& trap, const LocalTime& arrival, TrapTexts texts) const {
+RowContent RowBuilder::Content(std::string record, const LocalTime& arrival, bool raw) const {
+  Trap trap = ReadRowRecord(record);
+  TrapTexts texts = DescribeTrap(trap, raw, lookup_);
   const LocaleTexts& words = locale_.Texts();
   std::string time = FormatMediumDate(arrival, words).append(kCrLf);
   const int height = HeightFor(texts.SummaryText);
-  return {.cells = {std::move(time.append(FormatTime(arrival, words))), trap.SourceAddress,
-                    trap.Community, std::move(texts.DeviceType), std::move(texts.SummaryText)},
-          .data = RowRecord(trap),
+  return {.cells = {time.append(FormatTime(arrival, words)), std::move(trap.SourceAddress),
+                    std::move(trap.Community), std::move(texts.DeviceType),
+                    std::move(texts.SummaryText)},
+          .data = std::move(record),
           .height = height};
 }
 

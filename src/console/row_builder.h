@@ -3,7 +3,6 @@
 #include "console/oid_lookup.h"
 #include "console/selection_keeper.h"
 #include "console/trap_log.h"
-#include "console/trap_texts.h"
 #include "controls/table.h"
 #include "platform/clock.h"
 #include "platform/main_window.h"
@@ -27,11 +26,11 @@ class RowBuilder {
   /// afterwards, also after a failure.
   /// What the row shows is worked out when it is first looked at, raw or decoded as Settings.Raw
   /// is now.
-  void AddTrap(Trap trap);
+  void AddTrap(const Trap& trap);
 
  private:
-  RowMaker RowOf(Trap trap);
-  RowContent Content(const Trap& trap, const LocalTime& arrival, TrapTexts texts) const;
+  RowMaker RowOf(const Trap& trap);
+  RowContent Content(std::string record, const LocalTime& arrival, bool raw) const;
   int HeightFor(const std::string& summaryText) const;
 
   const Settings& settings_;

@@ -11,7 +11,9 @@ namespace sentrel {
 namespace {
 
 void AppendEscaped(std::string& record, std::string_view text) {
-  if (text.find_first_of(":\\") == std::string_view::npos) {
+  const bool ordinary =
+      std::none_of(text.begin(), text.end(), [](char c) { return c == ':' || c == '\\'; });
+  if (ordinary) {
     record.append(text);
     return;
   }
@@ -80,6 +82,17 @@ void ReadField(std::string_view field, Trap& trap) {
   }
 }
 
+/// As long as the record is where nothing needs an escape.
+size_t UsualLength(const Trap& trap) {
+  constexpr size_t kNames = sizeof "SOURCEIP=::COMMUNITY=";
+  constexpr size_t kSeparators = sizeof "::=-12345=";
+  size_t length = kNames + trap.SourceAddress.size() + trap.Community.size();
+  for (size_t i = 0; i < BindingCount(trap); ++i) {
+    length += kSeparators + trap.OIDs[i].size() + trap.Values[i].size();
+  }
+  return length;
+}
+
 }  // namespace
 
 Trap ReadRowRecord(std::string_view record) {
@@ -89,7 +102,9 @@ Trap ReadRowRecord(std::string_view record) {
 }
 
 std::string RowRecord(const Trap& trap) {
-  std::string record = "SOURCEIP=";
+  std::string record;
+  record.reserve(UsualLength(trap));
+  record.append("SOURCEIP=");
   AppendEscaped(record, trap.SourceAddress);
   record.append("::COMMUNITY=");
   AppendEscaped(record, trap.Community);

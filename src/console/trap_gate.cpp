@@ -1,7 +1,5 @@
 #include "console/trap_gate.h"
 
-#include <utility>
-
 #include "common/failure.h"
 
 namespace sentrel {
@@ -11,9 +9,9 @@ TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder,
   resetTimer_.Setup(std::chrono::seconds(30), [&decoder] { decoder.CheckCacheSize(); });
 }
 
-void TrapGate::OnTrap(Trap trap) {
+void TrapGate::OnTrap(const Trap& trap) {
   if (!Accepts(trap)) return;
-  Attempt([&] { rows_.AddTrap(std::move(trap)); });
+  Attempt([&] { rows_.AddTrap(trap); });
   resetTimer_.SetEnabled(false);
   resetTimer_.SetEnabled(true);
 }

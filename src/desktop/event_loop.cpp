@@ -39,28 +39,26 @@ Wakeup::Wakeup(std::function<bool()> job, std::chrono::milliseconds rest)
     : job_(std::move(job)), rest_(rest) {
   resting_.setSingleShot(true);
   resting_.setTimerType(Qt::PreciseTimer);
-  connect(&resting_, &QTimer::timeout, this, [this] { Run(); });
+  connect(&resting_, &QTimer::timeout, this, [this] { EndRest(); });
 }
 
 void Wakeup::Wake() {
-  QMetaObject::invokeMethod(
-      this, [this] { OnWake(); }, Qt::QueuedConnection);
+  if (state_.fetch_or(kAsked) == 0) Post();
 }
 
-void Wakeup::OnWake() {
-  using std::chrono::milliseconds;
-  const auto elapsed = std::chrono::steady_clock::now() - lastEnd_;
-  if (elapsed >= rest_) return Run();
-  resting_.start(std::chrono::ceil<milliseconds>(rest_ - elapsed));
+void Wakeup::Post() {
+  QMetaObject::invokeMethod(
+      this, [this] { Run(); }, Qt::QueuedConnection);
 }
 
 void Wakeup::Run() {
-  if (job_()) {
-    QMetaObject::invokeMethod(
-        this, [this] { Run(); }, Qt::QueuedConnection);
-  } else {
-    lastEnd_ = std::chrono::steady_clock::now();
-  }
+  state_ = kResting;
+  if (job_()) return Post();
+  resting_.start(rest_);
+}
+
+void Wakeup::EndRest() {
+  if (state_.fetch_and(~kResting) & kAsked) Run();
 }
 
 EndRequest::EndRequest(std::function<void()> job) {

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -13,8 +14,8 @@ namespace sentrel {
 class Wakeup : public QObject {
   Q_OBJECT
  public:
-  /// The job runs once or more after each call of Wake, at once after a quiet time, else this long
-  /// after it last ended. It returns whether it wants to run again without a rest, behind the
+  /// The job runs once or more after each call of Wake, at once after a quiet time, else after a
+  /// rest since it last ended. It returns whether it wants to run again without a rest, behind the
   /// events that wait already.
   explicit Wakeup(std::function<bool()> job, std::chrono::milliseconds rest = {});
 
@@ -22,13 +23,18 @@ class Wakeup : public QObject {
   void Wake();
 
  private:
-  void OnWake();
+  void Post();
   void Run();
+  void EndRest();
+
+  static constexpr int kAsked = 1;
+  static constexpr int kResting = 2;
 
   std::function<bool()> job_;
   const std::chrono::milliseconds rest_;
-  std::chrono::steady_clock::time_point lastEnd_;
   QTimer resting_;
+  /// 0 while idle. While the job rests, nothing is posted: the end of the rest sees who asked.
+  std::atomic<int> state_ = 0;
 };
 
 /// Runs a job on the event loop when the system asks the process to end (SIGTERM, SIGINT, SIGHUP).

@@ -100,8 +100,9 @@ void QtTimer::Setup(std::chrono::milliseconds interval, std::function<void()> on
 
 void QtTimer::SetEnabled(bool enabled) {
   enabled_ = enabled;
+  if (!enabled) return;
   begun_ = std::chrono::steady_clock::now();
-  if (enabled && !timer_.isActive()) timer_.start(interval_);
+  if (!timer_.isActive()) timer_.start(interval_);
 }
 
 void QtTimer::OnTimeout() {

@@ -23,7 +23,7 @@ struct ExportServices {
   const Application& application;
   MessageBox& messageBox;
   const Printers& printers;
-  ProgramIdentity program = {};
+  ProgramIdentity program;
 };
 
 /// Prints and exports every kind of object. It holds the settings of the next operation, makes an

@@ -24,15 +24,16 @@ class Arena {
     return {place, text.size()};
   }
 
-  /// A copy of the list, valid as long as the arena.
-  template <typename T>
-  std::span<T> KeepList(const std::vector<T>& list) {
+  /// A copy of the list, valid as long as the arena; of its elements, what a T holds.
+  template <typename T, typename Element>
+  std::span<T> KeepList(const std::vector<Element>& list) {
     static_assert(std::is_trivially_copyable_v<T> && alignof(T) <= kAlignment);
     if (list.empty()) return {};
     char* place = Take(list.size() * sizeof(T) + kAlignment - 1);
     place += (kAlignment - reinterpret_cast<std::uintptr_t>(place) % kAlignment) % kAlignment;
-    std::memcpy(place, list.data(), list.size() * sizeof(T));
-    return {reinterpret_cast<T*>(place), list.size()};
+    T* kept = reinterpret_cast<T*>(place);
+    std::uninitialized_copy(list.begin(), list.end(), kept);
+    return {kept, list.size()};
   }
 
  private:

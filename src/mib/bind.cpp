@@ -51,7 +51,7 @@ class Binder {
     AddDefinitions(false);
     AddImports();
     AddDefinitions(true);
-    for (Definition& definition : module_.definitions) {
+    for (DraftDefinition& definition : module_.definitions) {
       if (!definition.parentName.empty()) {
         definition.parent = Find(definition.parentName, definition.line, &Meanings::node);
       }
@@ -101,7 +101,7 @@ class Binder {
   NameTable names_;
 };
 
-std::vector<std::uint32_t> OrderByName(const std::vector<Definition>& definitions) {
+std::vector<std::uint32_t> OrderByName(const std::vector<DraftDefinition>& definitions) {
   std::vector<std::uint32_t> order(definitions.size());
   std::iota(order.begin(), order.end(), 0);
   std::sort(order.begin(), order.end(), [&](auto a, auto b) {
@@ -116,11 +116,11 @@ std::vector<std::uint32_t> OrderByName(const std::vector<Definition>& definition
 Module Bind(ModuleDraft& draft, Arena& arena) {
   Binder(draft).Run();
   return {draft,
-          arena.KeepList(draft.imports),
-          arena.KeepList(draft.definitions),
-          arena.KeepList(draft.numbers),
-          arena.KeepList(draft.values),
-          arena.KeepList(OrderByName(draft.definitions))};
+          arena.KeepList<Import>(draft.imports),
+          arena.KeepList<Definition>(draft.definitions),
+          arena.KeepList<std::uint32_t>(draft.numbers),
+          arena.KeepList<NamedValue>(draft.values),
+          arena.KeepList<std::uint32_t>(OrderByName(draft.definitions))};
 }
 
 }  // namespace sentrel::mib

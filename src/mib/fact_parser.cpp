@@ -67,7 +67,7 @@ class Parser {
     if (word == "module") return ReadModule(line);
     const size_t kind = IndexOf(kKindWords, word);
     if (module_.name.empty() || kind == kKindWords.size()) return false;
-    Definition definition;
+    DraftDefinition definition;
     definition.kind = static_cast<Kind>(kind);
     definition.line = line_;
     if (definition.kind != Kind::Type && !ReadOid(TakeWord(line), definition)) return false;
@@ -87,7 +87,7 @@ class Parser {
     return true;
   }
 
-  bool ReadOid(std::string_view text, Definition& definition) {
+  bool ReadOid(std::string_view text, DraftDefinition& definition) {
     const OidText oid(text);
     definition.numbers = {static_cast<std::uint32_t>(module_.numbers.size()),
                           static_cast<std::uint32_t>(oid.Numbers().size())};
@@ -95,7 +95,7 @@ class Parser {
     return oid.IsOid();
   }
 
-  bool ReadSyntax(std::string_view line, Definition& definition) {
+  bool ReadSyntax(std::string_view line, DraftDefinition& definition) {
     if (line.empty()) return definition.kind != Kind::Type;
     const std::string_view word = TakeWord(line);
     if (const size_t colon = word.find(':'); colon != std::string_view::npos) {

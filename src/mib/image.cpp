@@ -15,8 +15,9 @@ template <typename Record>
 std::span<const Record> SectionOf(std::string_view bytes, const Header& header,
                                   format::SectionName name) {
   const format::Section& section = header.sections[name];
-  if (section.offset % alignof(std::uint64_t) != 0 || section.offset > bytes.size() ||
-      section.count > (bytes.size() - section.offset) / sizeof(Record)) {
+  const size_t end = sizeof(Header) + format::BodyOf(bytes).size();
+  if (section.offset % alignof(std::uint64_t) != 0 || section.offset < sizeof(Header) ||
+      section.offset > end || section.count > (end - section.offset) / sizeof(Record)) {
     throw Failure("a section of the MIB image lies outside of it");
   }
   return {reinterpret_cast<const Record*>(bytes.data() + section.offset), section.count};
@@ -32,8 +33,11 @@ Header HeaderOf(std::string_view bytes) {
   if (header.version != format::kVersion || header.byteOrder != format::kByteOrder) {
     throw Failure("the MIB image is of another version");
   }
-  if (header.size != bytes.size()) throw Failure("the MIB image is truncated");
-  if (format::Checksum(bytes.substr(format::kChecksummed)) != header.checksum) {
+  const size_t covered = format::BlocksIn(bytes.size()) * format::kBlock;
+  if (header.size != bytes.size() || format::BodyOf(bytes).size() > covered) {
+    throw Failure("the MIB image is truncated");
+  }
+  if (format::HeaderChecksum(bytes) != header.checksum) {
     throw Failure("the MIB image is damaged");
   }
   return header;
@@ -49,16 +53,25 @@ std::span<const Record> Part(std::span<const Record> all, std::uint32_t first,
 
 }  // namespace
 
-std::shared_ptr<const Image> Image::Open(const std::string& path) {
-  auto file = std::make_shared<MappedFile>(path);
+std::shared_ptr<const Image> Image::Open(const std::string& path, DamageCheck check) {
+  using Loading = MappedFile::Loading;
+  auto file = std::make_shared<MappedFile>(
+      path, check == DamageCheck::AtOnce ? Loading::AtOnce : Loading::WhenRead);
   const std::string_view bytes = file->Bytes();
-  return Over(bytes, std::move(file));
+  return Over(bytes, std::move(file), check);
 }
 
-std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr<void> owner) {
+std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr<void> owner,
+                                         DamageCheck check) {
   const Header header = HeaderOf(bytes);
+  auto guard = std::make_unique<BlockGuard>(bytes);
+  if (check == DamageCheck::AtOnce) {
+    guard->RequireAll();
+    guard.reset();
+  }
   auto image = std::shared_ptr<Image>(new Image);
   image->owner_ = std::move(owner);
+  image->guard_ = std::move(guard);
   image->modules_ = SectionOf<format::ModuleRecord>(bytes, header, format::kModules);
   image->entries_ = SectionOf<format::EntryRecord>(bytes, header, format::kEntries);
   image->nodes_ = SectionOf<format::NodeRecord>(bytes, header, format::kNodes);
@@ -78,7 +91,7 @@ std::shared_ptr<const Image> Image::Empty() {
 Image::Match Image::Find(std::span<const std::uint32_t> oid) const {
   Match match;
   if (nodes_.empty()) return match;
-  const format::NodeRecord* node = nodes_.data();
+  const format::NodeRecord* node = &Sound(nodes_.front());
   for (size_t depth = 1; depth <= oid.size(); ++depth) {
     node = ChildOf(*node, oid[depth - 1]);
     if (node == nullptr) break;
@@ -89,7 +102,7 @@ Image::Match Image::Find(std::span<const std::uint32_t> oid) const {
 
 const format::NodeRecord* Image::ChildOf(const format::NodeRecord& node,
                                          std::uint32_t number) const {
-  const auto children = Part(nodes_, node.firstChild, node.childCount);
+  const auto children = Sound(Part(nodes_, node.firstChild, node.childCount));
   // Tables and groups number their children from 1 without gaps: the place is mostly known.
   if (number - 1 < children.size() && children[number - 1].number == number) {
     return &children[number - 1];
@@ -102,27 +115,30 @@ const format::NodeRecord* Image::ChildOf(const format::NodeRecord& node,
 
 const format::EntryRecord& Image::EntryOf(std::uint32_t node) const {
   static constexpr format::EntryRecord kNone = {kNothing, kNothing, kNothing, 0};
-  if (node >= nodes_.size() || nodes_[node].entry >= entries_.size()) return kNone;
-  return entries_[nodes_[node].entry];
+  if (node >= nodes_.size() || Sound(nodes_[node]).entry >= entries_.size()) return kNone;
+  return Sound(entries_[nodes_[node].entry]);
 }
 
 std::string_view Image::Text(std::uint32_t offset) const {
   if (offset >= strings_.size()) return {};
   const std::string_view rest = strings_.substr(offset);
-  return rest.substr(0, rest.find('\0'));
+  const std::string_view text = rest.substr(0, rest.find('\0'));
+  // The end is as much of a promise as the text is.
+  if (guard_ != nullptr) guard_->Require(text.data(), std::min(text.size() + 1, rest.size()));
+  return text;
 }
 
 const format::TypeRecord& Image::Type(std::uint32_t index) const {
   static constexpr format::TypeRecord kNone = {};
-  return index < types_.size() ? types_[index] : kNone;
+  return index < types_.size() ? Sound(types_[index]) : kNone;
 }
 
 std::span<const format::ValueRecord> Image::Values(const format::TypeRecord& type) const {
-  return Part(values_, type.firstValue, type.valueCount);
+  return Sound(Part(values_, type.firstValue, type.valueCount));
 }
 
 std::span<const format::EntryRecord> Image::Entries(const format::ModuleRecord& module) const {
-  return Part(entries_, module.firstEntry, module.entryCount);
+  return Sound(Part(entries_, module.firstEntry, module.entryCount));
 }
 
 }  // namespace sentrel::mib

@@ -6,10 +6,15 @@
 #include <string>
 #include <string_view>
 
+#include "mib/block_guard.h"
 #include "mib/catalog.h"
 #include "mib/image_format.h"
 
 namespace sentrel::mib {
+
+/// When an image is searched for damage: as a whole when it is opened, or what is read of it when
+/// it is read. Then every other function of it throws Failure where it meets damage.
+enum class DamageCheck { AtOnce, WhenRead };
 
 /// A compiled database, searched in place. Immutable, and so safe to use from any thread. Every
 /// index in it is checked when it is followed: a forged image gives wrong answers, never a crash.
@@ -17,9 +22,11 @@ class Image {
  public:
   /// Maps a file. Throws Failure when it cannot be read, or is damaged, truncated or of another
   /// version.
-  static std::shared_ptr<const Image> Open(const std::string& path);
+  static std::shared_ptr<const Image> Open(const std::string& path,
+                                           DamageCheck check = DamageCheck::AtOnce);
   /// An image over bytes that `owner` keeps alive, 8-byte aligned. Throws Failure like Open.
-  static std::shared_ptr<const Image> Over(std::string_view bytes, std::shared_ptr<void> owner);
+  static std::shared_ptr<const Image> Over(std::string_view bytes, std::shared_ptr<void> owner,
+                                           DamageCheck check = DamageCheck::AtOnce);
   /// A database that knows nothing.
   static std::shared_ptr<const Image> Empty();
 
@@ -42,16 +49,29 @@ class Image {
   std::uint64_t Checksum() const { return checksum_; }
 
   /// The lists themselves, for those who build on an image.
-  std::span<const format::ModuleRecord> Modules() const { return modules_; }
+  std::span<const format::ModuleRecord> Modules() const { return Sound(modules_); }
   std::span<const format::EntryRecord> Entries(const format::ModuleRecord& module) const;
-  std::span<const format::NodeRecord> Nodes() const { return nodes_; }
-  std::span<const format::TypeRecord> Types() const { return types_; }
+  std::span<const format::NodeRecord> Nodes() const { return Sound(nodes_); }
+  std::span<const format::TypeRecord> Types() const { return Sound(types_); }
 
  private:
   Image() = default;
   const format::NodeRecord* ChildOf(const format::NodeRecord& node, std::uint32_t number) const;
 
+  /// The records, once it is known that they are what the compiler wrote.
+  template <typename Record>
+  std::span<const Record> Sound(std::span<const Record> records) const {
+    if (guard_ != nullptr) guard_->Require(records.data(), records.size_bytes());
+    return records;
+  }
+  template <typename Record>
+  const Record& Sound(const Record& record) const {
+    return Sound(std::span(&record, 1)).front();
+  }
+
   std::shared_ptr<void> owner_;
+  /// Null once everything has been checked.
+  std::unique_ptr<BlockGuard> guard_;
   std::span<const format::ModuleRecord> modules_;
   std::span<const format::EntryRecord> entries_;
   std::span<const format::NodeRecord> nodes_;

@@ -3,12 +3,13 @@
 #include "common/failure.h"
 #include "mib/hash.h"
 #include "mib/image_writer.h"
+#include "mib/whole_file.h"
 
 namespace sentrel::mib {
 
 ImageCache::ImageCache(std::string file, std::vector<Folder> folders,
-                       std::shared_ptr<const Image> base)
-    : file_(std::move(file)), folders_(std::move(folders)), base_(std::move(base)) {}
+                       std::shared_ptr<const Image> base, DamageCheck check)
+    : file_(std::move(file)), folders_(std::move(folders)), base_(std::move(base)), check_(check) {}
 
 std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
   Sources sources = FindSources(folders_);
@@ -30,7 +31,7 @@ bool ImageCache::IsOutdated() const {
 
 std::shared_ptr<const Image> ImageCache::FromFile(std::uint64_t fingerprint) const {
   try {
-    auto image = Image::Open(file_);
+    auto image = Image::Open(file_, check_);
     if (image->Fingerprint() == fingerprint) return image;
   } catch (const Failure&) {
     // Absent or damaged: it is made anew.

@@ -15,11 +15,14 @@ namespace sentrel::mib {
 /// is used only if it was made from exactly these folders, files and base; any other is replaced.
 class ImageCache {
  public:
-  ImageCache(std::string file, std::vector<Folder> folders, std::shared_ptr<const Image> base);
+  /// `check` is for images out of the file.
+  ImageCache(std::string file, std::vector<Folder> folders, std::shared_ptr<const Image> base,
+             DamageCheck check = DamageCheck::AtOnce);
 
   /// The image for the files as they are now: from the file if it fits, else compiled. The base
   /// itself when there are no files; null when stopped. A file that cannot be written does no
-  /// harm. Throws only for want of memory.
+  /// harm. Throws only for want of memory, or Failure for damage in a base that is checked when it
+  /// is read.
   std::shared_ptr<const Image> Get(const ReadOptions& options);
 
   /// Whether Get would yield something else than it did the last time.
@@ -32,6 +35,7 @@ class ImageCache {
   std::string file_;
   std::vector<Folder> folders_;
   std::shared_ptr<const Image> base_;
+  DamageCheck check_;
   std::uint64_t current_ = 0;
 };
 

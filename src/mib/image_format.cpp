@@ -24,4 +24,32 @@ std::uint64_t Checksum(std::string_view bytes) {
   return sum;
 }
 
+namespace {
+
+std::string_view ChecksumsOf(std::string_view image) {
+  return image.substr(image.size() - BlocksIn(image.size()) * sizeof(std::uint64_t));
+}
+
+}  // namespace
+
+std::string_view BodyOf(std::string_view image) {
+  return image.substr(sizeof(Header), image.size() - sizeof(Header) - ChecksumsOf(image).size());
+}
+
+std::string_view BlockOf(std::string_view image, size_t block) {
+  return BodyOf(image).substr(block * kBlock, kBlock);
+}
+
+std::uint64_t ChecksumOf(std::string_view image, size_t block) {
+  std::uint64_t sum = 0;
+  std::memcpy(&sum, ChecksumsOf(image).data() + block * sizeof sum, sizeof sum);
+  return sum;
+}
+
+std::uint64_t HeaderChecksum(std::string_view image) {
+  constexpr size_t kBegin = offsetof(Header, fingerprint);
+  const std::uint64_t ofHeader = Checksum(image.substr(kBegin, sizeof(Header) - kBegin));
+  return ofHeader ^ Checksum(ChecksumsOf(image));
+}
+
 }  // namespace sentrel::mib::format

@@ -12,7 +12,7 @@ namespace format {
 
 inline constexpr char kMagic[8] = {'S', 'e', 'n', 't', 'r', 'e', 'l', 'M'};
 /// Goes up with every change of layout or of what a compilation yields.
-inline constexpr std::uint32_t kVersion = 1;
+inline constexpr std::uint32_t kVersion = 2;
 inline constexpr std::uint32_t kByteOrder = 0x01020304;
 
 struct Section {
@@ -27,7 +27,7 @@ struct Header {
   std::uint32_t version;
   std::uint32_t byteOrder;
   std::uint64_t size;         ///< of the whole file in bytes
-  std::uint64_t checksum;     ///< of everything behind this field
+  std::uint64_t checksum;     ///< of the rest of the header and of the blocks' checksums
   std::uint64_t fingerprint;  ///< tells what sources the image was made from
   Section sections[kSectionCount];
 };
@@ -69,11 +69,25 @@ struct ValueRecord {
   std::uint32_t label;
 };
 
-/// Where the part of the file begins that the checksum covers.
-inline constexpr size_t kChecksummed = offsetof(Header, fingerprint);
+/// What lies between the header and the end of the file is cut into blocks. The file ends with the
+/// checksum of each of them, so that a reader of a few names checks a few blocks.
+inline constexpr size_t kBlock = 16 * 1024;
 
-/// The checksum of the covered bytes: eight interleaved multiplicative hashes, so that a file of
-/// ten megabytes costs about a millisecond.
+/// The number of blocks in an image of this size, which is that of a header or more.
+constexpr size_t BlocksIn(size_t imageSize) {
+  return (imageSize - sizeof(Header) + kBlock) / (kBlock + sizeof(std::uint64_t));
+}
+
+/// The bytes that stand in blocks.
+std::string_view BodyOf(std::string_view image);
+/// A block of the body; the last one may be shorter than the others.
+std::string_view BlockOf(std::string_view image, size_t block);
+/// The checksum that the file gives for a block.
+std::uint64_t ChecksumOf(std::string_view image, size_t block);
+/// The checksum that belongs into the header.
+std::uint64_t HeaderChecksum(std::string_view image);
+
+/// Eight interleaved multiplicative hashes: about ten bytes a nanosecond.
 std::uint64_t Checksum(std::string_view bytes);
 
 }  // namespace format

@@ -1,29 +1,64 @@
 #include "mib/image_writer.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <future>
+#include <span>
 
-#include "common/failure.h"
 #include "mib/hash.h"
 #include "mib/image_format.h"
 
 namespace sentrel::mib {
 namespace {
 
-/// The texts of an image, each with a zero behind it.
+/// Where everything of an image stands.
+struct Layout {
+  format::Section sections[format::kSectionCount];
+  size_t end = sizeof(format::Header);
+
+  template <typename Record>
+  void Add(format::SectionName name, size_t count) {
+    end = (end + 7) / 8 * 8;
+    sections[name] = {end, count};
+    end += count * sizeof(Record);
+  }
+};
+
+/// Texts come last: how many bytes they take in the end is known only when they stand there.
+Layout LayoutOf(const Catalog& catalog) {
+  size_t values = 0;
+  size_t characters = 1;
+  for (const ResolvedType& type : catalog.types) {
+    values += type.valueCount;
+    characters += type.hint.size() + 1;
+    for (const NamedValue& value : std::span(type.values, type.valueCount)) {
+      characters += value.label.size() + 1;
+    }
+  }
+  for (const Entry& entry : catalog.entries) characters += entry.name.size() + 1;
+  for (const CatalogModule& module : catalog.modules) characters += module.name.size() + 1;
+  Layout layout;
+  layout.Add<format::NodeRecord>(format::kNodes, catalog.tree.Nodes().size());
+  layout.Add<format::EntryRecord>(format::kEntries, catalog.entries.size());
+  layout.Add<format::TypeRecord>(format::kTypes, catalog.types.size());
+  layout.Add<format::ValueRecord>(format::kValues, values);
+  layout.Add<format::ModuleRecord>(format::kModules, catalog.modules.size());
+  layout.Add<char>(format::kStrings, characters);
+  return layout;
+}
+
+/// The texts of an image, each with a zero behind it, written one behind the other.
 class StringPool {
  public:
-  StringPool() : slots_(4096) { bytes_.push_back('\0'); }
+  /// Has room for all of them.
+  explicit StringPool(char* place) : place_(place), slots_(4096) { place_[size_++] = '\0'; }
 
   /// For texts that hardly ever come twice.
   std::uint32_t AddNew(std::string_view text) {
-    const auto offset = static_cast<std::uint32_t>(bytes_.size());
-    bytes_.append(text).push_back('\0');
+    const auto offset = static_cast<std::uint32_t>(size_);
+    std::copy(text.begin(), text.end(), place_ + size_);
+    size_ += text.size();
+    place_[size_++] = '\0';
     return offset;
   }
 
@@ -42,7 +77,7 @@ class StringPool {
     return slot.offset;
   }
 
-  const std::string& Bytes() const { return bytes_; }
+  size_t Size() const { return size_; }
 
  private:
   struct Slot {
@@ -55,11 +90,7 @@ class StringPool {
     size_t at = static_cast<std::uint32_t>(hash) & mask;
     while (slots_[at].offset != 0) {
       const Slot& slot = slots_[at];
-      if (slot.hash == static_cast<std::uint32_t>(hash) &&
-          bytes_.compare(slot.offset, text.size(), text) == 0 &&
-          bytes_[slot.offset + text.size()] == '\0') {
-        break;
-      }
+      if (slot.hash == static_cast<std::uint32_t>(hash) && text == place_ + slot.offset) break;
       at = (at + 1) & mask;
     }
     return slots_[at];
@@ -76,28 +107,27 @@ class StringPool {
     }
   }
 
-  std::string bytes_;
+  char* place_;
+  size_t size_ = 0;
   BigVector<Slot> slots_;
   size_t count_ = 0;
 };
 
-/// The nodes in the order of the image, and where each node of the tree went.
+/// Writes the nodes in the order of the image.
 class BreadthFirst {
  public:
-  explicit BreadthFirst(const Catalog& catalog) : tree_(catalog.tree.Nodes()) {
+  BreadthFirst(const Catalog& catalog, format::NodeRecord* records)
+      : tree_(catalog.tree.Nodes()), records_(records) {
     GroupChildren();
-    records.reserve(tree_.size());
-    placeOf.resize(tree_.size());
+    placeOf_.resize(tree_.size());
+    order_.reserve(tree_.size());
     order_.push_back(OidTree::kRoot);
-    while (records.size() < order_.size()) {
-      const std::uint32_t node = order_[records.size()];
-      Append(node, catalog.names[node]);
-    }
-    for (format::NodeRecord& record : records) record.parent = placeOf[record.parent];
+    for (size_t i = 0; i < tree_.size(); ++i) Append(order_[i], catalog.names[order_[i]]);
+    for (size_t i = 0; i < tree_.size(); ++i) records[i].parent = placeOf_[records[i].parent];
   }
 
-  BigVector<format::NodeRecord> records;
-  BigVector<std::uint32_t> placeOf;
+  /// Where a node of the tree went.
+  std::uint32_t PlaceOf(std::uint32_t node) const { return placeOf_[node]; }
 
  private:
   /// Sorts children_ by parent and number; firstChild_ tells where a parent's children begin.
@@ -115,106 +145,108 @@ class BreadthFirst {
   }
 
   void Append(std::uint32_t node, std::uint32_t entry) {
-    placeOf[node] = static_cast<std::uint32_t>(records.size());
+    placeOf_[node] = appended_;
     const auto first = firstChild_[node];
     const auto count = firstChild_[node + 1] - first;
-    records.push_back({tree_[node].number, tree_[node].parent,
-                       static_cast<std::uint32_t>(order_.size()), count, entry});
+    records_[appended_++] = {tree_[node].number, tree_[node].parent,
+                             static_cast<std::uint32_t>(order_.size()), count, entry};
     order_.insert(order_.end(), children_.begin() + first, children_.begin() + first + count);
   }
 
   const BigVector<OidTree::Node>& tree_;
+  format::NodeRecord* records_;
+  std::uint32_t appended_ = 0;
+  BigVector<std::uint32_t> placeOf_;
   BigVector<std::uint32_t> firstChild_;
   BigVector<std::uint32_t> children_;
   BigVector<std::uint32_t> order_;
 };
 
-template <typename Record>
-size_t SizeOf(const BigVector<Record>& records) {
-  return records.size() * sizeof(Record);
-}
-
-template <typename Record>
-void AppendSection(std::string& image, format::SectionName name, const Record* records,
-                   size_t count) {
-  image.resize((image.size() + 7) / 8 * 8);
-  const format::Section section = {image.size(), count};
-  std::memcpy(image.data() + offsetof(format::Header, sections) + name * sizeof section, &section,
-              sizeof section);
-  image.append(reinterpret_cast<const char*>(records), count * sizeof(Record));
-}
-
-/// Takes the records, so that they need not stay in memory beside their copies.
-template <typename Record>
-void AppendSection(std::string& image, format::SectionName name, BigVector<Record> records) {
-  AppendSection(image, name, records.data(), records.size());
-}
-
-/// Everything of an image but its nodes.
-class Contents {
+/// An image while it is being written.
+class ImageWriter {
  public:
-  explicit Contents(const Catalog& catalog) {
-    AddEntries(catalog.entries);
-    for (const ResolvedType& type : catalog.types) AddType(type);
-    for (const CatalogModule& module : catalog.modules) {
-      modules.push_back({module.lastUpdated, strings.Add(module.name), module.entries.begin,
-                         module.entries.count, 0});
-    }
-  }
+  explicit ImageWriter(const Catalog& catalog)
+      : catalog_(catalog), layout_(LayoutOf(catalog)), image_(layout_.end, '\0') {}
 
-  /// Until now the entries refer to the nodes of the tree.
-  void PlaceNodes(const BigVector<std::uint32_t>& placeOf) {
-    for (format::EntryRecord& entry : entries) {
-      if (entry.node != kNothing) entry.node = placeOf[entry.node];
-    }
+  std::string Write(std::uint64_t fingerprint) {
+    auto nodes = std::async(std::launch::async, [this] {
+      return BreadthFirst(catalog_, Records<format::NodeRecord>(format::kNodes));
+    });
+    StringPool strings(Records<char>(format::kStrings));
+    WriteEntries(strings);
+    WriteTypes(strings);
+    WriteModules(strings);
+    PlaceNodes(nodes.get());
+    layout_.sections[format::kStrings].count = strings.Size();
+    WriteHeader(fingerprint);
+    const size_t body =
+        layout_.sections[format::kStrings].offset + strings.Size() - sizeof(format::Header);
+    const size_t blocks = (body + format::kBlock - 1) / format::kBlock;
+    image_.resize(sizeof(format::Header) + body + blocks * sizeof(std::uint64_t));
+    Seal(image_);
+    return std::move(image_);
   }
-
-  BigVector<format::EntryRecord> entries;
-  BigVector<format::TypeRecord> types;
-  BigVector<format::ValueRecord> values;
-  BigVector<format::ModuleRecord> modules;
-  StringPool strings;
 
  private:
-  void AddEntries(const BigVector<Entry>& all) {
-    entries.reserve(all.size());
-    for (const Entry& entry : all) {
-      entries.push_back({strings.AddNew(entry.name), entry.node, entry.type,
-                         static_cast<std::uint32_t>(entry.kind)});
+  template <typename Record>
+  Record* Records(format::SectionName name) {
+    return reinterpret_cast<Record*>(image_.data() + layout_.sections[name].offset);
+  }
+
+  /// For now the entries refer to the nodes of the tree.
+  void WriteEntries(StringPool& strings) {
+    auto* record = Records<format::EntryRecord>(format::kEntries);
+    for (const Entry& entry : catalog_.entries) {
+      *record++ = {strings.AddNew(entry.name), entry.node, entry.type,
+                   static_cast<std::uint32_t>(entry.kind)};
     }
   }
 
-  void AddType(const ResolvedType& type) {
-    types.push_back({static_cast<std::uint32_t>(type.base), strings.Add(type.hint),
-                     static_cast<std::uint32_t>(values.size()), type.valueCount});
-    for (std::uint32_t i = 0; i < type.valueCount; ++i) {
-      values.push_back({type.values[i].value, strings.Add(type.values[i].label)});
+  void WriteTypes(StringPool& strings) {
+    auto* record = Records<format::TypeRecord>(format::kTypes);
+    auto* value = Records<format::ValueRecord>(format::kValues);
+    std::uint32_t values = 0;
+    for (const ResolvedType& type : catalog_.types) {
+      *record++ = {static_cast<std::uint32_t>(type.base), strings.Add(type.hint), values,
+                   type.valueCount};
+      for (const NamedValue& named : std::span(type.values, type.valueCount)) {
+        *value++ = {named.value, strings.Add(named.label)};
+      }
+      values += type.valueCount;
     }
   }
+
+  void WriteModules(StringPool& strings) {
+    auto* record = Records<format::ModuleRecord>(format::kModules);
+    for (const CatalogModule& module : catalog_.modules) {
+      *record++ = {module.lastUpdated, strings.Add(module.name), module.entries.begin,
+                   module.entries.count, 0};
+    }
+  }
+
+  void PlaceNodes(const BreadthFirst& nodes) {
+    auto* record = Records<format::EntryRecord>(format::kEntries);
+    for (size_t i = 0; i < catalog_.entries.size(); ++i, ++record) {
+      if (record->node != kNothing) record->node = nodes.PlaceOf(record->node);
+    }
+  }
+
+  void WriteHeader(std::uint64_t fingerprint) {
+    format::Header header{};
+    header.fingerprint = fingerprint;
+    std::copy(std::begin(layout_.sections), std::end(layout_.sections), header.sections);
+    std::memcpy(image_.data(), &header, sizeof header);
+  }
+
+  const Catalog& catalog_;
+  Layout layout_;
+  std::string image_;
 };
 
 }  // namespace
 
 std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
-  auto order = std::async(std::launch::async, [&] { return BreadthFirst(catalog); });
-  Contents contents(catalog);
-  BreadthFirst nodes = order.get();
-  contents.PlaceNodes(nodes.placeOf);
-  const std::string& strings = contents.strings.Bytes();
-  std::string image(sizeof(format::Header), '\0');
-  image.reserve(image.size() + format::kSectionCount * sizeof(std::uint64_t) +
-                SizeOf(nodes.records) + SizeOf(contents.entries) + SizeOf(contents.types) +
-                SizeOf(contents.values) + SizeOf(contents.modules) + strings.size());
-  AppendSection(image, format::kNodes, std::move(nodes.records));
-  AppendSection(image, format::kEntries, std::move(contents.entries));
-  AppendSection(image, format::kTypes, std::move(contents.types));
-  AppendSection(image, format::kValues, std::move(contents.values));
-  AppendSection(image, format::kModules, std::move(contents.modules));
-  AppendSection(image, format::kStrings, strings.data(), strings.size());
-  std::memcpy(image.data() + offsetof(format::Header, fingerprint), &fingerprint,
-              sizeof fingerprint);
-  Seal(image);
-  return image;
+  return ImageWriter(catalog).Write(fingerprint);
 }
 
 void Seal(std::string& image) {
@@ -224,25 +256,14 @@ void Seal(std::string& image) {
   header.version = format::kVersion;
   header.byteOrder = format::kByteOrder;
   header.size = image.size();
-  header.checksum = format::Checksum(std::string_view(image).substr(format::kChecksummed));
   std::memcpy(image.data(), &header, sizeof header);
-}
-
-void WriteWhole(const std::string& path, const std::string& bytes) {
-  namespace fs = std::filesystem;
-  std::error_code ignored;
-  if (const fs::path folder = fs::path(path).parent_path(); !folder.empty()) {
-    fs::create_directories(folder, ignored);
+  const size_t body = format::BodyOf(image).size();
+  for (size_t block = 0; block < format::BlocksIn(image.size()); ++block) {
+    const std::uint64_t sum = format::Checksum(format::BlockOf(image, block));
+    std::memcpy(image.data() + sizeof header + body + block * sizeof sum, &sum, sizeof sum);
   }
-  const std::string draft = path + "." + std::to_string(getpid()) + ".new";
-  std::ofstream file(draft, std::ios::binary | std::ios::trunc);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  std::error_code error;
-  if (file) fs::rename(draft, path, error);
-  if (file && !error) return;
-  fs::remove(draft, ignored);
-  throw Failure(path + ": cannot be written");
+  const std::uint64_t sum = format::HeaderChecksum(image);
+  std::memcpy(image.data() + offsetof(format::Header, checksum), &sum, sizeof sum);
 }
 
 }  // namespace sentrel::mib

@@ -1,54 +1,29 @@
 #include "mib/lexer.h"
 
 #include <algorithm>
-#include <array>
+
+#include "mib/scan.h"
 
 namespace sentrel::mib {
 namespace {
 
-/// What a character may be part of.
-enum Class : std::uint8_t { Blank, WordPart, Dash, Other };
-
-constexpr std::array<Class, 256> MakeClasses() {
-  std::array<Class, 256> classes{};
-  for (size_t c = 0; c < classes.size(); ++c) {
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    const bool digit = c >= '0' && c <= '9';
-    if (letter || digit || c == '_') {
-      classes[c] = WordPart;
-    } else if (c == '-') {
-      classes[c] = Dash;
-    } else if (c > ' ' && c < 0x7F) {
-      classes[c] = Other;
-    }
-  }
-  return classes;
-}
-
-constexpr std::array<Class, 256> kClasses = MakeClasses();
-
-Class ClassOf(char c) {
-  return kClasses[static_cast<unsigned char>(c)];
-}
-
 bool IsNumber(std::string_view word) {
   if (word[0] == '-') word.remove_prefix(1);
-  return !word.empty() &&
-         std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
+  return !word.empty() && std::all_of(word.begin(), word.end(), scan::IsDigit);
 }
 
 }  // namespace
 
 Token Lexer::Make(TokenKind kind, size_t begin, size_t end) {
   at_ = end;
-  return {kind, text_.substr(begin, end - begin), begin};
+  return {text_.substr(begin, end - begin), static_cast<std::uint32_t>(begin), kind, Keyword::None};
 }
 
 Token Lexer::Next() {
   SkipBlanks();
-  if (at_ >= text_.size()) return {TokenKind::End, {}, text_.size()};
+  if (at_ >= text_.size()) return Make(TokenKind::End, text_.size(), text_.size());
   const char c = text_[at_];
-  if (ClassOf(c) == WordPart || c == '-') return NextWord();
+  if (scan::IsWordPart(c) || c == '-') return NextWord();
   if (c == '"' && strings_) return NextString();
   if (c == '\'' && strings_) return NextQuoted();
   if (text_.compare(at_, 3, "::=") == 0) return Make(TokenKind::Assign, at_, at_ + 3);
@@ -56,12 +31,9 @@ Token Lexer::Next() {
 }
 
 void Lexer::SkipBlanks() {
-  const size_t size = text_.size();
   for (;;) {
-    size_t at = at_;
-    while (at < size && ClassOf(text_[at]) == Blank) ++at;
-    at_ = at;
-    if (at + 1 >= size || text_[at] != '-' || text_[at + 1] != '-') return;
+    at_ = scan::BlankEnd(text_, at_);
+    if (at_ + 1 >= text_.size() || text_[at_] != '-' || text_[at_ + 1] != '-') return;
     SkipComment();
   }
 }
@@ -69,7 +41,7 @@ void Lexer::SkipBlanks() {
 void Lexer::SkipComment() {
   at_ += 2;
   const size_t lineEnd = std::min(text_.find('\n', at_), text_.size());
-  if (commentEnd_ == CommentEnd::AtDashes) {
+  if (reading_.commentEnd == CommentEnd::AtDashes) {
     const size_t dashes = text_.substr(0, lineEnd).find("--", at_);
     if (dashes != std::string_view::npos) {
       at_ = dashes + 2;
@@ -84,13 +56,44 @@ void Lexer::SkipComment() {
 
 Token Lexer::NextString() {
   const size_t begin = at_ + 1;
-  const size_t end = text_.find('"', begin);
+  const size_t mark = text_.find('"', begin);
+  size_t end = mark;
+  if (reading_.stringEnd == StringEnd::BeforeDefinition) {
+    end = std::min(mark, DefinitionWithin(begin, std::min(mark, text_.size())));
+  }
   // A string without an end is taken for a stray mark, so that what follows is not lost.
-  if (end == std::string_view::npos) return Make(TokenKind::Mark, at_, at_ + 1);
-  Token token = Make(TokenKind::String, begin, end);
-  token.offset = begin - 1;
-  at_ = end + 1;
+  Token token = end == std::string_view::npos ? Make(TokenKind::Mark, at_, begin)
+                                              : Make(TokenKind::String, begin, end);
+  token.offset = static_cast<std::uint32_t>(begin - 1);
+  if (token.kind == TokenKind::String && end == mark) {
+    at_ = end + 1;
+  } else if (openStrings_.empty() || openStrings_.back().offset < token.offset) {
+    openStrings_.push_back(token);
+  }
   return token;
+}
+
+/// The begin of the first line, of those that begin within a part of the text, that begins a
+/// definition.
+size_t Lexer::DefinitionWithin(size_t begin, size_t end) const {
+  const std::string_view part = text_.substr(0, end);
+  for (size_t line = part.find('\n', begin); line != std::string_view::npos;
+       line = part.find('\n', line + 1)) {
+    if (BeginsDefinition(line + 1)) return line + 1;
+  }
+  return std::string_view::npos;
+}
+
+bool Lexer::BeginsDefinition(size_t lineBegin) const {
+  const size_t lineEnd = std::min(text_.find('\n', lineBegin), text_.size());
+  Lexer line(text_.substr(lineBegin, lineEnd - lineBegin), reading_);
+  line.SetStrings(false);
+  if (const Token name = line.Next();
+      name.kind != TokenKind::Word || StandsBehindName(name.keyword))
+    return false;
+  const Token next = line.Next();
+  if (next.Is(Keyword::Object)) return line.Next().Is(Keyword::Identifier);
+  return next.kind == TokenKind::Assign || IsDefiningMacro(next.keyword);
 }
 
 Token Lexer::NextQuoted() {
@@ -102,24 +105,21 @@ Token Lexer::NextQuoted() {
     return Make(TokenKind::Mark, at_, at_ + 1);
   }
   Token token = Make(TokenKind::Quoted, begin, end);
-  token.offset = begin - 1;
+  token.offset = static_cast<std::uint32_t>(begin - 1);
   at_ = end + 2;
   return token;
 }
 
 Token Lexer::NextWord() {
   const size_t begin = at_;
-  size_t end = at_;
-  const size_t size = text_.size();
-  for (; end < size; ++end) {
-    const Class part = ClassOf(text_[end]);
-    if (part == WordPart) continue;
-    if (part != Dash || (end + 1 < size && text_[end + 1] == '-')) break;
+  Token word = Make(TokenKind::Word, begin, scan::WordEnd(text_, begin));
+  const char first = word.text[0];
+  if (first >= 'A' && first <= 'Z') {
+    word.keyword = KeywordOf(word.text);
+  } else if ((scan::IsDigit(first) || first == '-') && IsNumber(word.text)) {
+    word.kind = TokenKind::Number;
   }
-  const std::string_view word = text_.substr(begin, end - begin);
-  const char first = word[0];
-  const bool maybeNumber = (first >= '0' && first <= '9') || first == '-';
-  return Make(maybeNumber && IsNumber(word) ? TokenKind::Number : TokenKind::Word, begin, end);
+  return word;
 }
 
 }  // namespace sentrel::mib

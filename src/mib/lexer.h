@@ -2,6 +2,9 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
+
+#include "mib/keyword.h"
 
 namespace sentrel::mib {
 
@@ -16,12 +19,13 @@ enum class TokenKind : std::uint8_t {
 };
 
 struct Token {
-  TokenKind kind = TokenKind::End;
   std::string_view text;
   /// Where the token begins in the source text.
-  size_t offset = 0;
+  std::uint32_t offset = 0;
+  TokenKind kind = TokenKind::End;
+  Keyword keyword = Keyword::None;
 
-  bool Is(std::string_view word) const { return kind == TokenKind::Word && text == word; }
+  bool Is(Keyword wanted) const { return keyword == wanted; }
   bool IsMark(char mark) const { return kind == TokenKind::Mark && text[0] == mark; }
 };
 
@@ -29,18 +33,30 @@ struct Token {
 /// 12.6.3); makers often mean the end of the line.
 enum class CommentEnd { AtDashes, AtLineEnd };
 
+/// Where a string ends: at the next quotation mark, or before it where a line begins that looks
+/// like that of a definition, since then the mark has been forgotten.
+enum class StringEnd { AtMark, BeforeDefinition };
+
+/// How a text is to be understood.
+struct Reading {
+  CommentEnd commentEnd = CommentEnd::AtDashes;
+  StringEnd stringEnd = StringEnd::AtMark;
+};
+
 /// Splits the text of a module file into tokens. Any bytes are accepted: those that mean nothing
-/// outside strings and comments count as blanks. The text must outlive the tokens.
+/// outside strings and comments count as blanks. The text must outlive the tokens and be shorter
+/// than 4 gigabytes.
 class Lexer {
  public:
-  Lexer(std::string_view text, CommentEnd commentEnd) : text_(text), commentEnd_(commentEnd) {}
+  Lexer(std::string_view text, Reading reading) : text_(text), reading_(reading) {}
 
   Token Next();
   /// Goes back, or on, to the offset of a token.
   void MoveTo(size_t offset) { at_ = offset; }
   /// Outside modules a quotation mark is a character like any other.
   void SetStrings(bool on) { strings_ = on; }
-  size_t Size() const { return text_.size(); }
+  /// The strings so far without a mark at their end, in their order.
+  const std::vector<Token>& OpenStrings() const { return openStrings_; }
 
  private:
   void SkipBlanks();
@@ -49,11 +65,14 @@ class Lexer {
   Token NextString();
   Token NextQuoted();
   Token NextWord();
+  size_t DefinitionWithin(size_t begin, size_t end) const;
+  bool BeginsDefinition(size_t lineBegin) const;
 
   std::string_view text_;
   size_t at_ = 0;
-  CommentEnd commentEnd_;
+  Reading reading_;
   bool strings_ = true;
+  std::vector<Token> openStrings_;
 };
 
 }  // namespace sentrel::mib

@@ -19,14 +19,14 @@ namespace {
 
 }  // namespace
 
-MappedFile::MappedFile(const std::string& path) {
+MappedFile::MappedFile(const std::string& path, Loading loading) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) Fail(path, errno);
   struct stat status {};
   const bool usable = fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
   const auto size = static_cast<size_t>(status.st_size);
-  void* place =
-      usable ? mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file, 0) : MAP_FAILED;
+  const int flags = MAP_PRIVATE | (loading == Loading::AtOnce ? MAP_POPULATE : 0);
+  void* place = usable ? mmap(nullptr, size, PROT_READ, flags, file, 0) : MAP_FAILED;
   const int error = usable ? errno : EINVAL;
   close(file);
   if (place == MAP_FAILED) Fail(path, error);

@@ -9,8 +9,11 @@ namespace sentrel::mib {
 /// replaced by renaming, never written in place.
 class MappedFile {
  public:
+  /// When the pages come in that are in the system's memory already.
+  enum class Loading { AtOnce, WhenRead };
+
   /// Throws Failure when the file cannot be read or is empty.
-  explicit MappedFile(const std::string& path);
+  MappedFile(const std::string& path, Loading loading);
   ~MappedFile();
   MappedFile(const MappedFile&) = delete;
   MappedFile& operator=(const MappedFile&) = delete;

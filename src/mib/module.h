@@ -69,12 +69,10 @@ struct Span {
 
 struct Definition {
   std::string_view name;
-  /// The node that the OID starts from; empty for an absolute OID, and for types.
-  std::string_view parentName;
-  /// The type that the syntax names; empty where it is one of the base types.
-  std::string_view typeName;
   std::string_view hint;
+  /// The node that the OID starts from; none for an absolute OID, and for types.
   Reference parent;
+  /// The type that the syntax names; none where it is one of the base types.
   Reference type;
   /// The OID's numbers below the parent, in Module::numbers.
   Span numbers;
@@ -83,6 +81,12 @@ struct Definition {
   std::uint32_t line = 0;
   Kind kind = Kind::Value;
   BaseType base = BaseType::None;
+};
+
+/// A definition while it is being read: what it refers to is known by name only.
+struct DraftDefinition : Definition {
+  std::string_view parentName;
+  std::string_view typeName;
 };
 
 /// A name that a module takes from another one.
@@ -107,7 +111,7 @@ struct ModuleHead {
 /// One module while it is being read. All texts lie in an Arena that outlives it.
 struct ModuleDraft : ModuleHead {
   std::vector<Import> imports;
-  std::vector<Definition> definitions;
+  std::vector<DraftDefinition> definitions;
   std::vector<std::uint32_t> numbers;
   std::vector<NamedValue> values;
 };

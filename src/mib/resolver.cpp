@@ -19,6 +19,14 @@ constexpr std::uint32_t kBusy = 0xFFFFFFFD;
 /// How long a chain of references may be before it counts as endless.
 constexpr int kLongestChain = 256;
 
+/// Whether two definitions of one module give one name to two nodes.
+bool AreTwins(const Entry& a, const Entry& b) {
+  const auto names = [](const Entry& entry) {
+    return entry.node != kNothing && entry.kind != Kind::Label;
+  };
+  return a.name == b.name && a.node != b.node && names(a) && names(b);
+}
+
 class Resolver {
  public:
   Resolver(std::vector<Module>& modules, const Image& base, std::vector<FileMessage>& messages)
@@ -184,6 +192,9 @@ void Resolver::AddModule(std::uint32_t m) {
     }
     if (entry.kind == Kind::Type || entry.kind == Kind::Object) entry.type = typeOf_[m][d];
     if (entry.kind == Kind::Type && !IsWorthKeeping(entry.type)) continue;
+    if (catalog_.entries.size() > begin && AreTwins(catalog_.entries.back(), entry)) {
+      Report(m, definition.line, Quote(entry.name) + " has another OID in the same module");
+    }
     catalog_.entries.push_back(entry);
     const std::uint32_t rival = Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
     if (rival != kNothing) ReportRival(m, definition, catalog_.entries[rival]);
@@ -214,8 +225,7 @@ std::uint32_t Resolver::NodeOf(std::uint32_t m, std::uint32_t d, int depth) {
 }
 
 std::uint32_t Resolver::FindNode(std::uint32_t m, const Definition& definition, int depth) {
-  std::uint32_t node =
-      definition.parentName.empty() ? OidTree::kRoot : ParentOf(m, definition, depth);
+  std::uint32_t node = definition.parent.IsNone() ? OidTree::kRoot : ParentOf(m, definition, depth);
   if (node == kNothing) return kNothing;
   const std::uint32_t length = catalog_.tree.Nodes()[node].depth + definition.numbers.count;
   if (length > OidTree::kDeepest) {
@@ -234,7 +244,7 @@ std::uint32_t Resolver::ParentOf(std::uint32_t m, const Definition& definition, 
   if (target.place == Target::Place::Module)
     return NodeOf(target.module, target.definition, depth + 1);
   if (target.place == Target::Place::Base) return BaseEntry(target).node;
-  const std::string_view name = definition.parentName;
+  const std::string_view name = modules_[m].imports[definition.parent.Import()].name;
   if (name == "iso") return catalog_.tree.Child(OidTree::kRoot, 1);
   if (name == "ccitt" || name == "itu-t") return catalog_.tree.Child(OidTree::kRoot, 0);
   if (name == "joint-iso-ccitt" || name == "joint-iso-itu-t") {
@@ -268,8 +278,9 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
     named = TypeOf(target.module, target.definition, depth + 1);
   } else if (target.place == Target::Place::Base) {
     named = BaseEntry(target).type;
-  } else if (!definition.typeName.empty()) {
-    ReportType(m, definition.line, "type " + Quote(definition.typeName) + " is unknown");
+  } else if (!definition.type.IsNone()) {
+    const std::string_view name = modules_[m].imports[definition.type.Import()].name;
+    ReportType(m, definition.line, "type " + Quote(name) + " is unknown");
   }
   if (named != kNothing) {
     if (definition.values.count == 0 && definition.hint.empty()) return named;

@@ -9,12 +9,19 @@
 namespace sentrel::mib {
 namespace {
 
-Kind KindOf(std::string_view macro) {
-  if (macro == "OBJECT-TYPE") return Kind::Object;
-  if (macro == "NOTIFICATION-TYPE" || macro == "TRAP-TYPE") return Kind::Notification;
-  if (macro == "MODULE-IDENTITY" || macro == "OBJECT-IDENTITY") return Kind::Identity;
-  if (IsDefiningMacro(macro)) return Kind::Group;
-  return Kind::Value;
+Kind KindOf(Keyword macro) {
+  switch (macro) {
+    case Keyword::ObjectType:
+      return Kind::Object;
+    case Keyword::NotificationType:
+    case Keyword::TrapType:
+      return Kind::Notification;
+    case Keyword::ModuleIdentity:
+    case Keyword::ObjectIdentity:
+      return Kind::Identity;
+    default:
+      return IsDefiningMacro(macro) ? Kind::Group : Kind::Value;
+  }
 }
 
 /// "9611150000Z" or "199611150000Z" as 199611150000 (RFC 2578 section 2, ExtUTCTime).
@@ -28,18 +35,16 @@ std::uint64_t ReadDate(std::string_view text) {
   return digits == 12 ? date : 0;
 }
 
-bool IsCapitalised(const Token& token) {
-  return token.kind == TokenKind::Word && token.text[0] >= 'A' && token.text[0] <= 'Z';
-}
-
-bool IsModuleName(std::string_view word) {
-  return !word.empty() && !IsDefiningMacro(word) && BaseTypeOf(word) == BaseType::None;
+/// Whether the word may be the name of a module, or of something that a module defines.
+bool IsName(const Token& word) {
+  return word.kind == TokenKind::Word && !IsDefiningMacro(word.keyword) &&
+         BaseTypeOf(word.keyword) == BaseType::None;
 }
 
 class Parser {
  public:
-  Parser(std::string_view text, CommentEnd commentEnd, Arena& arena)
-      : arena_(arena), reader_(text, commentEnd, arena) {}
+  Parser(std::string_view text, Reading reading, Arena& arena)
+      : arena_(arena), reader_(text, reading, arena) {}
 
   /// All modules of the file.
   std::vector<Module> Parse() {
@@ -48,6 +53,7 @@ class Parser {
       modules.push_back(Bind(module_, arena_));
       module_ = {};
     }
+    reader_.ReportOpenStrings();
     if (modules.empty()) reader_.Report({}, "no MIB module in this file");
     return modules;
   }
@@ -62,13 +68,13 @@ class Parser {
   void ReadStatement();
   void ReadValueOrOther(const Token& name);
   void ReadTypeAssignment(const Token& name);
-  void ReadTextualConvention(Definition& type);
+  void ReadTextualConvention(DraftDefinition& type);
   void ReadMacro(const Token& name, const Token& macro);
-  void ReadMacroValue(Definition& definition, const Token& macro, std::string_view enterprise);
+  void ReadMacroValue(DraftDefinition& definition, const Token& macro, std::string_view enterprise);
   void SkipMacroDefinition();
   bool IsNextDefinition();
   std::string_view ReadEnterprise();
-  Definition NewDefinition(const Token& name, Kind kind);
+  DraftDefinition NewDefinition(const Token& name, Kind kind);
 
   Arena& arena_;
   TokenReader reader_;
@@ -85,23 +91,19 @@ bool Parser::FindModule() {
   reader_.SetStrings(false);
   Token name = nextName_;
   nextName_ = {};
-  int depth = 0;
+  Token beforeBrace;
   while (!reader_.AtEnd()) {
     const Token token = reader_.Take();
-    if (token.Is("DEFINITIONS") && IsModuleName(name.text) && SkipToBegin()) {
+    if (token.Is(Keyword::Definitions) && IsName(name) && SkipToBegin()) {
       module_.name = reader_.Keep(name.text);
       module_.line = reader_.LineOf(name);
       ReadBody();
       return true;
     }
     // The module's own OID may stand between its name and the keyword.
-    if (token.IsMark('{')) ++depth;
-    if (token.IsMark('}') && depth > 0) {
-      --depth;
-    } else if (token.kind == TokenKind::Word && depth == 0) {
-      name = token;
-    }
-    if (depth > 8) depth = 0;
+    if (token.IsMark('{')) beforeBrace = name;
+    if (token.IsMark('}')) name = beforeBrace;
+    if (token.kind == TokenKind::Word) name = token;
   }
   return false;
 }
@@ -109,7 +111,7 @@ bool Parser::FindModule() {
 bool Parser::SkipToBegin() {
   const Token start = reader_.Peek();
   for (int words = 0; words < 4 && !reader_.AtEnd(); ++words) {
-    if (reader_.Peek().Is("BEGIN")) {
+    if (reader_.Peek().Is(Keyword::Begin)) {
       reader_.SetStrings(true);
       reader_.Take();
       return true;
@@ -124,12 +126,12 @@ void Parser::ReadBody() {
   previous_ = {};
   while (!reader_.AtEnd()) {
     const Token& token = reader_.Peek();
-    if (token.Is("END")) {
+    if (token.Is(Keyword::End)) {
       reader_.SetStrings(false);
       reader_.Take();
       return;
     }
-    if (token.Is("DEFINITIONS")) {
+    if (token.Is(Keyword::Definitions)) {
       reader_.Report(token, "module " + Quote(module_.name) + " has no END");
       nextName_ = previous_;
       return;
@@ -145,30 +147,30 @@ void Parser::ReadStatement() {
   if (name.kind != TokenKind::Word) {
     if (name.IsMark(';') || name.IsMark(',')) return;
     reader_.Report(name, Quote(name.text) + " where a definition should begin");
-    while (!reader_.AtEnd() && !reader_.Peek().Is("END") &&
+    while (!reader_.AtEnd() && !reader_.Peek().Is(Keyword::End) &&
            reader_.Peek().kind != TokenKind::Word) {
       reader_.Take();
     }
     return;
   }
-  if (name.text == "IMPORTS") return ReadImports();
-  if (name.text == "EXPORTS") {
-    while (!reader_.AtEnd() && !reader_.Peek().Is("IMPORTS") && !reader_.TakeMark(';')) {
+  if (name.Is(Keyword::Imports)) return ReadImports();
+  if (name.Is(Keyword::Exports)) {
+    while (!reader_.AtEnd() && !reader_.Peek().Is(Keyword::Imports) && !reader_.TakeMark(';')) {
       reader_.Take();
     }
     return;
   }
   const Token& next = reader_.Peek();
   if (next.kind == TokenKind::Assign) return ReadTypeAssignment(name);
-  if (next.Is("MACRO")) return SkipMacroDefinition();
-  if (next.Is("OBJECT")) return ReadValueOrOther(name);
-  if (next.Is("DEFINITIONS") || next.Is("END")) return;
+  if (next.Is(Keyword::Macro)) return SkipMacroDefinition();
+  if (next.Is(Keyword::Object)) return ReadValueOrOther(name);
+  if (next.Is(Keyword::Definitions) || next.Is(Keyword::End)) return;
   if (next.kind == TokenKind::Word) return ReadMacro(name, reader_.Take());
   if (next.IsMark('{')) {
     // Either the OID of a module that begins without an END before it, or nonsense.
     reader_.Take();
     reader_.SkipPast('{', '}');
-    if (!reader_.Peek().Is("DEFINITIONS"))
+    if (!reader_.Peek().Is(Keyword::Definitions))
       reader_.Report(name, Quote(name.text) + " defines nothing");
     return;
   }
@@ -182,20 +184,20 @@ void Parser::ReadImports() {
   Token last;
   while (!reader_.AtEnd() && !reader_.TakeMark(';')) {
     const Token token = reader_.Take();
-    if (token.Is("FROM")) {
+    if (token.Is(Keyword::From)) {
       const Token from = reader_.Take();
       const auto module = reader_.Keep(from.text);
       for (; named < module_.imports.size(); ++named) module_.imports[named].module = module;
       if (reader_.TakeMark('{')) reader_.SkipPast('{', '}');
       listEnd = reader_.Peek();
-    } else if (token.kind == TokenKind::Assign || token.Is("LAST-UPDATED") || token.Is("SYNTAX") ||
-               token.Is("IMPORTS")) {
+    } else if (token.kind == TokenKind::Assign || token.Is(Keyword::LastUpdated) ||
+               token.Is(Keyword::Syntax) || token.Is(Keyword::Imports)) {
       reader_.Report(listEnd, "no ';' behind the imports");
       reader_.Rewind(listEnd);
       break;
     } else if (token.kind == TokenKind::Word) {
       last = token;
-      if (!IsDefiningMacro(token.text) && BaseTypeOf(token.text) == BaseType::None) {
+      if (IsName(token)) {
         module_.imports.push_back({reader_.Keep(token.text), {}, reader_.LineOf(token)});
       }
     }
@@ -206,8 +208,8 @@ void Parser::ReadImports() {
   }
 }
 
-Definition Parser::NewDefinition(const Token& name, Kind kind) {
-  Definition definition;
+DraftDefinition Parser::NewDefinition(const Token& name, Kind kind) {
+  DraftDefinition definition;
   definition.name = reader_.Keep(name.text);
   definition.line = reader_.LineOf(name);
   definition.kind = kind;
@@ -217,13 +219,13 @@ Definition Parser::NewDefinition(const Token& name, Kind kind) {
 /// "name OBJECT IDENTIFIER ::= { ... }".
 void Parser::ReadValueOrOther(const Token& name) {
   reader_.Take();
-  if (reader_.Peek().Is("IDENTIFIER")) reader_.Take();
+  reader_.TakeKeyword(Keyword::Identifier);
   if (reader_.Peek().kind != TokenKind::Assign) {
     reader_.Report(reader_.Peek(), "no '::=' behind " + Quote(name.text) + " OBJECT IDENTIFIER");
   } else {
     reader_.Take();
   }
-  Definition value = NewDefinition(name, Kind::Value);
+  DraftDefinition value = NewDefinition(name, Kind::Value);
   if (ReadOid(reader_, module_, value)) module_.definitions.push_back(value);
 }
 
@@ -232,12 +234,12 @@ void Parser::ReadTypeAssignment(const Token& name) {
   reader_.Take();
   if (reader_.Peek().IsMark('{')) {
     reader_.Report(name, "no OBJECT IDENTIFIER behind " + Quote(name.text));
-    Definition value = NewDefinition(name, Kind::Value);
+    DraftDefinition value = NewDefinition(name, Kind::Value);
     if (ReadOid(reader_, module_, value)) module_.definitions.push_back(value);
     return;
   }
-  Definition type = NewDefinition(name, Kind::Type);
-  if (reader_.Peek().Is("TEXTUAL-CONVENTION")) {
+  DraftDefinition type = NewDefinition(name, Kind::Type);
+  if (reader_.Peek().Is(Keyword::TextualConvention)) {
     previous_ = reader_.Take();
     ReadTextualConvention(type);
   } else {
@@ -247,13 +249,13 @@ void Parser::ReadTypeAssignment(const Token& name) {
 }
 
 /// The clauses of a TEXTUAL-CONVENTION, of which SYNTAX is the last (RFC 2579 section 2).
-void Parser::ReadTextualConvention(Definition& type) {
-  while (!reader_.AtEnd() && !reader_.Peek().Is("END")) {
+void Parser::ReadTextualConvention(DraftDefinition& type) {
+  while (!reader_.AtEnd() && !reader_.Peek().Is(Keyword::End)) {
     if (IsNextDefinition()) break;
     const Token token = reader_.Take();
     previous_ = token;
-    if (token.Is("SYNTAX")) return ReadType(reader_, module_, type);
-    if (token.Is("DISPLAY-HINT") && reader_.Peek().kind == TokenKind::String) {
+    if (token.Is(Keyword::Syntax)) return ReadType(reader_, module_, type);
+    if (token.Is(Keyword::DisplayHint) && reader_.Peek().kind == TokenKind::String) {
       type.hint = reader_.Keep(reader_.Take().text);
     }
   }
@@ -263,17 +265,12 @@ void Parser::ReadTextualConvention(Definition& type) {
 /// Whether the token before the next one turned out to be the name of a new definition; then it
 /// is the next token again.
 bool Parser::IsNextDefinition() {
-  if (const Token& peek = reader_.Peek(); peek.kind != TokenKind::Assign && !IsCapitalised(peek))
-    return false;
   const Token next = reader_.Peek();
-  bool begins = next.kind == TokenKind::Assign || next.text == "MACRO" ||
-                next.text == "DEFINITIONS" || IsDefiningMacro(next.text);
-  if (next.text == "OBJECT") {
+  bool begins = next.kind == TokenKind::Assign || StandsBehindName(next.keyword);
+  if (!begins) return false;
+  if (next.Is(Keyword::Object)) {
     reader_.Take();
-    if (reader_.Peek().Is("IDENTIFIER")) {
-      reader_.Take();
-      begins = reader_.Peek().kind == TokenKind::Assign;
-    }
+    begins = reader_.TakeKeyword(Keyword::Identifier) && reader_.Peek().kind == TokenKind::Assign;
     reader_.Rewind(next);
   }
   if (begins && previous_.kind == TokenKind::Word) reader_.Rewind(previous_);
@@ -284,12 +281,12 @@ bool Parser::IsNextDefinition() {
 /// clauses that are misspelt, unknown or out of order are passed over.
 void Parser::ReadMacro(const Token& name, const Token& macro) {
   const size_t errorsBefore = reader_.Errors();
-  Definition definition = NewDefinition(name, KindOf(macro.text));
+  DraftDefinition definition = NewDefinition(name, KindOf(macro.keyword));
   std::string_view enterprise;
   bool hasSyntax = false;
   previous_ = macro;
   while (reader_.Peek().kind != TokenKind::Assign) {
-    if (reader_.AtEnd() || reader_.Peek().Is("END") || IsNextDefinition()) {
+    if (reader_.AtEnd() || reader_.Peek().Is(Keyword::End) || IsNextDefinition()) {
       reader_.Report(name, Quote(name.text) + " has no '::='");
       return;
     }
@@ -297,12 +294,12 @@ void Parser::ReadMacro(const Token& name, const Token& macro) {
     previous_ = token;
     if (token.IsMark('{')) {
       reader_.SkipPast('{', '}');
-    } else if (definition.kind == Kind::Object && token.Is("SYNTAX") && !hasSyntax) {
+    } else if (definition.kind == Kind::Object && token.Is(Keyword::Syntax) && !hasSyntax) {
       hasSyntax = true;
       ReadType(reader_, module_, definition);
-    } else if (token.Is("LAST-UPDATED") && reader_.Peek().kind == TokenKind::String) {
+    } else if (token.Is(Keyword::LastUpdated) && reader_.Peek().kind == TokenKind::String) {
       module_.lastUpdated = ReadDate(reader_.Take().text);
-    } else if (token.Is("ENTERPRISE") && macro.text == "TRAP-TYPE") {
+    } else if (token.Is(Keyword::Enterprise) && macro.Is(Keyword::TrapType)) {
       enterprise = ReadEnterprise();
     }
   }
@@ -328,10 +325,10 @@ std::string_view Parser::ReadEnterprise() {
 }
 
 /// Behind "::=". A trap of version 1 is the node enterprise.0.N (RFC 3584 section 3.1).
-void Parser::ReadMacroValue(Definition& definition, const Token& macro,
+void Parser::ReadMacroValue(DraftDefinition& definition, const Token& macro,
                             std::string_view enterprise) {
   const Token value = reader_.Peek();
-  if (macro.text == "TRAP-TYPE" && value.kind == TokenKind::Number) {
+  if (macro.Is(Keyword::TrapType) && value.kind == TokenKind::Number) {
     reader_.Take();
     std::int64_t number = 0;
     if (enterprise.empty() || !ReadNumber(value.text, false, number)) {
@@ -354,24 +351,46 @@ void Parser::ReadMacroValue(Definition& definition, const Token& macro,
 
 /// "NAME MACRO ::= BEGIN ... END": no module of data needs its body.
 void Parser::SkipMacroDefinition() {
-  while (!reader_.AtEnd() && !reader_.Peek().Is("END")) reader_.Take();
+  while (!reader_.AtEnd() && !reader_.Peek().Is(Keyword::End)) reader_.Take();
   reader_.Take();
+}
+
+/// What one reading of a text yields.
+struct Outcome {
+  ParsedFile file;
+  size_t errors = 0;
+  size_t definitions = 0;
+
+  /// A mark too few hides definitions as well as it makes errors.
+  bool IsBetterThan(const Outcome& other) const {
+    return definitions + other.errors > other.definitions + errors;
+  }
+};
+
+Outcome Read(std::string_view text, Reading reading, Arena& arena) {
+  Parser parser(text, reading, arena);
+  Outcome outcome{{parser.Parse(), {}}};
+  for (const Module& module : outcome.file.modules)
+    outcome.definitions += module.definitions.size();
+  outcome.errors = parser.Reader().Errors();
+  outcome.file.messages = std::move(parser.Reader().AllMessages());
+  return outcome;
 }
 
 }  // namespace
 
 ParsedFile ParseSmi(std::string_view text, Arena& arena) {
-  Parser strict(text, CommentEnd::AtDashes, arena);
-  ParsedFile file{strict.Parse(), {}};
-  if (strict.Reader().Errors() > 0) {
-    Parser lenient(text, CommentEnd::AtLineEnd, arena);
-    auto modules = lenient.Parse();
-    if (lenient.Reader().Errors() < strict.Reader().Errors()) {
-      return {std::move(modules), std::move(lenient.Reader().AllMessages())};
-    }
-  }
-  file.messages = std::move(strict.Reader().AllMessages());
-  return file;
+  Reading reading;
+  Outcome best = Read(text, reading, arena);
+  const auto tryReading = [&](Reading other) {
+    Outcome outcome = Read(text, other, arena);
+    if (!outcome.IsBetterThan(best)) return;
+    best = std::move(outcome);
+    reading = other;
+  };
+  if (best.errors > 0) tryReading({CommentEnd::AtLineEnd, StringEnd::AtMark});
+  if (best.errors > 0) tryReading({reading.commentEnd, StringEnd::BeforeDefinition});
+  return std::move(best.file);
 }
 
 }  // namespace sentrel::mib

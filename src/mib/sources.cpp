@@ -19,16 +19,39 @@ namespace {
 constexpr size_t kMostFiles = 50'000;
 constexpr int kDeepestFolder = 16;
 
+/// The names in a folder, sorted, without those that begin with a dot.
+class Listing {
+ public:
+  explicit Listing(DIR* folder) {
+    std::vector<size_t> begins;
+    while (const dirent* entry = readdir(folder)) {
+      if (entry->d_name[0] == '.') continue;
+      begins.push_back(text_.size());
+      text_.append(entry->d_name).push_back('\0');
+    }
+    names_.reserve(begins.size());
+    for (const size_t begin : begins) names_.emplace_back(text_.data() + begin);
+    std::sort(names_.begin(), names_.end());
+  }
+
+  /// Each has a zero behind it.
+  const std::vector<std::string_view>& Names() const { return names_; }
+
+ private:
+  std::string text_;
+  std::vector<std::string_view> names_;
+};
+
 class Walk {
  public:
-  void Add(const Folder& folder) { Enter(folder.path, AT_FDCWD, folder.path, folder.recursive, 0); }
+  void Add(const Folder& folder) {
+    Enter(folder.path, AT_FDCWD, folder.path.c_str(), folder.recursive, 0);
+  }
   Sources TakeResult() { return std::move(sources_); }
 
  private:
-  void Enter(const std::string& path, int parent, const std::string& name, bool recursive,
-             int depth);
-  void Visit(const std::string& path, int folder, const std::string& name, bool recursive,
-             int depth);
+  void Enter(const std::string& path, int parent, const char* name, bool recursive, int depth);
+  void Visit(const std::string& path, int folder, const char* name, bool recursive, int depth);
   void Stamp(const struct stat& status);
 
   void Report(const std::string& path, std::string text) {
@@ -40,9 +63,8 @@ class Walk {
   std::set<std::pair<dev_t, ino_t>> visited_;
 };
 
-void Walk::Enter(const std::string& path, int parent, const std::string& name, bool recursive,
-                 int depth) {
-  const int folder = openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
+void Walk::Enter(const std::string& path, int parent, const char* name, bool recursive, int depth) {
+  const int folder = openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
   struct stat status {};
   DIR* listing = folder >= 0 && fstat(folder, &status) == 0 ? fdopendir(folder) : nullptr;
   if (listing == nullptr) {
@@ -51,25 +73,21 @@ void Walk::Enter(const std::string& path, int parent, const std::string& name, b
     return;
   }
   if (visited_.emplace(status.st_dev, status.st_ino).second) {
-    std::vector<std::string> names;
-    while (const dirent* entry = readdir(listing)) {
-      if (entry->d_name[0] != '.') names.emplace_back(entry->d_name);
-    }
-    std::sort(names.begin(), names.end());
+    sources_.fingerprint = Hash(path, sources_.fingerprint);
+    const Listing children(listing);
     std::string childPath = path + "/";
-    for (const std::string& child : names) {
+    for (const std::string_view child : children.Names()) {
       childPath.resize(path.size() + 1);
       childPath += child;
-      Visit(childPath, folder, child, recursive, depth);
+      Visit(childPath, folder, child.data(), recursive, depth);
     }
   }
   closedir(listing);
 }
 
-void Walk::Visit(const std::string& path, int folder, const std::string& name, bool recursive,
-                 int depth) {
+void Walk::Visit(const std::string& path, int folder, const char* name, bool recursive, int depth) {
   struct stat status {};
-  if (fstatat(folder, name.c_str(), &status, 0) != 0) return;
+  if (fstatat(folder, name, &status, 0) != 0) return;
   if (S_ISDIR(status.st_mode)) {
     if (!recursive) return;
     if (depth == kDeepestFolder) return Report(path, "folders lie too deep within each other");
@@ -81,7 +99,7 @@ void Walk::Visit(const std::string& path, int folder, const std::string& name, b
   if (sources_.files.size() == kMostFiles) {
     Report(path, "too many files: those behind this one are left out");
   }
-  sources_.fingerprint = Hash(path, sources_.fingerprint);
+  sources_.fingerprint = Hash(name, sources_.fingerprint);
   Stamp(status);
 }
 

@@ -8,24 +8,6 @@
 namespace sentrel::mib {
 namespace {
 
-constexpr std::pair<std::string_view, BaseType> kBaseTypes[] = {
-    {"INTEGER", BaseType::Integer},
-    {"Integer32", BaseType::Integer},
-    {"Counter", BaseType::Counter32},
-    {"Counter32", BaseType::Counter32},
-    {"Gauge", BaseType::Gauge32},
-    {"Gauge32", BaseType::Gauge32},
-    {"Unsigned32", BaseType::Gauge32},
-    {"UInteger32", BaseType::Gauge32},
-    {"TimeTicks", BaseType::TimeTicks},
-    {"IpAddress", BaseType::IpAddress},
-    {"NetworkAddress", BaseType::IpAddress},
-    {"Opaque", BaseType::Opaque},
-    {"Counter64", BaseType::Counter64},
-    {"BITS", BaseType::Bits},
-    {"NULL", BaseType::None},
-};
-
 /// A label and its number: "up(1)".
 bool ReadNamedValue(TokenReader& reader, ModuleDraft& module) {
   const Token label = reader.Take();
@@ -52,11 +34,12 @@ bool ReadNamedValue(TokenReader& reader, ModuleDraft& module) {
 }
 
 /// Behind "{": the labels up to and including "}". Where `keep` is unset they are only read.
-void ReadNamedValues(TokenReader& reader, ModuleDraft& module, Definition& definition, bool keep) {
+void ReadNamedValues(TokenReader& reader, ModuleDraft& module, DraftDefinition& definition,
+                     bool keep) {
   const auto begin = module.values.size();
   while (!reader.TakeMark('}')) {
     if (reader.AtEnd() || reader.Peek().kind == TokenKind::Assign ||
-        IsDefiningMacro(reader.Peek().text)) {
+        IsDefiningMacro(reader.Peek().keyword)) {
       reader.Report(reader.Peek(), "no '}' behind named values");
       break;
     }
@@ -69,7 +52,7 @@ void ReadNamedValues(TokenReader& reader, ModuleDraft& module, Definition& defin
 }
 
 /// What may stand behind the name of a type: named values and ranges.
-void ReadRestriction(TokenReader& reader, ModuleDraft& module, Definition& definition) {
+void ReadRestriction(TokenReader& reader, ModuleDraft& module, DraftDefinition& definition) {
   if (reader.TakeMark('{')) {
     ReadNamedValues(reader, module, definition, definition.base != BaseType::Bits);
   }
@@ -77,13 +60,12 @@ void ReadRestriction(TokenReader& reader, ModuleDraft& module, Definition& defin
 }
 
 /// Behind SEQUENCE or CHOICE.
-void ReadConstructed(TokenReader& reader, Definition& definition) {
+void ReadConstructed(TokenReader& reader, DraftDefinition& definition) {
   definition.base = BaseType::Row;
   while (reader.TakeMark('(')) reader.SkipPast('(', ')');
-  if (reader.Peek().Is("SIZE")) reader.Take();
+  reader.TakeKeyword(Keyword::Size);
   while (reader.TakeMark('(')) reader.SkipPast('(', ')');
-  if (reader.Peek().Is("OF")) {
-    reader.Take();
+  if (reader.TakeKeyword(Keyword::Of)) {
     reader.Take();
     definition.base = BaseType::Table;
   } else if (reader.TakeMark('{')) {
@@ -91,16 +73,10 @@ void ReadConstructed(TokenReader& reader, Definition& definition) {
   }
 }
 
-bool TakeSecondWord(TokenReader& reader, std::string_view word) {
-  if (!reader.Peek().Is(word)) return false;
-  reader.Take();
-  return true;
-}
-
 /// The words of an OID value as they are read.
 class OidValue {
  public:
-  OidValue(TokenReader& reader, ModuleDraft& module, Definition& definition)
+  OidValue(TokenReader& reader, ModuleDraft& module, DraftDefinition& definition)
       : reader_(reader), module_(module), definition_(definition) {
     definition_.numbers.begin = static_cast<std::uint32_t>(module.numbers.size());
   }
@@ -111,7 +87,7 @@ class OidValue {
       const Token token = reader_.Peek();
       if (token.kind == TokenKind::Number) {
         if (!Number(reader_.Take())) return GiveUp();
-      } else if (token.kind == TokenKind::Word && !IsDefiningMacro(token.text)) {
+      } else if (token.kind == TokenKind::Word && !IsDefiningMacro(token.keyword)) {
         if (!Word(reader_.Take())) return GiveUp();
       } else if (token.IsMark(',')) {
         reader_.Take();
@@ -175,7 +151,7 @@ class OidValue {
   }
 
   void Label(const Token& name) {
-    Definition label;
+    DraftDefinition label;
     label.name = reader_.Keep(name.text);
     label.kind = Kind::Label;
     label.line = reader_.LineOf(name);
@@ -186,15 +162,38 @@ class OidValue {
 
   TokenReader& reader_;
   ModuleDraft& module_;
-  Definition& definition_;
+  DraftDefinition& definition_;
 };
 
 }  // namespace
 
-BaseType BaseTypeOf(std::string_view name) {
-  const auto* found = std::find_if(std::begin(kBaseTypes), std::end(kBaseTypes),
-                                   [&](const auto& entry) { return entry.first == name; });
-  return found == std::end(kBaseTypes) ? BaseType::None : found->second;
+BaseType BaseTypeOf(Keyword name) {
+  switch (name) {
+    case Keyword::Integer:
+    case Keyword::Integer32:
+      return BaseType::Integer;
+    case Keyword::Counter:
+    case Keyword::Counter32:
+      return BaseType::Counter32;
+    case Keyword::Gauge:
+    case Keyword::Gauge32:
+    case Keyword::Unsigned32:
+    case Keyword::UInteger32:
+      return BaseType::Gauge32;
+    case Keyword::TimeTicks:
+      return BaseType::TimeTicks;
+    case Keyword::IpAddress:
+    case Keyword::NetworkAddress:
+      return BaseType::IpAddress;
+    case Keyword::Opaque:
+      return BaseType::Opaque;
+    case Keyword::Counter64:
+      return BaseType::Counter64;
+    case Keyword::Bits:
+      return BaseType::Bits;
+    default:
+      return BaseType::None;
+  }
 }
 
 bool ReadNumber(std::string_view text, bool allowNegative, std::int64_t& number) {
@@ -204,37 +203,37 @@ bool ReadNumber(std::string_view text, bool allowNegative, std::int64_t& number)
   return number >= least && number <= std::numeric_limits<std::uint32_t>::max();
 }
 
-void ReadType(TokenReader& reader, ModuleDraft& module, Definition& definition) {
+void ReadType(TokenReader& reader, ModuleDraft& module, DraftDefinition& definition) {
   if (reader.TakeMark('[')) reader.SkipPast('[', ']');
-  TakeSecondWord(reader, "IMPLICIT");
-  TakeSecondWord(reader, "EXPLICIT");
+  reader.TakeKeyword(Keyword::Implicit);
+  reader.TakeKeyword(Keyword::Explicit);
   if (reader.Peek().kind != TokenKind::Word) {
     reader.Report(reader.Peek(), Quote(reader.Peek().text) + " where a type should stand");
     return;
   }
   Token name = reader.Take();
   if (reader.TakeMark('.')) name = reader.Take();
-  if (name.text == "SEQUENCE" || name.text == "CHOICE") {
+  if (name.Is(Keyword::Sequence) || name.Is(Keyword::Choice)) {
     ReadConstructed(reader, definition);
     return;
   }
-  if (name.text == "OCTET") {
-    TakeSecondWord(reader, "STRING");
+  if (name.Is(Keyword::Octet)) {
+    reader.TakeKeyword(Keyword::String);
     definition.base = BaseType::OctetString;
-  } else if (name.text == "OBJECT") {
-    TakeSecondWord(reader, "IDENTIFIER");
+  } else if (name.Is(Keyword::Object)) {
+    reader.TakeKeyword(Keyword::Identifier);
     definition.base = BaseType::ObjectIdentifier;
-  } else if (name.text == "BIT") {
-    TakeSecondWord(reader, "STRING");
+  } else if (name.Is(Keyword::Bit)) {
+    reader.TakeKeyword(Keyword::String);
     definition.base = BaseType::Bits;
   } else {
-    definition.base = BaseTypeOf(name.text);
+    definition.base = BaseTypeOf(name.keyword);
     if (definition.base == BaseType::None) definition.typeName = reader.Keep(name.text);
   }
   ReadRestriction(reader, module, definition);
 }
 
-bool ReadOid(TokenReader& reader, ModuleDraft& module, Definition& definition) {
+bool ReadOid(TokenReader& reader, ModuleDraft& module, DraftDefinition& definition) {
   if (reader.TakeMark('{')) return OidValue(reader, module, definition).Read();
   if (reader.Peek().kind == TokenKind::Word) {
     definition.parentName = reader.Keep(reader.Take().text);

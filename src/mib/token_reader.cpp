@@ -1,17 +1,11 @@
 #include "mib/token_reader.h"
 
 #include <algorithm>
-#include <array>
 
 namespace sentrel::mib {
 namespace {
 
 constexpr size_t kMessagesPerFile = 100;
-
-constexpr std::array<std::string_view, 9> kDefiningMacros = {
-    "OBJECT-TYPE",     "OBJECT-IDENTITY",   "NOTIFICATION-TYPE",
-    "TRAP-TYPE",       "OBJECT-GROUP",      "NOTIFICATION-GROUP",
-    "MODULE-IDENTITY", "MODULE-COMPLIANCE", "AGENT-CAPABILITIES"};
 
 /// Line ends in a text. Counts in blocks short enough for a byte, which the compiler turns into
 /// vector code: every byte of every file passes through here.
@@ -28,11 +22,6 @@ std::uint32_t CountLines(std::string_view text) {
 
 }  // namespace
 
-bool IsDefiningMacro(std::string_view word) {
-  if (word.size() < 9 || word[0] < 'A' || word[0] > 'Z') return false;
-  return std::find(kDefiningMacros.begin(), kDefiningMacros.end(), word) != kDefiningMacros.end();
-}
-
 std::string Quote(std::string_view text) {
   constexpr size_t kLongest = 64;
   std::string quoted = "'";
@@ -41,30 +30,18 @@ std::string Quote(std::string_view text) {
   return quoted += '\'';
 }
 
-TokenReader::TokenReader(std::string_view text, CommentEnd commentEnd, Arena& arena)
-    : text_(text), lexer_(text, commentEnd), arena_(arena), next_(lexer_.Next()) {}
-
-Token TokenReader::Take() {
-  const Token token = next_;
-  next_ = lexer_.Next();
-  return token;
-}
+TokenReader::TokenReader(std::string_view text, Reading reading, Arena& arena)
+    : text_(text), lexer_(text, reading), arena_(arena), next_(lexer_.Next()) {}
 
 void TokenReader::Rewind(const Token& token) {
   lexer_.MoveTo(token.offset);
   next_ = lexer_.Next();
 }
 
-bool TokenReader::TakeMark(char mark) {
-  if (!next_.IsMark(mark)) return false;
-  Take();
-  return true;
-}
-
 void TokenReader::SkipPast(char open, char close) {
   Token previous = next_;
   for (size_t depth = 1; depth > 0;) {
-    if (AtEnd() || next_.kind == TokenKind::Assign || IsDefiningMacro(next_.text)) {
+    if (AtEnd() || next_.kind == TokenKind::Assign || IsDefiningMacro(next_.keyword)) {
       Report(next_, std::string("no '") + close + "' for the '" + open + "' before this");
       if (!AtEnd() && previous.kind == TokenKind::Word) Rewind(previous);
       return;
@@ -92,6 +69,12 @@ void TokenReader::Report(const Token& at, std::string text) {
   ++errors_;
   if (messages_.size() < kMessagesPerFile) {
     messages_.push_back({{}, LineOf(at), std::move(text)});
+  }
+}
+
+void TokenReader::ReportOpenStrings() {
+  for (const Token& string : lexer_.OpenStrings()) {
+    Report(string, "no quotation mark at the end of the text that begins here");
   }
 }
 

@@ -13,17 +13,31 @@ namespace sentrel::mib {
 /// keeps what is worth keeping of its text.
 class TokenReader {
  public:
-  TokenReader(std::string_view text, CommentEnd commentEnd, Arena& arena);
+  TokenReader(std::string_view text, Reading reading, Arena& arena);
 
   const Token& Peek() const { return next_; }
-  Token Take();
+  Token Take() {
+    const Token token = next_;
+    next_ = lexer_.Next();
+    return token;
+  }
   /// Makes the token the next one again.
   void Rewind(const Token& token);
   void SetStrings(bool on) { lexer_.SetStrings(on); }
   bool AtEnd() const { return next_.kind == TokenKind::End; }
 
   /// Takes the next token if it is this mark.
-  bool TakeMark(char mark);
+  bool TakeMark(char mark) {
+    const bool isNext = next_.IsMark(mark);
+    if (isNext) next_ = lexer_.Next();
+    return isNext;
+  }
+  /// Takes the next token if it is this keyword.
+  bool TakeKeyword(Keyword keyword) {
+    const bool isNext = next_.Is(keyword);
+    if (isNext) next_ = lexer_.Next();
+    return isNext;
+  }
   /// After an opening mark: takes everything up to and including its partner. Stops, with a
   /// message, before the next definition, which tells that the partner is missing.
   void SkipPast(char open, char close);
@@ -32,6 +46,8 @@ class TokenReader {
   std::uint32_t LineOf(const Token& token);
   /// Beyond a bound, messages are counted and not kept.
   void Report(const Token& at, std::string text);
+  /// Reports the strings without an end. Called at the end of the text.
+  void ReportOpenStrings();
   Messages& AllMessages() { return messages_; }
   /// How many things were wrong, kept or not.
   size_t Errors() const { return errors_; }
@@ -48,9 +64,6 @@ class TokenReader {
   Messages messages_;
   size_t errors_ = 0;
 };
-
-/// Whether the word is the name of an SMI macro that makes a definition with an OID.
-bool IsDefiningMacro(std::string_view word);
 
 /// A text from a file, made fit for a message: bounded, without control characters.
 std::string Quote(std::string_view text);

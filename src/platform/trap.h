@@ -19,6 +19,8 @@ struct Trap {
   std::vector<int> DataTypes;
   /// The text form of each value, UTF-8.
   std::vector<std::string> Values;
+
+  bool operator==(const Trap&) const = default;
 };
 
 }  // namespace sentrel

@@ -13,7 +13,8 @@ inline constexpr const char* kHelpDocument = "BenchwellDoc";
 inline constexpr const char* kIntroductionTopic = "BenchwellPHIntroducingTools";
 inline constexpr const char* kSentrelTopic = "BenchwellPHSNMPToolsSNMPSentrel";
 
-/// The address of the maker, from whom a browser is to be had.
+/// The address of the maker, from whom a browser is to be had. The top-level domain is one that is
+/// kept for names without a host (RFC 2606): who publishes the program puts his own here.
 inline constexpr const char* kMakersSite = "https://www.varnholt.example/";
 
 /// The help: web pages on disk, shown by the one browser object.

@@ -5,8 +5,14 @@
 
 #include <cstring>
 
+#include "snmp/dotted_quad.h"
+
 namespace sentrel {
 namespace {
+
+std::span<const std::uint8_t, 4> Octets(const void* address) {
+  return std::span<const std::uint8_t, 4>(static_cast<const std::uint8_t*>(address), 4);
+}
 
 void AppendZone(std::uint32_t index, std::string& text) {
   std::array<char, IF_NAMESIZE> name{};
@@ -21,9 +27,9 @@ void AddressText(const Peer& peer, std::string& text) {
   std::array<char, INET6_ADDRSTRLEN> buffer{};
   const in6_addr& v6 = peer.remote.v6.sin6_addr;
   if (peer.remote.any.sa_family == AF_INET) {
-    text = inet_ntop(AF_INET, &peer.remote.v4.sin_addr, buffer.data(), buffer.size());
+    text = DottedQuadText(Octets(&peer.remote.v4.sin_addr));
   } else if (IN6_IS_ADDR_V4MAPPED(&v6)) {
-    text = inet_ntop(AF_INET, &v6.s6_addr[12], buffer.data(), buffer.size());
+    text = DottedQuadText(Octets(&v6.s6_addr[12]));
   } else {
     text = inet_ntop(AF_INET6, &v6, buffer.data(), buffer.size());
     AppendZone(peer.remote.v6.sin6_scope_id, text);

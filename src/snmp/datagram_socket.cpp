@@ -8,9 +8,10 @@
 namespace sentrel {
 namespace {
 
-constexpr std::size_t kBatch = 64;
 constexpr std::size_t kLargestDatagram = 65'536;
-constexpr int kBufferBytes = 64 << 20;
+constexpr int kBufferBytes = 256 << 20;
+/// Of a socket's buffer the system takes this much for a small datagram.
+constexpr std::size_t kSmallDatagram = 1'280;
 
 void SetOption(int socket, int level, int name, int value) {
   setsockopt(socket, level, name, &value, sizeof value);
@@ -81,6 +82,13 @@ std::uint16_t DatagramSocket::Port() const {
   getsockname(descriptor_, &address.any, &length);
   // The port stands at the same place in both forms.
   return ntohs(address.v4.sin_port);
+}
+
+std::size_t DatagramSocket::Room() const {
+  int bytes = 0;
+  socklen_t length = sizeof bytes;
+  getsockopt(descriptor_, SOL_SOCKET, SO_RCVBUF, &bytes, &length);
+  return static_cast<std::size_t>(bytes) / kSmallDatagram;
 }
 
 std::span<const Datagram> DatagramSocket::ReadBatch() {

@@ -25,7 +25,11 @@ class DatagramSocket {
   /// The port that the socket is bound to, in host order.
   std::uint16_t Port() const;
 
-  /// The datagrams that wait, at most a batch of them and perhaps none. Does not wait. What it
+  /// Datagrams of up to 500 bytes that the socket's buffer holds at least.
+  std::size_t Room() const;
+
+  static constexpr std::size_t kBatch = 64;
+  /// The datagrams that wait, at most kBatch of them and perhaps none. Does not wait. What it
   /// returns is good until the next call.
   std::span<const Datagram> ReadBatch();
 

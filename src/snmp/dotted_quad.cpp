@@ -19,4 +19,14 @@ std::optional<std::array<std::uint8_t, 4>> DottedQuad(std::string_view text) {
   return address;
 }
 
+std::string DottedQuadText(std::span<const std::uint8_t, 4> address) {
+  std::array<char, sizeof "255.255.255.255"> text;
+  char* end = text.data();
+  for (const std::uint8_t part : address) {
+    if (end != text.data()) *end++ = '.';
+    end = std::to_chars(end, text.data() + text.size(), part).ptr;
+  }
+  return {text.data(), end};
+}
+
 }  // namespace sentrel

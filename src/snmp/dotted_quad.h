@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 
 namespace sentrel {
@@ -10,5 +12,8 @@ namespace sentrel {
 /// The four parts of an IPv4 address in dotted decimal, in network order; nothing for any other
 /// text. Zeros in front of a part mean nothing.
 std::optional<std::array<std::uint8_t, 4>> DottedQuad(std::string_view text);
+
+/// The other way round.
+std::string DottedQuadText(std::span<const std::uint8_t, 4> address);
 
 }  // namespace sentrel

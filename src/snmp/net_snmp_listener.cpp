@@ -100,7 +100,7 @@ bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
   const Clock::time_point end = Clock::now() + budget;
   Trap trap;
   while (TakeNext(trap)) {
-    observer_.OnTrap(std::move(trap));
+    observer_.OnTrap(trap);
     if (Clock::now() >= end) break;
   }
   return Waiting() > 0;

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "common/failure.h"
+#include "snmp/plain_trap.h"
 #include "snmp/trap_conversion.h"
 
 namespace sentrel {
@@ -120,6 +121,13 @@ NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport
 }
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
+  if (auto trap = ReadPlainTrap(datagram)) {
+    return sink_(*trap) ? Outcome::kAccepted : Outcome::kQueueFull;
+  }
+  return ParseByLibrary(datagram);
+}
+
+Outcome NotificationParser::ParseByLibrary(const Datagram& datagram) {
   const Outcome frame = CheckFrame(datagram.bytes);
   if (frame != Outcome::kAccepted) return frame;
   current_ = &datagram;

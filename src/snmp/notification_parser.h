@@ -11,9 +11,9 @@
 
 namespace sentrel {
 
-/// Turns datagrams into traps with the SNMP library's own engine: decodes, authenticates,
-/// decrypts, answers informs and engine discovery. Belongs to one thread; needs a living
-/// SnmpLibrary.
+/// Turns datagrams into traps: plain ones by ReadPlainTrap, all others with the SNMP library's own
+/// engine, which decodes, authenticates, decrypts, answers informs and engine discovery. Belongs to
+/// one thread; needs a living SnmpLibrary.
 class NotificationParser {
  public:
   /// Takes a notification, moving from it, and returns true; or leaves it and returns false. An
@@ -28,7 +28,10 @@ class NotificationParser {
   NotificationParser(const NotificationParser&) = delete;
   NotificationParser& operator=(const NotificationParser&) = delete;
 
+  /// A plain trap is read without the library's help.
   Outcome Parse(const Datagram& datagram);
+  /// The library's own reading of any message, which Parse must agree with.
+  Outcome ParseByLibrary(const Datagram& datagram);
 
   std::uint64_t AnsweredInforms() const { return answeredInforms_; }
 

@@ -6,12 +6,19 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <system_error>
 #include <utility>
 
 namespace sentrel {
 namespace {
+
+/// From so many datagrams at once the next are let gather.
+constexpr std::size_t kBusy = 8;
+constexpr std::chrono::milliseconds kRest{8};
+/// A machine does not send itself more than this meanwhile, and no network brings more.
+constexpr std::size_t kMostInRest = 500 * kRest.count();
 
 int MakeStopEvent() {
   const int event = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
@@ -39,6 +46,7 @@ Receiver::Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
               [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
                 return socket_.Send(peer, bytes);
               }),
+      mayRest_(socket_.Room() > kMostInRest),
       stop_(MakeStopEvent()) {
   sigset_t before;
   BlockSignals(before);
@@ -53,7 +61,17 @@ Receiver::~Receiver() {
 }
 
 void Receiver::Run() {
-  while (WaitForDatagrams()) Handle(socket_.ReadBatch());
+  while (WaitForDatagrams()) {
+    const auto batch = socket_.ReadBatch();
+    Handle(batch);
+    RestAfter(batch.size());
+  }
+}
+
+void Receiver::RestAfter(std::size_t datagrams) const {
+  const bool busy = datagrams >= kBusy && datagrams < DatagramSocket::kBatch;
+  pollfd stop{.fd = stop_, .events = POLLIN, .revents = 0};
+  if (mayRest_ && busy) poll(&stop, 1, kRest.count());
 }
 
 bool Receiver::WaitForDatagrams() const {

@@ -29,6 +29,9 @@ class Receiver {
  private:
   void Run();
   bool WaitForDatagrams() const;
+  /// Lets datagrams gather, where that is safe and they come in numbers: a wake-up for each would
+  /// cost more than the traps themselves.
+  void RestAfter(std::size_t datagrams) const;
   void Handle(std::span<const Datagram> batch);
   bool Take(Trap& trap);
 
@@ -39,6 +42,7 @@ class Receiver {
   const std::uint16_t port_;
   NotificationParser parser_;
   bool queueWasEmpty_ = false;
+  const bool mayRest_;
   const int stop_;
   std::thread thread_;
 };

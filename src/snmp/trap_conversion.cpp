@@ -1,10 +1,10 @@
 #include "snmp/trap_conversion.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <utility>
 
+#include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
 #include "snmp/value_text.h"
 
@@ -51,8 +51,7 @@ void AppendVersion1(const netsnmp_pdu& pdu, Trap& trap) {
   Append(trap, kSysUpTime, ASN_TIMETICKS, std::to_string(static_cast<std::uint32_t>(pdu.time)));
   Append(trap, kSnmpTrapOid, ASN_OBJECT_ID, TrapOid(pdu, enterprise));
   AppendBindings(pdu, trap);
-  const auto& agent = pdu.agent_addr;
-  const std::string address = OidText(std::array<oid, 4>{agent[0], agent[1], agent[2], agent[3]});
+  const std::string address = DottedQuadText(pdu.agent_addr);
   if (address != "0.0.0.0" && address != trap.SourceAddress && !Has(trap, kSnmpTrapAddress)) {
     Append(trap, kSnmpTrapAddress, ASN_IPADDRESS, address);
   }

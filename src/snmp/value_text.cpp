@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
+#include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {
@@ -27,8 +28,7 @@ std::span<const std::uint8_t> Octets(const netsnmp_variable_list& binding) {
 
 std::string AddressText(std::span<const std::uint8_t> octets) {
   if (octets.size() != 4) return OctetText(octets);
-  const std::array<oid, 4> parts = {octets[0], octets[1], octets[2], octets[3]};
-  return OidText(parts);
+  return DottedQuadText(octets.first<4>());
 }
 
 }  // namespace

@@ -47,16 +47,12 @@ TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
   EXPECT_EQ(window.helpContext, 9100);
 }
 
-TEST_F(MainFormTest, TheRawToolShowsTheStoredOption) {
+TEST_F(MainFormTest, TheRawToolShowsTheStoredOptionAndANegativeResultIsNoFailure) {
   settings.SetRaw(true);
+  snmp.startResult = -1;
   Main(application, form, offerTip);
   EXPECT_EQ(tools.Tools("Edit:Raw").State(), 1);
   EXPECT_EQ(tools.Tools("Edit:Pause").State(), 0);
-}
-
-TEST_F(MainFormTest, ANegativeStartResultIsNoFailure) {
-  snmp.startResult = -1;
-  Main(application, form, offerTip);
   EXPECT_THAT(log.calls, Contains("Show"));
 }
 
@@ -80,36 +76,26 @@ TEST_F(MainFormTest, UnloadingGoesOnPastAStepThatFails) {
   }
 }
 
-TEST_F(MainFormTest, LaysOutTheTable) {
+TEST_F(MainFormTest, LaysOutTheTableAndClearsIt) {
   window.textHeight = 15;  // 22.5 goes to the even number
-  form.SetupTable();
-  struct Column {
-    const char* title;
-    int width;
-    Alignment alignment;
-  };
-  const Column columns[] = {{"Trap Time", 77, Alignment::Center},
-                            {"IP Address", 84, Alignment::Center},
-                            {"Community", 98, Alignment::Center},
-                            {"Device Type", 140, Alignment::Left},
-                            {"Trap Details", 252, Alignment::Left}};
-  ASSERT_EQ(table.Cols(), 5);
-  for (int col = 0; col < 5; ++col) {
-    EXPECT_EQ(table.Cell(0, col), columns[col].title);
-    EXPECT_EQ(table.ColWidth(col), columns[col].width);
-    EXPECT_EQ(table.ColAlignment(col), columns[col].alignment);
-  }
-  EXPECT_EQ(table.RowHeight(0), 22);
-  EXPECT_EQ(table.RuleColor(), 0x6464FFU);
-}
-
-TEST_F(MainFormTest, ClearDropsTrapsAndRestoresTheSampleWidths) {
   form.SetupTable();
   table.AddItem("", 1);
   table.SetColWidth(0, 500);
-  form.SetupTable();
+  form.SetupTable();  // as the clear command does
+  const std::tuple<const char*, int, Alignment> columns[] = {
+      {"Trap Time", 77, Alignment::Center},
+      {"IP Address", 84, Alignment::Center},
+      {"Community", 98, Alignment::Center},
+      {"Device Type", 140, Alignment::Left},
+      {"Trap Details", 252, Alignment::Left}};
+  ASSERT_EQ(table.Cols(), 5);
+  for (int col = 0; col < 5; ++col) {
+    EXPECT_EQ(std::tuple(table.Cell(0, col), table.ColWidth(col), table.ColAlignment(col)),
+              columns[col]);
+  }
   EXPECT_EQ(table.Rows(), 1);
-  EXPECT_EQ(table.ColWidth(0), 77);
+  EXPECT_EQ(table.RowHeight(0), 22);
+  EXPECT_EQ(table.RuleColor(), 0x6464FFU);
 }
 
 TEST_F(MainFormTest, TheTableLeavesRoomForTheStatusBar) {

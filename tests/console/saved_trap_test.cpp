@@ -45,7 +45,7 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   EXPECT_TRUE(request.refuseReadOnly);
 }
 
-TEST_F(SavedTrapTest, RawAndDecodedRowsSaveTheSame) {
+TEST_F(SavedTrapTest, RawAndDecodedRowsSaveTheSameAndOneWithoutBindingsSavesToo) {
   dialog.choice = "a name";
   mibs.entries["1.3.6.1.4.1.9.1"] = {"ifOperStatus", {{2, "down(2)"}}};
   for (const bool raw : {true, false}) {
@@ -55,12 +55,8 @@ TEST_F(SavedTrapTest, RawAndDecodedRowsSaveTheSame) {
     EXPECT_THAT(Saved().Values, ElementsAre("2", ""));
     EXPECT_THAT(Saved().OIDs, ElementsAre("1.3.6.1.4.1.9.1", "1.3.6.1.4.1.9.2"));
   }
-}
-
-TEST_F(SavedTrapTest, ATrapWithoutBindingsIsSavedToo) {
   builder.AddTrap(TrapOf({}));
   table.SetRow(1);
-  dialog.choice = "a name";
   EXPECT_EQ(Saved().SourceIP, "192.0.2.7");
   EXPECT_THAT(Saved().OIDs, IsEmpty());
 }

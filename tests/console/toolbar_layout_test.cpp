@@ -25,21 +25,15 @@ struct ToolbarLayoutTest : testing::Test {
 };
 
 TEST_F(ToolbarLayoutTest, OnlyAFileFromBeforeTheFirstDayIsDeleted) {
-  struct Case {
-    FakeFileSystem::File file;
-    bool survives;
-  };
-  const Case cases[] = {
-      {{{2004, 8, 24, 23, 59, 59}}, false},   {{{2004, 8, 25, 0, 0, 0}}, true},
-      {{{2004, 8, 25, 12, 0, 0}}, true},      {{{2003, 12, 31, 0, 0, 0}}, false},
-      {{{2004, 9, 1, 0, 0, 0}}, true},        {{{2005, 1, 1, 0, 0, 0}}, true},
-      {{{2004, 8, 24, 0, 0, 0}, true}, true},
-  };
-  for (const Case& c : cases) {
-    files.files = {{kPath, c.file}};
+  const std::pair<FakeFileSystem::File, bool> cases[] = {
+      {{{2004, 8, 24, 23, 59, 59}}, false}, {{{2004, 8, 25, 0, 0, 0}}, true},
+      {{{2003, 12, 31, 0, 0, 0}}, false},   {{{2004, 9, 1, 0, 0, 0}}, true},
+      {{{2005, 1, 1, 0, 0, 0}}, true},      {{{2004, 8, 24, 0, 0, 0}, true}, true}};
+  for (const auto& [file, survives] : cases) {
+    files.files = {{kPath, file}};
     log.calls.clear();
     layout.LoadToolbarLayout();
-    EXPECT_EQ(files.Exists(kPath), c.survives) << c.file.created.year << c.file.created.day;
+    EXPECT_EQ(files.Exists(kPath), survives) << file.created.year << file.created.day;
     EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints)) << "loading is asked for all the same";
   }
 }

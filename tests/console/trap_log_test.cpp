@@ -21,13 +21,6 @@ class TrapLogTest : public testing::Test {
   TrapLog log_{settings_, clock_, locale_, file_};
 };
 
-TEST_F(TrapLogTest, AnEntryIsStampThreeBlanksTextAndALineEndOfItsOwn) {
-  Name("traps.log");
-  log_.WriteToLog("192.0.2.7\r\n                  sysUpTime = 12345\r\n");
-  EXPECT_EQ(file_.contents["traps.log"],
-            "Dec-05 15:49:37   192.0.2.7\r\n                  sysUpTime = 12345\r\n\r\n");
-}
-
 TEST_F(TrapLogTest, EntriesFollowInOrderAndTheNameIsReadForEach) {
   Name("a.log");
   log_.WriteToLog("1\r\n");

@@ -17,6 +17,7 @@ namespace sentrel {
 namespace {
 
 using testing::ElementsAre;
+using testing::MatchesRegex;
 
 /// A manual of three pages.
 struct HelpPagesTest : testing::Test {
@@ -31,7 +32,8 @@ struct HelpPagesTest : testing::Test {
   void Write(const QString& name, const QString& title, const QString& body) {
     QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QFile::WriteOnly));
-    file.write(("<html><head><title>" + title + "</title></head><body>" + body + "</body></html>")
+    file.write(("<html><head><title>" + title + "</title></head><body><h1>" + title + "</h1>" +
+                body + "</body></html>")
                    .toUtf8());
   }
   std::string Address(const char* rest) const { return "file://" + Folder() + rest; }
@@ -87,7 +89,18 @@ TEST_F(HelpPagesTest, SearchesAllPagesTitlesFirst) {
   EXPECT_THAT(titles("nothing filter"), ElementsAre("Logs"));
   EXPECT_THAT(titles("elsewhere"), ElementsAre());
   EXPECT_THAT(titles("  "), ElementsAre());
-  EXPECT_TRUE(SearchHelp(folder.path(), "now")[0].excerpt.contains("here & now."));
+}
+
+TEST_F(HelpPagesTest, TellsWholeWordsAroundTheFirstHit) {
+  Write("long.html", "Long",
+        "<p>" + QString("filler ").repeated(20) + "needle " + QString("rest ").repeated(40) +
+            "end</p>");
+  const auto excerpt = [&](const char* words) {
+    return SearchHelp(folder.path(), words)[0].excerpt.toStdString();
+  };
+  EXPECT_EQ(excerpt("now"), "Nothing is FILTERED here & now.");
+  EXPECT_THAT(excerpt("needle"), MatchesRegex("… (filler )+needle (rest )+…"));
+  EXPECT_THAT(excerpt("Long"), MatchesRegex("(filler )+needle (rest )+…"));
 }
 
 struct HelpWindowTest : HelpPagesTest {
@@ -130,7 +143,7 @@ TEST_F(HelpWindowTest, ListsWhereTheWordsStandAndMarksThem) {
   QTest::keyClick(search, Qt::Key_Return);
   EXPECT_TRUE(View().toPlainText().contains("Pages with these words: 2"));
   View().setSource(QUrl::fromLocalFile(folder.filePath("one.html")));
-  EXPECT_EQ(View().extraSelections().size(), 2);
+  EXPECT_EQ(View().extraSelections().size(), 3);
   Choose("Back");
   EXPECT_TRUE(View().toPlainText().contains("Pages with these words: 2"));
 

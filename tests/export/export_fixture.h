@@ -10,8 +10,9 @@ namespace sentrel {
 /// A facade in front of engines that note what they are asked.
 class ExportFixture : public testing::Test {
  protected:
-  ExportServices Services() { return {factory_, application_, messageBox_, printers_}; }
+  ExportServices Services() { return {factory_, application_, messageBox_, printers_, program_}; }
 
+  ProgramIdentity program_{.majorVersion = 9, .minorVersion = 2, .revision = 47};
   CallLog log_;
   EngineScript script_{log_};
   FakeEngineFactory factory_{script_};

@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <functional>
+#include <random>
 #include <sstream>
 
 #include "common/failure.h"
 #include "mib/image_cache.h"
 #include "mib/image_writer.h"
 #include "mib/lookup.h"
+#include "mib/whole_file.h"
 #include "workshop.h"
 
 namespace sentrel::mib {
@@ -23,6 +26,19 @@ std::string SampleImage() {
                                  "t OBJECT IDENTIFIER ::= { iso 4294967295 }"))},
       {});
   return MakeImage(collection.Compile(*Image::Empty()), 42);
+}
+
+/// An image of many blocks.
+std::string LargeImage() {
+  std::string text;
+  for (int i = 1; i <= 8000; ++i) {
+    const std::string n = std::to_string(i);
+    text.append("x").append(n).append(" OBJECT-TYPE SYNTAX INTEGER { up(1), down").append(n);
+    text.append("(2) } ::= { iso 7 ").append(n).append(" }\n");
+  }
+  const Workshop workshop;
+  Collection collection({workshop.Write("a", ModuleText("A-MIB", text))}, {});
+  return MakeImage(collection.Compile(*Image::Empty()), 1);
 }
 
 std::shared_ptr<const Image> Open(const std::string& bytes) {
@@ -60,6 +76,29 @@ TEST(Image, EveryDamageIsFound) {
   EXPECT_THROW(Open(good + "x"), Failure);
 }
 
+/// Either the damage is met or the answer is what it would have been without it.
+TEST(Image, DamageIsNeverBelievedWhenOnlyWhatIsReadIsChecked) {
+  const std::string good = LargeImage();
+  ASSERT_GT(good.size(), 10 * format::kBlock);
+  std::mt19937 random(1);
+  int met = 0;
+  for (int turn = 0; turn < 2000; ++turn) {
+    auto bad = std::make_shared<std::string>(good);
+    char& byte = (*bad)[random() % bad->size()];
+    byte = static_cast<char>(byte ^ (1 << random() % 8));
+    try {
+      const auto image = Image::Over(*bad, bad, DamageCheck::WhenRead);
+      const Lookup found = LookUp(*image, "1.7.4000.5");
+      EXPECT_EQ(found.name, "x4000.5");
+      EXPECT_EQ(ListOf(*image, *found.type), "up(1),down4000(2)");
+    } catch (const Failure&) {
+      ++met;
+    }
+  }
+  EXPECT_GT(met, 0);
+  EXPECT_LT(met, 1000);
+}
+
 TEST(Image, AForgedImageNeverCrashes) {
   const std::string good = SampleImage();
   for (size_t at = sizeof(format::Header); at + 4 <= good.size(); at += 4) {
@@ -75,6 +114,42 @@ TEST(Image, AForgedImageNeverCrashes) {
                image);
     }
   }
+}
+
+TEST(Image, EveryNodeOfALargeOneIsFound) {
+  const auto image = Open(LargeImage());
+  for (int i = 1; i <= 8000; ++i) {
+    const std::string n = std::to_string(i);
+    const Lookup found = LookUp(*image, "1.7." + n + ".3.4");
+    ASSERT_EQ(found.name, "x" + n + ".3.4");
+    ASSERT_EQ(LabelOf(*image, *found.type, 2), "down" + n + "(2)");
+  }
+  EXPECT_EQ(LookUp(*image, "1.7.8001").name, "1.7.8001");
+}
+
+TEST(WholeFile, TakesThePlaceOfTheOldOneOrLeavesIt) {
+  const Workshop workshop;
+  const std::string path = workshop.Path("deep/er/file");
+  WriteWhole(path, "old");
+  const std::ifstream reader(path);
+  WriteWhole(path, "");
+  EXPECT_EQ(Contents(path), "");
+  const std::string large(5'000'000, 'x');
+  WriteWhole(path, large);
+  EXPECT_EQ(Contents(path), large);
+  std::stringstream seen;
+  seen << reader.rdbuf();
+  EXPECT_EQ(seen.str(), "old");
+
+  std::filesystem::create_directory(workshop.Path("folder"));
+  for (const char* refused : {"folder", "deep/er/file/below"}) {
+    EXPECT_THROW(WriteWhole(workshop.Path(refused), "x"), Failure) << refused;
+  }
+  size_t left = 0;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(workshop.Path(""))) {
+    if (entry.is_regular_file()) ++left;
+  }
+  EXPECT_EQ(left, 1);
 }
 
 TEST(ImageCache, CompilesOnceAndAgainWhenAnythingHasChanged) {
@@ -102,6 +177,74 @@ TEST(ImageCache, CompilesOnceAndAgainWhenAnythingHasChanged) {
   workshop.Write("cache/x.image", bytes.substr(0, 50));
   EXPECT_EQ(name("1.7"), "b");
   EXPECT_NO_THROW(Image::Open(file));
+}
+
+/// Each step changes one thing; the cache is outdated and the next image tells of it.
+TEST(ImageCache, NoticesEveryChange) {
+  const Workshop workshop;
+  const auto text = [](const std::string& name) {
+    return ModuleText(name + "-MIB", name + " OBJECT IDENTIFIER ::= { iso 7 }");
+  };
+  const std::string first = workshop.Write("mibs/b", text("b"));
+  const auto write = [&](const std::string& name, const std::string& module) {
+    return [&, name, module] { workshop.Write(name, text(module)); };
+  };
+  struct Step {
+    const char* what;
+    std::function<void()> change;
+    const char* name;
+  };
+  const Step steps[] = {
+      {"a file of the same size", write("mibs/b", "c"), "c"},
+      {"the same size and time",
+       [&] {
+         const auto time = std::filesystem::last_write_time(first);
+         workshop.Write("mibs/b", text("d"));
+         std::filesystem::last_write_time(first, time);
+       },
+       "d"},
+      {"a file before it", write("mibs/a", "a"), "a"},
+      {"a name that stands behind it",
+       [&] { std::filesystem::rename(workshop.Path("mibs/a"), workshop.Path("mibs/z")); }, "d"},
+      {"a file gone", [&] { std::filesystem::remove(first); }, "a"},
+      {"a folder below", write("mibs/m/n/e", "e"), "e"},
+      {"a file within it", write("mibs/m/n/e", "f"), "f"},
+      {"a link to a folder elsewhere",
+       [&] {
+         workshop.Write("else/g", text("g"));
+         std::filesystem::create_directory_symlink("../else", workshop.Path("mibs/g"));
+       },
+       "g"},
+      {"everything gone", [&] { std::filesystem::remove_all(workshop.Path("mibs")); }, "1.7"},
+  };
+  ImageCache cache(workshop.Path("x.image"), {{workshop.Path("mibs"), true}}, Image::Empty());
+  EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, "b");
+  for (const Step& step : steps) {
+    EXPECT_FALSE(cache.IsOutdated()) << step.what;
+    step.change();
+    EXPECT_TRUE(cache.IsOutdated()) << step.what;
+    EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, step.name) << step.what;
+  }
+}
+
+/// An image in the file that was made from other folders or another base is not taken.
+TEST(ImageCache, BelongsToItsFoldersAndItsBase) {
+  const Workshop workshop;
+  const std::string file = workshop.Path("x.image");
+  workshop.Write("one/m", ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { top 1 }"));
+  workshop.Write("two/m", ModuleText("B-MIB", "b OBJECT IDENTIFIER ::= { top 1 }"));
+  const auto base = [](const std::string& number) {
+    return Compiled({ModuleText("T-MIB", "top OBJECT IDENTIFIER ::= { iso " + number + " }")})
+        .Database();
+  };
+  const auto name = [&](const std::string& folder, const std::string& number) {
+    ImageCache cache(file, {{workshop.Path(folder), true}}, base(number));
+    return LookUp(*cache.Get({}), "1." + number + ".1").name;
+  };
+  EXPECT_EQ(name("one", "3"), "a");
+  EXPECT_EQ(name("two", "3"), "b");
+  EXPECT_EQ(name("one", "4"), "a");
+  EXPECT_EQ(name("one", "3"), "a");
 }
 
 TEST(ImageCache, DoesWithoutAFileItCannotWrite) {

@@ -5,7 +5,9 @@
 namespace sentrel::mib {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 const std::string kState =
@@ -98,6 +100,161 @@ TEST(Lenient, PassesOverWhatIsWrongWithOneMessage) {
     EXPECT_THAT(compiled.Messages()[0], testing::AnyOf("1:2: " + c.message, "1:3: " + c.message))
         << c.broken;
   }
+}
+
+/// The text of one description has no end: the definitions behind it are all there, and the message
+/// names its line.
+TEST(Lenient, AForgottenQuotationMarkCostsNoDefinition) {
+  const std::string before =
+      "a OBJECT-IDENTITY STATUS current DESCRIPTION \"first\" ::= { iso 1 }\n";
+  const std::string after =
+      "b OBJECT-TYPE SYNTAX INTEGER { on(1) } STATUS current\n"
+      "  DESCRIPTION \"of b,\n  that is odd\" ::= { iso 4 }\n"
+      "c OBJECT IDENTIFIER ::= { iso 5 }\n"
+      "T ::= TEXTUAL-CONVENTION DESCRIPTION \"of T\" SYNTAX INTEGER { off(0) }\n"
+      "d OBJECT-TYPE SYNTAX T DESCRIPTION \"of d\" ::= { iso 6 }\n";
+  const std::string open[] = {
+      "x OBJECT-IDENTITY STATUS current DESCRIPTION \"no end\n\n  ::= { iso 3 }\n",
+      "x OBJECT-TYPE SYNTAX INTEGER DESCRIPTION \"no end\n ::= { iso 3 }\n",
+      "X ::= TEXTUAL-CONVENTION DISPLAY-HINT \"d STATUS current SYNTAX INTEGER\n",
+      "-- a comment -- that goes on\nx OBJECT-IDENTITY DESCRIPTION \"no end\n",
+  };
+  for (const std::string& text : open) {
+    for (const std::string& more :
+         {after, Join({after, "e OBJECT-IDENTITY REFERENCE \"e\" ::= { c 1 }\n", after})}) {
+      const Compiled compiled({InModule(Join({before, text, more}))});
+      EXPECT_EQ(compiled.Name("1.1"), "a") << text;
+      EXPECT_EQ(compiled.Labels("1.4"), "on(1)") << text;
+      EXPECT_EQ(compiled.Name("1.5"), "c") << text;
+      EXPECT_EQ(compiled.Labels("1.6"), "off(0)") << text;
+      EXPECT_THAT(compiled.Messages(), Contains(HasSubstr("no quotation mark at the end"))) << text;
+    }
+  }
+}
+
+/// Examples of definitions within a description are text as long as the marks fit.
+TEST(Lenient, ADescriptionMayHoldDefinitions) {
+  const Compiled compiled(
+      {InModule("x OBJECT-IDENTITY DESCRIPTION \"as in\n"
+                "y OBJECT IDENTIFIER ::= { iso 5 }\n\" ::= { iso 4 }\n" +
+                kState)});
+  EXPECT_EQ(compiled.Name("1.4"), "x");
+  EXPECT_EQ(compiled.Name("1.5"), "1.5");
+  EXPECT_THAT(compiled.Messages(), IsEmpty());
+}
+
+TEST(Lenient, ANameThatStandsTwiceKeepsBothAndTheRest) {
+  const Compiled compiled(
+      {InModule("x OBJECT IDENTIFIER ::= { iso 3 }\n"
+                "x OBJECT-TYPE SYNTAX INTEGER { on(1) } ::= { iso 4 }\n"
+                "y OBJECT IDENTIFIER ::= { x 1 }\n"
+                "T ::= INTEGER { a(1) }\nT ::= INTEGER { b(1) }\n"
+                "z OBJECT-TYPE SYNTAX T ::= { iso 5 }\n"
+                "z OBJECT-TYPE SYNTAX T ::= { iso 5 }\n" +
+                kState)});
+  EXPECT_EQ(compiled.Name("1.3"), "x");
+  EXPECT_EQ(compiled.Name("1.3.1"), "y");
+  EXPECT_EQ(compiled.Labels("1.4"), "on(1)");
+  EXPECT_EQ(compiled.Labels("1.5"), "a(1)");
+  EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)");
+  EXPECT_THAT(compiled.Messages(), ElementsAre("1:3: 'x' has another OID in the same module"));
+}
+
+/// Clauses that the database does not need, right and wrong ones: the definition around them and
+/// the one behind it are understood without a word.
+TEST(Lenient, PassesOverClauses) {
+  const char* clauses[] = {
+      "MAX-ACESS read-only STAUS curent",
+      "ACCESS not-accessible STATUS deprecated",
+      "UNITS \"1/10 \xB0 C\" REFERENCE \"RFC 1 -- section 2\"",
+      "INDEX { IMPLIED a, INTEGER (0..7), b }",
+      "AUGMENTS { other }",
+      "DEFVAL { 'c0a80001'H }",
+      "DEFVAL { { low, high } }",
+      "DEFVAL { -1 } DEFVAL { \"}\" }",
+      "DEFVAL { other.1 } -- { -- ",
+      "DESCRIPTION \"BEGIN x OBJECT-TYPE END ::= { } -- it's\"",
+      "DESCRIPTION 'single' STATUS current",
+      "WRITE-SYNTAX INTEGER { never(9) }",
+      "MIN-ACCESS read-only SYNTAX INTEGER { second(2) }",
+  };
+  for (const char* clause : clauses) {
+    const Compiled compiled({InModule(
+        Join({"x OBJECT-TYPE SYNTAX INTEGER { on(1) } ", clause, "\n::= { iso 4 }\n", kState}))});
+    EXPECT_EQ(compiled.Labels("1.4"), "on(1)") << clause;
+    EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << clause;
+    EXPECT_THAT(compiled.Messages(), IsEmpty()) << clause;
+  }
+}
+
+/// Macros that define a node, with clauses in which other definitions are named.
+TEST(Lenient, KnowsAllMacros) {
+  const char* macros[] = {
+      "MODULE-IDENTITY LAST-UPDATED \"9901010000Z\" ORGANIZATION \"o\" REVISION \"9901010000Z\"",
+      "OBJECT-IDENTITY STATUS current DESCRIPTION \"d\"",
+      "NOTIFICATION-TYPE OBJECTS { state, other } STATUS current",
+      "OBJECT-GROUP OBJECTS { state } STATUS current",
+      "NOTIFICATION-GROUP NOTIFICATIONS { other } STATUS current",
+      "MODULE-COMPLIANCE STATUS current MODULE MANDATORY-GROUPS { g }\n"
+      "  GROUP g DESCRIPTION \"\" OBJECT state SYNTAX INTEGER { up(1) } MIN-ACCESS read-only",
+      "AGENT-CAPABILITIES PRODUCT-RELEASE \"1\" SUPPORTS B-MIB INCLUDES { g }\n"
+      "  VARIATION state SYNTAX INTEGER { up(1) } ACCESS read-only CREATION-REQUIRES { state }",
+  };
+  for (const char* macro : macros) {
+    const Compiled compiled({InModule(Join({"x ", macro, "\n  ::= { iso 4 }\n", kState}))});
+    EXPECT_EQ(compiled.Name("1.4"), "x") << macro;
+    EXPECT_EQ(compiled.Labels("1.4"), "") << macro;
+    EXPECT_EQ(compiled.Labels("1.7"), "up(1),down(2)") << macro;
+    EXPECT_THAT(compiled.Messages(), IsEmpty()) << macro;
+  }
+}
+
+/// A value of an OID in the forms in which makers write it.
+TEST(Lenient, ReadsOids) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"{ top 1 2 }", "1.9.1.2"},
+      {"{ top 1, 2 }", "1.9.1.2"},
+      {"{ top a(1) b(2) }", "1.9.1.2"},
+      {"{top 4294967295}", "1.9.4294967295"},
+      {"{ 1 9 3 }", "1.9.3"},
+      {"{ iso(1) 9 3 }", "1.9.3"},
+      {"{ iso x(9) 3 }", "1.9.3"},
+      {"{ A-MIB.top 3 }", "1.9.3"},
+      {"{ iso 9 top 5 }", "1.9.5"},
+      {"{ top(9) 5 }", "1.9.5"},
+      {"{ joint-iso-itu-t 5 }", "2.5"},
+      {"{ ccitt data(9) }", "0.9"},
+      {"top", "1.9"},
+      {"{\n-- a comment\n top\t7\n}", "1.9.7"},
+  };
+  for (const auto& [value, oid] : cases) {
+    const Compiled compiled(
+        {InModule("top OBJECT IDENTIFIER ::= { iso 9 }\n"
+                  "x OBJECT-IDENTITY ::= " +
+                  std::string(value) + "\n" + kState)});
+    EXPECT_EQ(compiled.Name(oid), "x") << value;
+    EXPECT_EQ(compiled.Name("1.7"), "state") << value;
+    EXPECT_THAT(compiled.Messages(), IsEmpty()) << value;
+  }
+}
+
+TEST(Lenient, AFileMayHoldManyModules) {
+  std::string text = "Cut here -------\n";
+  for (int i = 1; i <= 30; ++i) {
+    const std::string n = std::to_string(i);
+    const std::string last = std::to_string(i - 1);
+    const std::string parent = i == 1 ? "iso" : Join({"m", last});
+    text += ModuleText(Join({"M", n, "-MIB"}),
+                       Join({"m", n, " OBJECT IDENTIFIER ::= { ", parent, " 2 }"}),
+                       i == 1 ? "" : Join({parent, " FROM M", last, "-MIB"}));
+    text += Join({"\n[Page ", n, "]\n\f\nRFC \"1\" {it's\n"});
+  }
+  const Compiled compiled({text});
+  EXPECT_EQ(compiled.Name("1.2.2.2"), "m3");
+  std::string deepest = "1";
+  for (int i = 0; i < 30; ++i) deepest += ".2";
+  EXPECT_EQ(compiled.Name(deepest + ".0"), "m30.0");
+  EXPECT_THAT(compiled.Messages(), IsEmpty());
 }
 
 TEST(Lenient, ModulesWithoutAnEndOrWithoutASemicolon) {

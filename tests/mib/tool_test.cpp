@@ -67,6 +67,21 @@ TEST_F(ToolTest, LooksUpInFolders) {
             "1.3.6.1.4.1.99999.1.0\tmode.0\ton(1),off(2)\n");
 }
 
+TEST_F(ToolTest, MakesADamagedImageAnew) {
+  workshop_.Write("mibs/acme", vendor_);
+  const std::string command = "lookup -M " + workshop_.Path("mibs") + " 1.3.6.1.4.1.99999.1.0";
+  const std::string answer = RunTool(command).text;
+  const std::string image = workshop_.Path("cache/sentrel/lookup-mibs.image");
+  const auto size = std::filesystem::file_size(image);
+  for (const auto& damage : {"dd conv=notrunc bs=1k seek=1 count=2200 if=/dev/zero of=",
+                             "truncate -s 5000 ", "truncate -s +8 ", "truncate -s 0 "}) {
+    ASSERT_EQ(Run(damage + image).status, 0);
+    EXPECT_EQ(RunTool(command).text, answer) << damage;
+    EXPECT_EQ(std::filesystem::file_size(image), size) << damage;
+    EXPECT_NO_THROW(Image::Open(image)) << damage;
+  }
+}
+
 TEST_F(ToolTest, CompilesAndTellsWhatIsWrong) {
   const std::string file = workshop_.Write("mibs/acme", vendor_);
   const std::string image = workshop_.Path("out.image");

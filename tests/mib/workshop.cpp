@@ -57,6 +57,12 @@ std::string ModuleText(const std::string& name, const std::string& definitions,
          definitions + "\nEND\n";
 }
 
+std::string Join(std::initializer_list<std::string_view> parts) {
+  std::string text;
+  for (const std::string_view part : parts) text += part;
+  return text;
+}
+
 std::string ProgramFolder() {
   return std::getenv("SENTREL_BIN");
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "mib/collection.h"
@@ -46,6 +48,9 @@ class Compiled {
 /// A module text around definitions.
 std::string ModuleText(const std::string& name, const std::string& definitions,
                        const std::string& imports = "");
+
+/// The parts as one text.
+std::string Join(std::initializer_list<std::string_view> parts);
 
 /// The folder of the programs that the build made.
 std::string ProgramFolder();

@@ -1,10 +1,10 @@
 #!/bin/bash
-# package_test.sh BUILD VERSION: makes the Debian package of a build, unpacks it into a throw-away
-# root, looks whether all is there, and starts the program from there, by its desktop entry, in a
-# network of its own where UDP 162 is open to it.
+# package_test.sh BUILD VERSION: makes the Debian package of a build, installs, upgrades and removes
+# it in a throw-away root, looks whether all is there, and starts the program from there, by its
+# desktop entry, in a network of its own where UDP 162 is open to it.
 set -u
 build=$1 version=$2
-for tool in cpack dpkg-deb dpkg-shlibdeps unshare; do
+for tool in cpack dpkg dpkg-deb dpkg-shlibdeps unshare; do
   command -v $tool >/dev/null || { echo "There is no $tool here."; exit 77; }
 done
 work=$(mktemp -d)
@@ -25,11 +25,25 @@ if [ "${IN_OWN_NETWORK:-}" != yes ]; then
 fi
 
 package=$(echo "$PACKAGES"/*.deb)
+root=$work/root
 [ "$(dpkg-deb -f "$package" Version)" = "$version" ] || fail "the version is not $version"
 dpkg-deb -f "$package" Depends | grep -q libcap2-bin || fail "setcap is not asked for"
-dpkg-deb -x "$package" "$work/root" || fail "the package cannot be unpacked"
-dpkg-deb -e "$package" "$work/control" || fail "the package has no scripts"
-root=$work/root
+
+# Other checkers of the field, as far as they are here.
+checked() { # COMMAND...
+  ! command -v "$1" >/dev/null || "$@" >"$work/log" 2>&1 || { cat "$work/log"; fail "$1 objects"; }
+}
+checked lintian --fail-on error --allow-root "$package"
+
+# Installed by dpkg itself into a root where nothing else is.
+export PATH=$PATH:/usr/sbin:/sbin
+mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
+touch "$root/var/lib/dpkg/status"
+run_dpkg() {
+  dpkg --root="$root" --log=/dev/null --force-depends --force-unsafe-io \
+    --force-script-chrootless "$@" >"$work/log" 2>&1 || { cat "$work/log"; fail "dpkg $*"; }
+}
+run_dpkg --install "$package"
 
 for file in lib/sentrel/{Sentrel,sentrel-mib,sentrel-port,sentrel-mibs.image,Help/default.htm,tips/Benchwells.txt} \
             bin/{Sentrel,sentrel-mib} share/man/man1/{Sentrel,sentrel-mib}.1.gz \
@@ -38,26 +52,44 @@ for file in lib/sentrel/{Sentrel,sentrel-mib,sentrel-port,sentrel-mibs.image,Hel
             share/applications/sentrel.desktop share/metainfo/sentrel.metainfo.xml; do
   [ -s "$root/usr/$file" ] || fail "$file is missing"
 done
-[ -z "$(find "$root" -perm /6022 ! -type l)" ] || fail "others may write, or a file changes its user"
-[ -z "$(getcap -r "$root" 2>/dev/null)" ] || fail "a file brings a capability with it"
+share=$root/usr/share
+checked desktop-file-validate "$share/applications/sentrel.desktop"
+checked appstreamcli validate --no-net "$share/metainfo/sentrel.metainfo.xml"
+zcat "$share/doc/sentrel/changelog.gz" | head -n 1 | grep -qF "($version)" ||
+  fail "the package's change log does not begin with $version"
+grep -m 1 '<release ' "$share/metainfo/sentrel.metainfo.xml" | grep -qF "\"$version\"" ||
+  fail "the newest release of the metainfo is not $version"
+for page in "$share"/man/man1/*.gz; do
+  zcat "$page" | grep -q "^.TH .*\"Sentrel ${version%.*.*}\"" || fail "$page is of another version"
+done
 
-# The scripts of the package, on a root of their own.
-scripts() { # SCRIPT ARGUMENT
-  sed "s|/var/lib/sentrel|$work/state|g; s|/usr/lib|$root/usr/lib|g; s|^ *setcap|: setcap|" \
-    "$work/control/$1" >"$work/script"
-  sh "$work/script" "$2" || fail "$1 $2 fails"
-}
-grep -c cap_ "$work/control/postinst" | grep -qx 1 || fail "not exactly one capability is given"
-scripts postinst configure
-[ "$(stat -c %a "$work/state")" = 755 ] || fail "the machine's options can be written by others"
-chmod 775 "$work/state"
-scripts postinst configure
-[ "$(stat -c %a "$work/state")" = 775 ] || fail "an upgrade takes an administrator's choice back"
-touch "$work/state/registry.db"
-scripts postrm remove
-[ -e "$work/state/registry.db" ] || fail "removal takes the options away"
-scripts postrm purge
-[ ! -e "$work/state" ] || fail "purging leaves the options behind"
+# Who may do what: one file has one capability, where this file system knows any.
+state=$root/var/lib/sentrel
+[ -z "$(find "$root/usr" "$state" -perm /6022 ! -type l)" ] ||
+  fail "others may write, or a file changes its user"
+others=$(getcap -r "$root" | grep -v '/sentrel-port cap_net_bind_service=ep\b')
+[ -z "$others" ] || fail "a capability of $others"
+grep -q setcap "$work/log" || [ -n "$(getcap "$root/usr/lib/sentrel/sentrel-port")" ] ||
+  fail "the helper has no capability"
+[ "$(stat -c %a "$state")" = 755 ] || fail "the machine's options can be written by others"
+
+# An upgrade and a removal leave alone what an administrator has done; purging takes the options.
+dpkg-deb -R "$package" "$work/next"
+sed -i "s/^Version: .*/&.1/" "$work/next/DEBIAN/control"
+dpkg-deb -Znone -b "$work/next" "$work/next.deb" >/dev/null
+chmod 775 "$state"
+touch "$state/registry.db"
+mkdir "$root/usr/lib/sentrel/mibs"
+touch "$root/usr/lib/sentrel/mibs/MAKER-MIB"
+run_dpkg --install "$work/next.deb"
+[ "$(stat -c %a "$state")" = 775 ] || fail "an upgrade takes an administrator's choice back"
+run_dpkg --remove sentrel
+[ -e "$state/registry.db" ] || fail "removal takes the options away"
+[ -e "$root/usr/lib/sentrel/mibs/MAKER-MIB" ] || fail "removal takes an administrator's file away"
+run_dpkg --purge sentrel
+[ ! -e "$state" ] || fail "purging leaves the options behind"
+rm -r "$root/usr/lib/sentrel/mibs"
+run_dpkg --install "$package"
 
 # The program, started as the desktop does.
 ip link set lo up
@@ -72,9 +104,8 @@ snmpinform -v2c -c public -r 0 -t 5 127.0.0.1 '' 1.3.6.1.6.3.1.1.5.1 || fail "no
 kill -TERM $sentrel
 wait $sentrel || fail "SIGTERM is no clean end"
 sentrel=
-# Root's toolbar layout lies beside the program.
-left() { find "$root" -newer "$work/control" -type f; }
-[ "$(left)" = "$root/usr/lib/sentrel/Sentrel.Toolbars" ] || fail "the program leaves behind: $(left)"
-scripts postrm remove
-[ -z "$(left)" ] || fail "removal leaves behind: $(left)"
+[ -e "$root/usr/lib/sentrel/Sentrel.Toolbars" ] || fail "root's toolbar layout is not kept"
+run_dpkg --purge sentrel
+left=$(cd "$root" && find . -not -path './var/lib/dpkg*' -not -path . -not -path ./var -not -path ./var/lib)
+[ -z "$left" ] || fail "removal leaves behind: $left"
 echo PASSED

@@ -1,5 +1,6 @@
 #include "program_file/note_reader.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -66,8 +67,10 @@ TEST(ElfVersionReader, ReadsTheProgramAndNoOtherFile) {
   const ElfVersionReader reader;
   const auto record = reader.ReadVersion(SENTREL_PROGRAM);
   ASSERT_TRUE(record);
-  EXPECT_EQ(record->dwFileVersionMS, 9U << 16 | 2U);
-  EXPECT_EQ(record->dwFileVersionLS, 47U);
+  EXPECT_EQ(
+      fmt::format("{}.{}.{}.{}", record->dwFileVersionMS >> 16, record->dwFileVersionMS & 0xFFFF,
+                  record->dwFileVersionLS >> 16, record->dwFileVersionLS & 0xFFFF),
+      SENTREL_VERSION);
   EXPECT_EQ(record->dwProductVersionMS, record->dwFileVersionMS);
   EXPECT_EQ(record->dwProductVersionLS, record->dwFileVersionLS);
   EXPECT_NE(reader.ReadLegalNotice(SENTREL_PROGRAM).find("MIT License"), std::string::npos);

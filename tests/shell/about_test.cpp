@@ -19,7 +19,8 @@ struct AboutTest : testing::Test {
   FakeVersionReader versions;
   FakeLocale locale;
   FakeAboutDialogFactory dialogs{log};
-  AboutBox about{application, ProgramIdentity(), versions, locale, dialogs};
+  AboutBox about{application, ProgramIdentity{.majorVersion = 9, .minorVersion = 2}, versions,
+                 locale, dialogs};
 };
 
 const std::string kOwnVersions =

@@ -67,7 +67,7 @@ class ListenerTest : public testing::Test, public TrapObserver {
   int Send(const std::string& tool, std::vector<std::string> arguments,
            const std::string& host = "127.0.0.1");
 
-  void OnTrap(Trap trap) override { traps_.push_back(std::move(trap)); }
+  void OnTrap(const Trap& trap) override { traps_.push_back(trap); }
 
   const TemporaryFolder folder_;
   std::vector<Trap> traps_;

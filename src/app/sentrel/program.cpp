@@ -16,7 +16,13 @@ namespace {
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
 /// So many gather before they are handled that a storm does not cost a turn of the event loop for
 /// each, and so few that a frame is never late.
-constexpr std::chrono::milliseconds kDeliveryRest{5};
+constexpr std::chrono::milliseconds kDeliveryRest{15};
+
+ProgramIdentity ThisProgram() {
+  return {.majorVersion = SENTREL_VERSION_MAJOR,
+          .minorVersion = SENTREL_VERSION_MINOR,
+          .revision = SENTREL_VERSION_BUILD};
+}
 
 /// The SNMP library would make the folder readable to its user alone, but the machine's options in
 /// it are for all users.
@@ -60,7 +66,7 @@ Program::Program(const ProgramOptions& options)
       exportMemory_(registry_),
       exportEngines_({window_, clock_, locale_, messageBox_, exportMemory_}),
       trapExport_(table_, mousePointer_,
-                  {exportEngines_, application_, messageBox_, printers_, {}}),
+                  {exportEngines_, application_, messageBox_, printers_, ThisProgram()}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
@@ -75,9 +81,9 @@ Program::Program(const ProgramOptions& options)
       help_(application_, RegistrySupport(registry_), browsers_, messageBox_),
       helpKey_([this](int context) { help_.ShowHelpContext(application_.HelpFile(), context); }),
       aboutDialogs_(window_),
-      about_(application_, ProgramIdentity(), versions_, locale_, aboutDialogs_),
+      about_(application_, ThisProgram(), versions_, locale_, aboutDialogs_),
       tipDialogs_(window_, RegistrySupport(registry_), clock_),
-      tips_(application_, ProgramIdentity(), RegistrySupport(registry_), tipDialogs_),
+      tips_(application_, ThisProgram(), RegistrySupport(registry_), tipDialogs_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }),
       forcedEnd_([this] { listener_.CloseListener(); }) {

@@ -9,6 +9,7 @@
 #include "commands.h"
 #include "mib/collection.h"
 #include "mib/image_writer.h"
+#include "mib/whole_file.h"
 #include "surroundings.h"
 
 namespace sentrel::app {
@@ -83,7 +84,7 @@ int CompileFolders(const Arguments& arguments) {
 int CheckFiles(const Arguments& arguments) {
   if (arguments.rest.empty()) throw std::invalid_argument("check needs a file");
   mib::Collection collection(arguments.rest, {});
-  const auto base = ProgramDatabase();
+  const auto base = ProgramDatabase(mib::DamageCheck::AtOnce);
   collection.Compile(*base);
   Print(collection.AllMessages());
   return collection.AllMessages().empty() ? 0 : 1;

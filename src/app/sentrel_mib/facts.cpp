@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "mib/collection.h"
 #include "mib/image_writer.h"
+#include "mib/whole_file.h"
 #include "surroundings.h"
 
 namespace sentrel::app {

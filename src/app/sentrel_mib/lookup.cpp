@@ -3,26 +3,53 @@
 #include <iostream>
 
 #include "commands.h"
+#include "common/failure.h"
 #include "surroundings.h"
 
 namespace sentrel::app {
 namespace {
 
-void Print(const mib::Image& image, const std::string& oid) {
-  const mib::Lookup found = mib::LookUp(image, oid);
-  std::cout << oid << '\t' << found.name << '\t' << mib::ListOf(image, *found.type) << '\n';
-}
+/// Names OIDs out of a database of which only what is read is checked for damage.
+class Namer {
+ public:
+  explicit Namer(const std::vector<std::string>& folders) : folders_(folders) {}
+
+  void Print(const std::string& oid) {
+    std::string line;
+    try {
+      if (image_ == nullptr) image_ = Open(mib::DamageCheck::WhenRead);
+      line = LineOf(oid);
+    } catch (const Failure&) {
+      // Damage is found at once now, and the image made anew.
+      image_ = Open(mib::DamageCheck::AtOnce);
+      line = LineOf(oid);
+    }
+    std::cout << line;
+  }
+
+ private:
+  std::shared_ptr<const mib::Image> Open(mib::DamageCheck check) const {
+    return folders_.empty() ? ProgramDatabase(check) : DatabaseWith(folders_, check);
+  }
+
+  std::string LineOf(const std::string& oid) const {
+    const mib::Lookup found = mib::LookUp(*image_, oid);
+    return oid + '\t' + found.name + '\t' + mib::ListOf(*image_, *found.type) + '\n';
+  }
+
+  const std::vector<std::string>& folders_;
+  std::shared_ptr<const mib::Image> image_;
+};
 
 }  // namespace
 
 int LookUpOids(const Arguments& arguments) {
-  const auto image =
-      arguments.folders.empty() ? ProgramDatabase() : DatabaseWith(arguments.folders);
-  for (const std::string& oid : arguments.rest) Print(*image, oid);
+  Namer namer(arguments.folders);
+  for (const std::string& oid : arguments.rest) namer.Print(oid);
   if (!arguments.rest.empty()) return 0;
   for (std::string line; std::getline(std::cin, line);) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (!line.empty()) Print(*image, line);
+    if (!line.empty()) namer.Print(line);
   }
   return 0;
 }

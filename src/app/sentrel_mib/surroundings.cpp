@@ -30,27 +30,30 @@ std::string ProgramFolder() {
 }
 
 std::shared_ptr<const mib::Image> Database(const std::string& cacheName,
-                                           std::vector<mib::Folder> folders) {
+                                           std::vector<mib::Folder> folders,
+                                           mib::DamageCheck check) {
   const std::string cache = UserFolder("XDG_CACHE_HOME", "/.cache") + "/" + cacheName;
-  return mib::ImageCache(cache, std::move(folders), BuiltInDatabase()).Get({});
+  return mib::ImageCache(cache, std::move(folders), BuiltInDatabase(check), check).Get({});
 }
 
 }  // namespace
 
-std::shared_ptr<const mib::Image> ProgramDatabase() {
+std::shared_ptr<const mib::Image> ProgramDatabase(mib::DamageCheck check) {
   return Database(
       mib::kUserImageName,
       mib::StandardFolders(ProgramFolder(), UserFolder("XDG_DATA_HOME", "/.local/share"),
-                           Variable("HOME")));
+                           Variable("HOME")),
+      check);
 }
 
-std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders) {
-  return Database("lookup-mibs.image", FoldersOf(folders));
+std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders,
+                                               mib::DamageCheck check) {
+  return Database("lookup-mibs.image", FoldersOf(folders), check);
 }
 
-std::shared_ptr<const mib::Image> BuiltInDatabase() {
+std::shared_ptr<const mib::Image> BuiltInDatabase(mib::DamageCheck check) {
   try {
-    return mib::Image::Open(ProgramFolder() + "/" + mib::kBuiltInImageName);
+    return mib::Image::Open(ProgramFolder() + "/" + mib::kBuiltInImageName, check);
   } catch (const Failure& failure) {
     std::cerr << "sentrel-mib: no built-in modules: " << failure.what() << "\n";
     return mib::Image::Empty();

@@ -9,12 +9,14 @@
 namespace sentrel::app {
 
 /// The database that the program itself would use: the built-in modules and those of the standard
-/// folders.
-std::shared_ptr<const mib::Image> ProgramDatabase();
+/// folders. Both this and the next throw Failure only where damage is looked for when reading.
+std::shared_ptr<const mib::Image> ProgramDatabase(mib::DamageCheck check);
 /// The built-in modules and those of the folders.
-std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders);
+std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders,
+                                               mib::DamageCheck check);
 /// The built-in modules alone; a database that knows nothing, with a warning, if there are none.
-std::shared_ptr<const mib::Image> BuiltInDatabase();
+std::shared_ptr<const mib::Image> BuiltInDatabase(
+    mib::DamageCheck check = mib::DamageCheck::AtOnce);
 
 /// Folders as they stand on the command line, with all folders below them.
 std::vector<mib::Folder> FoldersOf(const std::vector<std::string>& paths);

@@ -34,10 +34,15 @@ struct RankedHit {
   int count = 0;
 };
 
-QString Excerpt(const QString& text, qsizetype place) {
-  const qsizetype from = std::max<qsizetype>(0, place - kExcerptLetters / 3);
-  const QString part = text.mid(from, kExcerptLetters).simplified();
-  return (from > 0 ? "… " : "") + part + " …";
+/// Whole words around the first place of the word, or from the start. The first line is left out:
+/// it is the heading, which stands above the excerpt.
+QString Excerpt(const QString& text, const QString& word) {
+  const QString body = text.section('\n', 1).simplified();
+  qsizetype from = body.indexOf(word, 0, Qt::CaseInsensitive) - kExcerptLetters / 3;
+  from = from > 0 ? body.indexOf(' ', from) + 1 : 0;
+  const qsizetype end = body.lastIndexOf(' ', from + kExcerptLetters);
+  const bool whole = from + kExcerptLetters >= body.size();
+  return (from > 0 ? "… " : "") + (whole ? body.mid(from) : body.mid(from, end - from) + " …");
 }
 
 /// The count is 0 where a word is missing.
@@ -46,7 +51,7 @@ RankedHit Rank(const QString& file, const QStringList& words) {
   page.setHtml(ReadText(file));
   const QString title = page.metaInformation(QTextDocument::DocumentTitle);
   const QString text = page.toPlainText();
-  RankedHit ranked{{file, title, Excerpt(text, text.indexOf(words[0], 0, Qt::CaseInsensitive))}};
+  RankedHit ranked{{file, title, Excerpt(text, words[0])}};
   for (const QString& word : words) {
     const int count = static_cast<int>(text.count(word, Qt::CaseInsensitive));
     if (count == 0) return {};

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace sentrel::mib {
+
+/// The words of the SMI that the parser acts on. Every other word is None.
+enum class Keyword : std::uint8_t {
+  None,
+  Begin,
+  Bit,
+  Bits,
+  Choice,
+  Counter,
+  Counter32,
+  Counter64,
+  DisplayHint,
+  End,
+  Enterprise,
+  Explicit,
+  Exports,
+  From,
+  Gauge,
+  Gauge32,
+  Identifier,
+  Implicit,
+  Imports,
+  Integer,
+  Integer32,
+  IpAddress,
+  LastUpdated,
+  NetworkAddress,
+  Octet,
+  Of,
+  Opaque,
+  Sequence,
+  Size,
+  String,
+  Syntax,
+  TextualConvention,
+  TimeTicks,
+  UInteger32,
+  Unsigned32,
+  // From here on: what stands behind the name of a definition.
+  Definitions,
+  Macro,
+  Object,
+  // From here on: the macros that make a definition with an OID.
+  AgentCapabilities,
+  ModuleCompliance,
+  ModuleIdentity,
+  NotificationGroup,
+  NotificationType,
+  ObjectGroup,
+  ObjectIdentity,
+  ObjectType,
+  TrapType,
+};
+
+Keyword KeywordOf(std::string_view word);
+
+constexpr bool StandsBehindName(Keyword keyword) {
+  return keyword >= Keyword::Definitions;
+}
+constexpr bool IsDefiningMacro(Keyword keyword) {
+  return keyword >= Keyword::AgentCapabilities;
+}
+
+}  // namespace sentrel::mib
