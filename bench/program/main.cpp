@@ -1,13 +1,13 @@
 // bench_program BENCHMARK: figures of the whole program, window included. Run by bench/run on a
 // virtual display.
 
-#include <QApplication>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <string>
 
 #include "benchmarks.h"
+#include "watched_application.h"
 
 int main(int argc, char** argv) {
   using namespace sentrel::bench;
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: bench_program cost|rate|burst|response|growth|start\n");
     return EXIT_FAILURE;
   }
-  const QApplication application(argc, argv);
+  WatchedApplication application(argc, argv);
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
   return found->second();
 }

@@ -35,7 +35,7 @@ TEST_F(LockedStoreTest, TheWindowGoesOnAndTrapsGoOnComing) {
   qint64 longest = 0;
   qint64 waited = 0;
   int changes = 0;
-  while (lock.elapsed() < seconds * 1000) {
+  while (lock.elapsed() < qint64{seconds} * 1000) {
     Sender(port).SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"}, {"x"}, {4});
     QTest::qWait(20);
     QElapsedTimer change;
