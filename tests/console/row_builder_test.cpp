@@ -112,13 +112,8 @@ TEST_F(RowBuilderTest, AClockThatJumpsChangesTheTimesAndNotTheOrder) {
   }
   ASSERT_EQ(table.Rows(), 5);
   EXPECT_THAT(table.Cell(1, 0), testing::HasSubstr("2:59"));
-<<<<<<< HEAD
-  EXPECT_THAT(table.Cell(2, 0), testing::HasSubstr("Dec-99"));
-  EXPECT_THAT(table.Cell(3, 0), testing::HasSubstr("Jan-70"));
-=======
   EXPECT_EQ(table.Cell(2, 0), "31-Dec-99\r\n11:59 PM");
   EXPECT_EQ(table.Cell(3, 0), "01-Jan-70\r\n12:00 AM");
->>>>>>> main
   const std::string& entries = logFile.contents["traps.log"];
   EXPECT_LT(entries.find("15:00:00"), entries.find("00:00:00"));
   EXPECT_LT(entries.find("23:59:59"), entries.find("14:59:59"));
