@@ -19,7 +19,7 @@ void TakeBack(int file, ssize_t written) {
   struct stat status {};
   const bool last = fstat(file, &status) == 0 && status.st_size == end;
   // Where it cannot be done, half an entry stays.
-  if (last) [[maybe_unused]] const int result = ftruncate(file, end - written);
+  [[maybe_unused]] const bool taken = last && ftruncate(file, end - written) == 0;
 }
 
 [[noreturn]] void Fail(const std::string& path, int error) {

@@ -104,7 +104,7 @@ std::string Version3Trap(const QString& user, const QString& authPhrase) {
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t length = sizeof address;
-  bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length);
+  EXPECT_EQ(bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length), 0);
   getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &length);
   const QString target = QString("127.0.0.1:%1").arg(ntohs(address.sin_port));
   EXPECT_EQ(RunSender(SNMPTRAP, QStringList{"-e", kEngine} + Version3(user, authPhrase, target)),
@@ -253,7 +253,7 @@ class SoakTest : public testing::Test {
     time.start();
     for (int round = 0; !HasFailure(); round += 2) {
       if (minutes == 0 && round >= kShortRounds / 2) return;
-      if (minutes > 0 && time.elapsed() >= minutes * 30'000) return;
+      if (minutes > 0 && time.elapsed() >= qint64{minutes} * 30'000) return;
       FreeRound();
       CountedRound();
       SendVersion3Inform();

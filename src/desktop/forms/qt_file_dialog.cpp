@@ -21,10 +21,9 @@ std::optional<std::string> Ask(const SaveFileRequest& request, QWidget* owner) {
 }
 
 void TellReadOnly(const std::string& path, QWidget* owner) {
-  QMessageBox box(
-      QMessageBox::Warning, "Sentrel",
-      QString::fromStdString(path) + " is read-only.\nPlease choose another file name.",
-      QMessageBox::Ok, owner);
+  QMessageBox box(QMessageBox::Warning, "Sentrel",
+                  QString::fromStdString(path) + " is read-only.\nPlease choose another file name.",
+                  QMessageBox::Ok, owner);
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }
