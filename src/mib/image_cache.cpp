@@ -12,10 +12,12 @@ ImageCache::ImageCache(std::string file, std::vector<Folder> folders,
     : file_(std::move(file)), folders_(std::move(folders)), base_(std::move(base)), check_(check) {}
 
 std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
-  Sources sources = FindSources(folders_);
-  current_ = FingerprintOf(sources);
-  if (sources.files.empty()) return base_;
+  const SourcesMark mark = MarkSources(folders_);
+  current_ = FingerprintOf(mark.fingerprint);
+  if (!mark.hasFiles) return base_;
   if (auto image = FromFile(current_)) return image;
+  Sources sources = FindSources(folders_);
+  current_ = FingerprintOf(sources.fingerprint);
   Collection collection(std::move(sources.files), options);
   if (options.stop != nullptr && *options.stop) return nullptr;
   auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(*base_), current_));
@@ -26,7 +28,7 @@ std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
 }
 
 bool ImageCache::IsOutdated() const {
-  return FingerprintOf(FindSources(folders_)) != current_;
+  return FingerprintOf(MarkSources(folders_).fingerprint) != current_;
 }
 
 std::shared_ptr<const Image> ImageCache::FromFile(std::uint64_t fingerprint) const {
@@ -39,8 +41,8 @@ std::shared_ptr<const Image> ImageCache::FromFile(std::uint64_t fingerprint) con
   return nullptr;
 }
 
-std::uint64_t ImageCache::FingerprintOf(const Sources& sources) const {
-  std::uint64_t hash = sources.fingerprint ^ base_->Checksum();
+std::uint64_t ImageCache::FingerprintOf(std::uint64_t sources) const {
+  std::uint64_t hash = sources ^ base_->Checksum();
   for (const Folder& folder : folders_) hash = Hash(folder.path, hash + (folder.recursive ? 1 : 0));
   return hash;
 }

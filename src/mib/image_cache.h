@@ -30,7 +30,7 @@ class ImageCache {
 
  private:
   std::shared_ptr<const Image> FromFile(std::uint64_t fingerprint) const;
-  std::uint64_t FingerprintOf(const Sources& sources) const;
+  std::uint64_t FingerprintOf(std::uint64_t sources) const;
 
   std::string file_;
   std::vector<Folder> folders_;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <deque>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -19,40 +20,34 @@ namespace {
 constexpr size_t kMostFiles = 50'000;
 constexpr int kDeepestFolder = 16;
 
-/// The names in a folder, sorted, without those that begin with a dot.
-class Listing {
- public:
-  explicit Listing(DIR* folder) {
-    std::vector<size_t> begins;
-    while (const dirent* entry = readdir(folder)) {
-      if (entry->d_name[0] == '.') continue;
-      begins.push_back(text_.size());
-      text_.append(entry->d_name).push_back('\0');
-    }
-    names_.reserve(begins.size());
-    for (const size_t begin : begins) names_.emplace_back(text_.data() + begin);
-    std::sort(names_.begin(), names_.end());
-  }
-
-  /// Each has a zero behind it.
-  const std::vector<std::string_view>& Names() const { return names_; }
-
- private:
-  std::string text_;
-  std::vector<std::string_view> names_;
+/// A folder that has been read. Names lie one behind the other, each with a zero behind it: most
+/// callers only want to know whether something has changed, and need no paths.
+struct Listing {
+  std::string path;
+  std::string names;
+  /// Where in `names` those of the files begin, in the order of the file system.
+  std::vector<size_t> files;
+  /// The folders within this one, by name and by their place in the list of all folders.
+  std::vector<std::pair<std::string, size_t>> folders;
 };
 
 class Walk {
  public:
-  void Add(const Folder& folder) {
-    Enter(folder.path, AT_FDCWD, folder.path.c_str(), folder.recursive, 0);
+  explicit Walk(const std::vector<Folder>& folders) {
+    for (const Folder& folder : folders) {
+      roots_.push_back(Enter(folder.path, AT_FDCWD, folder.path.c_str(), folder.recursive, 0));
+    }
   }
-  Sources TakeResult() { return std::move(sources_); }
+  std::uint64_t Fingerprint() const { return sources_.fingerprint; }
+  bool FoundFiles() const;
+  Sources TakeResult();
 
  private:
-  void Enter(const std::string& path, int parent, const char* name, bool recursive, int depth);
-  void Visit(const std::string& path, int folder, const char* name, bool recursive, int depth);
-  void Stamp(const struct stat& status);
+  size_t Enter(const std::string& path, int parent, const char* name, bool recursive, int depth);
+  void Read(size_t listing, DIR* folder, bool recursive, int depth);
+  void Visit(Listing& listing, int folder, const char* name, bool recursive);
+  void AppendFiles(const Listing& listing);
+  void AppendFile(const std::string& path, std::string_view name);
 
   void Report(const std::string& path, std::string text) {
     sources_.messages.push_back({path, 0, std::move(text)});
@@ -60,67 +55,118 @@ class Walk {
   }
 
   Sources sources_;
+  std::deque<Listing> listings_;
+  std::vector<size_t> roots_;
   std::set<std::pair<dev_t, ino_t>> visited_;
 };
 
-void Walk::Enter(const std::string& path, int parent, const char* name, bool recursive, int depth) {
+/// Returns the folder's place in the list; that of an empty one if it cannot be read.
+size_t Walk::Enter(const std::string& path, int parent, const char* name, bool recursive,
+                   int depth) {
+  const size_t listing = listings_.size();
+  listings_.emplace_back().path = path;
   const int folder = openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
   struct stat status {};
-  DIR* listing = folder >= 0 && fstat(folder, &status) == 0 ? fdopendir(folder) : nullptr;
-  if (listing == nullptr) {
+  DIR* stream = folder >= 0 && fstat(folder, &status) == 0 ? fdopendir(folder) : nullptr;
+  if (stream == nullptr) {
     Report(path, std::generic_category().message(errno));
     if (folder >= 0) close(folder);
-    return;
+    return listing;
   }
   if (visited_.emplace(status.st_dev, status.st_ino).second) {
     sources_.fingerprint = Hash(path, sources_.fingerprint);
-    const Listing children(listing);
-    std::string childPath = path + "/";
-    for (const std::string_view child : children.Names()) {
-      childPath.resize(path.size() + 1);
-      childPath += child;
-      Visit(childPath, folder, child.data(), recursive, depth);
+    Read(listing, stream, recursive, depth);
+  }
+  closedir(stream);
+  return listing;
+}
+
+void Walk::Read(size_t at, DIR* folder, bool recursive, int depth) {
+  Listing& listing = listings_[at];
+  while (const dirent* entry = readdir(folder)) {
+    if (entry->d_name[0] != '.') Visit(listing, dirfd(folder), entry->d_name, recursive);
+  }
+  std::sort(listing.folders.begin(), listing.folders.end());
+  for (auto& [name, place] : listing.folders) {
+    const std::string path = listing.path + "/" + name;
+    if (depth < kDeepestFolder) {
+      place = Enter(path, dirfd(folder), name.c_str(), recursive, depth + 1);
+    } else {
+      place = listings_.size();
+      listings_.emplace_back();
+      Report(path, "folders lie too deep within each other");
     }
   }
-  closedir(listing);
 }
 
-void Walk::Visit(const std::string& path, int folder, const char* name, bool recursive, int depth) {
-  struct stat status {};
-  if (fstatat(folder, name, &status, 0) != 0) return;
-  if (S_ISDIR(status.st_mode)) {
-    if (!recursive) return;
-    if (depth == kDeepestFolder) return Report(path, "folders lie too deep within each other");
-    return Enter(path, folder, name, recursive, depth + 1);
-  }
-  if (!S_ISREG(status.st_mode)) return;
-  if (sources_.files.size() == kMostFiles) return;
-  sources_.files.push_back(path);
-  if (sources_.files.size() == kMostFiles) {
-    Report(path, "too many files: those behind this one are left out");
-  }
-  sources_.fingerprint = Hash(name, sources_.fingerprint);
-  Stamp(status);
-}
-
-/// The time of change tells of edits that keep size and time of modification, and of permissions.
-void Walk::Stamp(const struct stat& status) {
+/// What of a file tells that it is another one. The time of change tells of edits that keep size
+/// and time of modification, and of permissions.
+std::uint64_t StampOf(const char* name, const struct stat& status) {
   const std::int64_t parts[] = {static_cast<std::int64_t>(status.st_ino),
                                 status.st_size,
                                 status.st_mtim.tv_sec,
                                 status.st_mtim.tv_nsec,
                                 status.st_ctim.tv_sec,
                                 status.st_ctim.tv_nsec};
-  sources_.fingerprint =
-      Hash({reinterpret_cast<const char*>(parts), sizeof parts}, sources_.fingerprint);
+  return Hash({reinterpret_cast<const char*>(parts), sizeof parts}, Hash(name));
+}
+
+void Walk::Visit(Listing& listing, int folder, const char* name, bool recursive) {
+  struct stat status {};
+  if (fstatat(folder, name, &status, 0) != 0) return;
+  if (S_ISDIR(status.st_mode) && recursive) listing.folders.emplace_back(name, 0);
+  if (!S_ISREG(status.st_mode)) return;
+  // A sum, as the file system gives the names in any order. The folder's path is part of it: the
+  // same file in another place is another source.
+  sources_.fingerprint += Hash(listing.path, StampOf(name, status));
+  listing.files.push_back(listing.names.size());
+  listing.names.append(name).push_back('\0');
+}
+
+bool Walk::FoundFiles() const {
+  return std::any_of(listings_.begin(), listings_.end(),
+                     [](const Listing& listing) { return !listing.files.empty(); });
+}
+
+Sources Walk::TakeResult() {
+  for (const size_t root : roots_) AppendFiles(listings_[root]);
+  return std::move(sources_);
+}
+
+/// The files and what lies in the folders, in the order of their names.
+void Walk::AppendFiles(const Listing& listing) {
+  std::vector<std::string_view> names;
+  names.reserve(listing.files.size());
+  for (const size_t begin : listing.files) names.emplace_back(listing.names.data() + begin);
+  std::sort(names.begin(), names.end());
+  auto folder = listing.folders.begin();
+  for (const std::string_view name : names) {
+    for (; folder != listing.folders.end() && folder->first < name; ++folder) {
+      AppendFiles(listings_[folder->second]);
+    }
+    AppendFile(listing.path, name);
+  }
+  for (; folder != listing.folders.end(); ++folder) AppendFiles(listings_[folder->second]);
+}
+
+void Walk::AppendFile(const std::string& path, std::string_view name) {
+  auto& files = sources_.files;
+  if (files.size() == kMostFiles) return;
+  files.emplace_back(path).append("/").append(name);
+  if (files.size() < kMostFiles) return;
+  sources_.messages.push_back(
+      {files.back(), 0, "too many files: those behind this one are left out"});
 }
 
 }  // namespace
 
 Sources FindSources(const std::vector<Folder>& folders) {
-  Walk walk;
-  for (const Folder& folder : folders) walk.Add(folder);
-  return walk.TakeResult();
+  return Walk(folders).TakeResult();
+}
+
+SourcesMark MarkSources(const std::vector<Folder>& folders) {
+  const Walk walk(folders);
+  return {walk.FoundFiles(), walk.Fingerprint()};
 }
 
 }  // namespace sentrel::mib

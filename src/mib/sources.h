@@ -27,4 +27,13 @@ struct Sources {
 /// The number of files and the depth are bounded. Never throws on account of a folder.
 Sources FindSources(const std::vector<Folder>& folders);
 
+/// Whether there are any files, and their fingerprint.
+struct SourcesMark {
+  bool hasFiles = false;
+  std::uint64_t fingerprint = 0;
+};
+
+/// What FindSources would find, in a fraction of the time: no path is put together.
+SourcesMark MarkSources(const std::vector<Folder>& folders);
+
 }  // namespace sentrel::mib
