@@ -96,6 +96,14 @@ Catalog Collection::Compile(const Image& base) {
   return catalog;
 }
 
+size_t Collection::ImageSizeEstimate(const Image& base) const {
+  constexpr size_t kRecords = sizeof(format::NodeRecord) + sizeof(format::EntryRecord);
+  constexpr size_t kTexts = 30;
+  size_t names = base.Nodes().size();
+  for (const Module& module : modules_) names += module.definitions.size();
+  return names * (kRecords + kTexts);
+}
+
 void Collection::Report(std::uint32_t file, Message message) {
   message.file = files_[file];
   messages_.push_back(std::move(message));

@@ -40,6 +40,8 @@ class Collection {
   /// Sorted by file, in the order of the list, and by line.
   const Messages& AllMessages() const { return messages_; }
   size_t ModuleCount() const { return modules_.size(); }
+  /// About how many bytes an image of the modules takes.
+  size_t ImageSizeEstimate(const Image& base) const;
 
  private:
   void Adopt(std::vector<ParsedFile>& parsed);

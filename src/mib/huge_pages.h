@@ -3,6 +3,7 @@
 #include <sys/mman.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <vector>
@@ -10,6 +11,15 @@
 namespace sentrel::mib {
 
 inline constexpr size_t kHugePage = 2 * 1024 * 1024;
+
+/// Asks for huge pages for the whole ones within a range that has not been touched yet. A hint:
+/// where it is refused, small pages do.
+inline void AskForHugePages(void* place, size_t size) {
+  const auto begin = reinterpret_cast<std::uintptr_t>(place);
+  const auto first = (begin + kHugePage - 1) / kHugePage * kHugePage;
+  const auto last = (begin + size) / kHugePage * kHugePage;
+  if (first < last) madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
+}
 
 /// Memory of a huge page or more comes in huge pages where the system has them: touched first, it
 /// costs one fault for each 2 megabytes rather than for each 4 kilobytes.
@@ -30,8 +40,7 @@ struct HugePageAllocator {
     } else {
       size = (size + kHugePage - 1) / kHugePage * kHugePage;
       place = std::aligned_alloc(kHugePage, size);
-      // A hint: where it is refused, small pages do.
-      if (place != nullptr) madvise(place, size, MADV_HUGEPAGE);
+      if (place != nullptr) AskForHugePages(place, size);
     }
     if (place == nullptr) throw std::bad_alloc();
     return static_cast<T*>(place);

@@ -20,8 +20,10 @@ std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
   current_ = FingerprintOf(sources.fingerprint);
   Collection collection(std::move(sources.files), options);
   if (options.stop != nullptr && *options.stop) return nullptr;
+  WholeFile file(file_);
+  file.Prepare(collection.ImageSizeEstimate(*base_));
   auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(*base_), current_));
-  Attempt([&] { WriteWhole(file_, *bytes); });
+  Attempt([&] { file.Write(*bytes); });
   // The mapped file leaves its pages to the system; the bytes only stand in for it.
   if (auto image = FromFile(current_)) return image;
   return Image::Over(*bytes, bytes);

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "mib/hash.h"
+#include "mib/huge_pages.h"
 #include "mib/image_format.h"
 
 namespace sentrel::mib {
@@ -165,8 +166,11 @@ class BreadthFirst {
 /// An image while it is being written.
 class ImageWriter {
  public:
-  explicit ImageWriter(const Catalog& catalog)
-      : catalog_(catalog), layout_(LayoutOf(catalog)), image_(layout_.end, '\0') {}
+  explicit ImageWriter(const Catalog& catalog) : catalog_(catalog), layout_(LayoutOf(catalog)) {
+    image_.reserve(layout_.end);
+    AskForHugePages(image_.data(), layout_.end);
+    image_.resize(layout_.end);
+  }
 
   std::string Write(std::uint64_t fingerprint) {
     auto nodes = std::async(std::launch::async, [this] {

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "common/failure.h"
@@ -10,40 +11,81 @@
 namespace sentrel::mib {
 namespace {
 
+namespace fs = std::filesystem;
+
 bool WriteAll(int file, std::string_view bytes) {
+  off_t place = 0;
   while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
+    const ssize_t written = pwrite(file, bytes.data(), bytes.size(), place);
     if (written < 0) return false;
     bytes.remove_prefix(static_cast<size_t>(written));
+    place += written;
   }
   return true;
 }
 
-bool WriteNew(const std::string& path, std::string_view bytes) {
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file < 0) return false;
-  // With its place on the disk settled, the renaming need not wait for the disk. Where the file
-  // system knows no such thing, the writing settles it.
-  if (!bytes.empty()) fallocate(file, 0, 0, static_cast<off_t>(bytes.size()));
-  const bool isWritten = WriteAll(file, bytes);
-  return close(file) == 0 && isWritten;
+/// With its place on the disk settled, the renaming need not wait for the disk. Where the file
+/// system knows no such thing, the writing settles it.
+void Allocate(int file, size_t size) {
+  if (size > 0) fallocate(file, 0, 0, static_cast<off_t>(size));
+}
+
+/// What goes wrong here goes wrong again when it matters.
+void FillWithZeros(int file, size_t size) {
+  Allocate(file, size);
+  const std::string zeros(256 * 1024, '\0');
+  for (size_t place = 0; place < size; place += zeros.size()) {
+    if (pwrite(file, zeros.data(), zeros.size(), static_cast<off_t>(place)) < 0) return;
+  }
 }
 
 }  // namespace
 
-void WriteWhole(const std::string& path, std::string_view bytes) {
-  namespace fs = std::filesystem;
+WholeFile::WholeFile(std::string path)
+    : path_(std::move(path)), draft_(path_ + "." + std::to_string(getpid()) + ".new") {
   std::error_code ignored;
-  if (const fs::path folder = fs::path(path).parent_path(); !folder.empty()) {
+  if (const fs::path folder = fs::path(path_).parent_path(); !folder.empty()) {
     fs::create_directories(folder, ignored);
   }
-  const std::string draft = path + "." + std::to_string(getpid()) + ".new";
+  file_ = open(draft_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+}
+
+WholeFile::~WholeFile() {
+  if (file_ < 0) return;
+  if (preparation_.valid()) preparation_.wait();
+  close(file_);
+  unlink(draft_.c_str());
+}
+
+void WholeFile::Prepare(size_t size) {
+  if (file_ < 0) return;
+  Attempt([&] {
+    preparation_ = std::async(
+        std::launch::async, [file = file_, size] { Attempt([&] { FillWithZeros(file, size); }); });
+  });
+}
+
+void WholeFile::Write(std::string_view bytes) {
+  if (preparation_.valid()) preparation_.wait();
   std::error_code error;
-  const bool isWritten = WriteNew(draft, bytes);
-  if (isWritten) fs::rename(draft, path, error);
-  if (isWritten && !error) return;
-  fs::remove(draft, ignored);
-  throw Failure(path + ": cannot be written");
+  const bool isWritten = WriteDraft(bytes);
+  if (isWritten) fs::rename(draft_, path_, error);
+  if (!isWritten || error) {
+    unlink(draft_.c_str());
+    throw Failure(path_ + ": cannot be written");
+  }
+}
+
+bool WholeFile::WriteDraft(std::string_view bytes) {
+  if (file_ < 0) return false;
+  Allocate(file_, bytes.size());
+  const bool isWritten =
+      WriteAll(file_, bytes) && ftruncate(file_, static_cast<off_t>(bytes.size())) == 0;
+  return close(std::exchange(file_, -1)) == 0 && isWritten;
+}
+
+void WriteWhole(const std::string& path, std::string_view bytes) {
+  WholeFile(path).Write(bytes);
 }
 
 }  // namespace sentrel::mib
