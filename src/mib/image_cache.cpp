@@ -1,5 +1,7 @@
 #include "mib/image_cache.h"
 
+#include <future>
+
 #include "common/failure.h"
 #include "mib/hash.h"
 #include "mib/image_writer.h"
@@ -21,8 +23,11 @@ std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
   Collection collection(std::move(sources.files), options);
   if (options.stop != nullptr && *options.stop) return nullptr;
   WholeFile file(file_);
-  file.Prepare(collection.ImageSizeEstimate(*base_));
-  auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(*base_), current_));
+  const size_t estimate = collection.ImageSizeEstimate(*base_);
+  auto room = std::async(std::launch::async, MakeRoom, estimate);
+  file.Prepare(estimate);
+  const Catalog catalog = collection.Compile(*base_);
+  auto bytes = std::make_shared<std::string>(MakeImage(catalog, current_, room.get()));
   Attempt([&] { file.Write(*bytes); });
   // The mapped file leaves its pages to the system; the bytes only stand in for it.
   if (auto image = FromFile(current_)) return image;

@@ -166,9 +166,9 @@ class BreadthFirst {
 /// An image while it is being written.
 class ImageWriter {
  public:
-  explicit ImageWriter(const Catalog& catalog) : catalog_(catalog), layout_(LayoutOf(catalog)) {
-    image_.reserve(layout_.end);
-    AskForHugePages(image_.data(), layout_.end);
+  ImageWriter(const Catalog& catalog, std::string room)
+      : catalog_(catalog), layout_(LayoutOf(catalog)), image_(std::move(room)) {
+    if (image_.size() < layout_.end) image_ = MakeRoom(layout_.end);
     image_.resize(layout_.end);
   }
 
@@ -249,8 +249,16 @@ class ImageWriter {
 
 }  // namespace
 
-std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
-  return ImageWriter(catalog).Write(fingerprint);
+std::string MakeRoom(size_t size) {
+  std::string room;
+  room.reserve(size);
+  AskForHugePages(room.data(), size);
+  room.resize(size);
+  return room;
+}
+
+std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint, std::string room) {
+  return ImageWriter(catalog, std::move(room)).Write(fingerprint);
 }
 
 void Seal(std::string& image) {

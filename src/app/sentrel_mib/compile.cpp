@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <future>
 #include <iostream>
 #include <mutex>
 #include <optional>
@@ -77,8 +78,11 @@ int CompileFolders(const Arguments& arguments) {
   mib::Collection collection = ReadWithProgress(std::move(sources.files));
   const auto base = BuiltInDatabase();
   std::optional<mib::WholeFile> image;
+  std::future<std::string> room;
   if (!arguments.output.empty()) {
-    image.emplace(arguments.output).Prepare(collection.ImageSizeEstimate(*base));
+    const size_t estimate = collection.ImageSizeEstimate(*base);
+    room = std::async(std::launch::async, mib::MakeRoom, estimate);
+    image.emplace(arguments.output).Prepare(estimate);
   }
   const mib::Catalog catalog = collection.Compile(*base);
   Print(sources.messages);
@@ -86,7 +90,7 @@ int CompileFolders(const Arguments& arguments) {
   std::cout << files << " files, " << collection.ModuleCount() << " modules, "
             << CountNames(catalog) << " names with the built-in ones, "
             << sources.messages.size() + collection.AllMessages().size() << " messages\n";
-  if (image) image->Write(mib::MakeImage(catalog, sources.fingerprint));
+  if (image) image->Write(mib::MakeImage(catalog, sources.fingerprint, room.get()));
   End(collection.ModuleCount() > 0 ? 0 : 1);
 }
 
