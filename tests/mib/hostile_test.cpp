@@ -103,6 +103,26 @@ TEST(Hostile, FoldersMayHoldAnything) {
   EXPECT_EQ(FindSources({{mibs + "/a", true}}).messages.size(), 1);
 }
 
+TEST(Hostile, FilesAndFoldersComeInTheOrderOfTheirNames) {
+  const Workshop workshop;
+  const std::string mibs = workshop.Path("mibs");
+  std::vector<std::string> expected;
+  for (const char* name : {"/a", "/b/x", "/b-c", "/b.d/a", "/b.d/c/y", "/b.d/d", "/e"}) {
+    workshop.Write(std::string("mibs") + name, name);
+    expected.push_back(mibs + name);
+  }
+  EXPECT_EQ(FindSources({{mibs, true}}).files, expected);
+
+  const auto markOf = [&] { return MarkSources({{mibs, true}}); };
+  const SourcesMark mark = markOf();
+  EXPECT_TRUE(mark.hasFiles);
+  EXPECT_EQ(mark.fingerprint, FindSources({{mibs, true}}).fingerprint);
+  std::filesystem::rename(mibs + "/b/x", mibs + "/b.d/x");
+  EXPECT_NE(markOf().fingerprint, mark.fingerprint);
+  std::filesystem::remove_all(mibs);
+  EXPECT_FALSE(markOf().hasFiles);
+}
+
 TEST(Hostile, FilesThatCannotBeReadAreNamed) {
   const Workshop workshop;
   const Collection collection({workshop.Path("gone"), workshop.Path("")}, {});

@@ -152,6 +152,23 @@ TEST(WholeFile, TakesThePlaceOfTheOldOneOrLeavesIt) {
   EXPECT_EQ(left, 1);
 }
 
+/// The size given beforehand is a guess, and there may be nothing to write in the end.
+TEST(WholeFile, PreparedHoldsNothingButWhatIsWritten) {
+  const Workshop workshop;
+  const std::string path = workshop.Path("prepared");
+  for (const size_t guess : {0, 1, 5'000'000}) {
+    WholeFile file(path);
+    file.Prepare(guess);
+    const std::string text(1'000'000, static_cast<char>('a' + guess % 7));
+    file.Write(text);
+    EXPECT_EQ(Contents(path), text) << guess;
+  }
+  WholeFile(path).Prepare(5'000'000);
+  EXPECT_EQ(std::filesystem::file_size(path), 1'000'000);
+  const std::filesystem::directory_iterator files(workshop.Path(""));
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+}
+
 TEST(ImageCache, CompilesOnceAndAgainWhenAnythingHasChanged) {
   const Workshop workshop;
   const std::string file = workshop.Path("cache/x.image");
