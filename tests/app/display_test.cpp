@@ -55,12 +55,12 @@ TEST(DISABLED_OnADisplay, TheProgramLogsTraps) {
 TEST(Display, ItsLossEndsTheProgramAndHarmsNoFile) {
   if (QStandardPaths::findExecutable("Xvfb").isEmpty()) GTEST_SKIP() << "there is no Xvfb";
   const QTemporaryDir folder;
-  QProcess display;
+  ForkedProcess display;
   display.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
   ASSERT_TRUE(display.waitForReadyRead(20'000));
   const QString number = display.readLine().trimmed();
 
-  QProcess program;
+  ForkedProcess program;
   auto environment = QProcessEnvironment::systemEnvironment();
   environment.insert("DISPLAY", ":" + number);
   environment.insert("QT_QPA_PLATFORM", "xcb");
