@@ -10,6 +10,7 @@
 
 #include "app/program.h"
 #include "fakes/free_port.h"
+#include "forked_process.h"
 #include "snmp/sender.h"
 
 namespace sentrel {
