@@ -10,7 +10,6 @@
 
 #include "app/program.h"
 #include "fakes/free_port.h"
-#include "forked_process.h"
 #include "snmp/sender.h"
 
 namespace sentrel {
@@ -56,12 +55,12 @@ TEST(DISABLED_OnADisplay, TheProgramLogsTraps) {
 TEST(Display, ItsLossEndsTheProgramAndHarmsNoFile) {
   if (QStandardPaths::findExecutable("Xvfb").isEmpty()) GTEST_SKIP() << "there is no Xvfb";
   const QTemporaryDir folder;
-  ForkedProcess display;
+  QProcess display;
   display.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
   ASSERT_TRUE(display.waitForReadyRead(20'000));
   const QString number = display.readLine().trimmed();
 
-  ForkedProcess program;
+  QProcess program;
   auto environment = QProcessEnvironment::systemEnvironment();
   environment.insert("DISPLAY", ":" + number);
   environment.insert("QT_QPA_PLATFORM", "xcb");

@@ -8,7 +8,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include "forked_process.h"
 #include "program_fixture.h"
 
 namespace sentrel {
@@ -17,7 +16,7 @@ namespace {
 struct ProgramTest : ProgramFixture {
   /// Runs one of the field's own senders to its end, the program's events being handled meanwhile.
   int Send(const char* sender, const QStringList& version, const QStringList& rest) {
-    ForkedProcess process;
+    QProcess process;
     QStringList arguments = version;
     arguments << QString::fromStdString(Peer()) << rest;
     process.start(sender, arguments);
@@ -54,7 +53,7 @@ TEST_F(ProgramTest, TrapsOfEveryKindBecomeRowsNewestFirst) {
 }
 
 TEST_F(ProgramTest, ABlockedEventLoopCostsNoTrapAndNoAnswer) {
-  ForkedProcess process;
+  QProcess process;
   process.start(SNMPINFORM, {"-v2c", "-cpublic", "-r0", QString::fromStdString(Peer()), "",
                              "1.3.6.1.6.3.1.1.5.1"});
   EXPECT_TRUE(process.waitForFinished(20'000)) << "no event is handled in here";

@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "forked_process.h"
 #include "program_fixture.h"
 #include "snmp/sender.h"
 
@@ -33,7 +32,7 @@ struct SendingTest : ProgramFixture {
   }
   /// Replays a file to the program. Returns the tool's exit code.
   int Replay(const QString& name) {
-    ForkedProcess process;
+    QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(REPLAY, {name, QString("127.0.0.1:%1").arg(port)});
     EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
