@@ -15,6 +15,8 @@ int RunBurst();
 /// From a menu click to the menu on the screen, and from a key press to the moved selection, while
 /// 20,000 traps a second come in.
 int RunResponse();
+/// The longest that painting a new row holds up the window, for ordinary and for hostile traps.
+int RunPainting();
 /// Processor time a trap as bindings, filters and distinct OIDs grow, and memory as traps do.
 int RunGrowth();
 /// From the start of the process to listening, against a bare window of the same toolkit.

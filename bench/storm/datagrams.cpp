@@ -3,7 +3,8 @@
 namespace sentrel::bench {
 namespace {
 
-constexpr char kSequence = 0x30, kInteger = 0x02, kText = 0x04, kOid = 0x06, kTicks = 0x43;
+constexpr char kSequence = 0x30, kInteger = 0x02, kText = 0x04, kNull = 0x05, kOid = 0x06,
+               kTicks = 0x43;
 constexpr char kTrap = '\xa7';
 const std::string kZero(1, '\0');
 /// 1.3.6.1.2.1.2.2.1, the columns of the table of interfaces.
@@ -64,6 +65,16 @@ Datagrams LinkDown() {
 
 Datagrams WithBindings(std::uint32_t bindings) {
   return {Notification(Descriptions(1, bindings))};
+}
+
+Datagrams WithEmptyBindings(std::uint32_t bindings) {
+  std::string all;
+  for (std::uint32_t i = 0; i < bindings; ++i) all += Binding("\x2b\x06\x01", kNull, "");
+  return {Notification(all)};
+}
+
+Datagrams WithText(const std::string& text) {
+  return {Notification(Binding(Column(kDescription, 7), kText, text))};
 }
 
 Datagrams WithDistinctOids(std::uint32_t distinct) {

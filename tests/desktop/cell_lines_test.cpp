@@ -15,6 +15,12 @@ std::vector<std::string> Lines(const std::string& text, int width = 400) {
   return lines;
 }
 
+std::string Repeated(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
 TEST(CellLines, EveryLineEndBeginsALine) {
   EXPECT_THAT(Lines(""), ElementsAre(""));
   EXPECT_THAT(Lines("a\r\nb\rc\nd"), ElementsAre("a", "b", "c", "d"));
@@ -26,6 +32,17 @@ TEST(CellLines, HostileCharactersAreShownAndNotObeyed) {
   EXPECT_THAT(Lines("a\u202Eb\u2066c\u200Fd"), ElementsAre("a\uFFFDb\uFFFDc\uFFFDd"));
   EXPECT_THAT(Lines("a\u2028b\u0085c"), ElementsAre("a\uFFFDb\uFFFDc"));
   EXPECT_THAT(Lines("a\xFFz"), ElementsAre("a\uFFFDz"));
+}
+
+TEST(CellLines, MarksPileUpToALimit) {
+  const std::string pile = "x" + Repeated("\u0301", 8);
+  EXPECT_THAT(Lines(pile + "y" + Repeated("\u0301", 8)),
+              ElementsAre(pile + "y" + Repeated("\u0301", 8)));
+  EXPECT_THAT(Lines(pile + "\u0301\u0489z"), ElementsAre(pile + "\uFFFD\uFFFDz"));
+  EXPECT_THAT(Lines("x" + Repeated("\U0001D165", 9)),
+              ElementsAre("x" + Repeated("\U0001D165", 8) + "\uFFFD\uFFFD"));
+  EXPECT_THAT(Lines("x" + Repeated("\u200C", 9)),
+              ElementsAre("x" + Repeated("\u200C", 8) + "\uFFFD"));
 }
 
 TEST(CellLines, LongLinesWrapAndNoPieceIsWiderThanItsRoom) {

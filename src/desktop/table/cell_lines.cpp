@@ -9,6 +9,8 @@ namespace {
 
 constexpr char16_t kControlPictures = 0x2400;  // U+2400 shows 0x00, U+2401 shows 0x01, ...
 constexpr char16_t kReplacement = 0xFFFD;
+/// No language needs more marks on one letter.
+constexpr int kHighestPile = 8;
 /// No glyph is narrower than this many pixels: no more text is laid out than can be seen.
 constexpr int kNarrowestGlyph = 2;
 
@@ -24,6 +26,34 @@ QChar Harmless(QChar c) {
   if (c.category() == QChar::Other_Control || ChangesDirection(c)) return kReplacement;
   if (c == QChar::LineSeparator || c == QChar::ParagraphSeparator) return kReplacement;
   return c;
+}
+
+/// Stands on or within the character before it, and may be piled up without end.
+bool TakesNoRoom(char32_t c) {
+  switch (QChar::category(c)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_SpacingCombining:
+    case QChar::Mark_Enclosing:
+    case QChar::Other_Format:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// What is too much of a pile is replaced: it would take long to lay out and hide what it stands
+/// on.
+void LevelPiles(QString& line) {
+  int height = 0;
+  for (qsizetype i = 0; i < line.size(); ++i) {
+    const bool pair = line[i].isHighSurrogate() && i + 1 < line.size();
+    const char32_t c = pair ? QChar::surrogateToUcs4(line[i], line[i + 1]) : line[i].unicode();
+    height = TakesNoRoom(c) ? height + 1 : 0;
+    if (height > kHighestPile) line[i] = kReplacement;
+    if (!pair) continue;
+    ++i;
+    if (height > kHighestPile) line[i] = kReplacement;
+  }
 }
 
 QStringList Wrapped(const QString& line, const QFont& font, const QFontMetrics& metrics,
@@ -61,6 +91,7 @@ QStringList CellLines(const std::string& text, const QFont& font, int width) {
   for (QStringView part : QStringView(whole).tokenize(u'\n')) {
     QString line = part.left(visible).toString();
     std::transform(line.begin(), line.end(), line.begin(), Harmless);
+    LevelPiles(line);
     if (metrics.horizontalAdvance(line) <= room) {
       lines << line;
     } else {

@@ -14,8 +14,8 @@ inline constexpr int kMostWrappedLines = 8;
 inline constexpr int kMostLines = 1000;
 
 /// The lines to paint for the text of a cell, each at most `width` pixels wide. Characters that
-/// would disturb the picture (control characters, directional overrides) are made visible instead
-/// of obeyed.
+/// would disturb the picture (control characters, directional overrides, piles of marks) are made
+/// visible instead of obeyed.
 QStringList CellLines(const std::string& text, const QFont& font, int width);
 
 }  // namespace sentrel
