@@ -34,7 +34,8 @@ void Allocate(int file, size_t size) {
 /// What goes wrong here goes wrong again when it matters.
 void FillWithZeros(int file, size_t size) {
   Allocate(file, size);
-  const std::string zeros(256 * 1024, '\0');
+  constexpr size_t kPart = 1 << 18;
+  const std::string zeros(kPart, '\0');
   for (size_t place = 0; place < size; place += zeros.size()) {
     if (pwrite(file, zeros.data(), zeros.size(), static_cast<off_t>(place)) < 0) return;
   }
