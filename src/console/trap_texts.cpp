@@ -13,6 +13,9 @@ namespace {
 /// the address.
 constexpr std::string_view kIndent = "                  ";
 
+/// Room for most lines.
+constexpr size_t kUsualLine = 64;
+
 std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup) {
   std::string text = value;
   if (!raw) Attempt([&] { text = lookup.LookupOIDValue(value); });
@@ -27,7 +30,10 @@ std::string BindingText(const std::string& oid, const std::string& value, bool r
 }  // namespace
 
 TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup) {
+  const size_t usual = kUsualLine * (1 + BindingCount(trap));
   TrapTexts texts;
+  texts.SummaryText.reserve(usual);
+  texts.DetailText.reserve(usual);
   texts.DetailText.append(trap.SourceAddress).append(kCrLf);
   std::string_view separator;
   for (size_t i = 0; i < BindingCount(trap); ++i) {
