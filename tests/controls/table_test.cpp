@@ -155,5 +155,28 @@ TEST(Table, TellsOfRowsAtOnceAndOfPaintingOnlyWhileItIsOn) {
   table.SetRedraw(1);
 }
 
+TEST(Table, ARowIsMadeOnceAndOnlyWhenItIsLookedAt) {
+  Table table;
+  table.SetCols(2);
+  int made = 0;
+  const RowMaker make = [&made] {
+    ++made;
+    return RowContent{.cells = {"a"}, .data = "d", .height = 7};
+  };
+  for (int i = 0; i < 3; ++i) table.AddItem(make, 1);
+  table.RemoveItem(3);
+  EXPECT_EQ(made, 0);
+  EXPECT_EQ(table.RowHeight(2), 7);
+  EXPECT_EQ(table.Cell(2, 0), "a");
+  EXPECT_EQ(table.Cell(2, 1), "") << "a missing cell is empty";
+  EXPECT_EQ(table.RowData(2), "d");
+  EXPECT_EQ(made, 1);
+  table.SetCell(1, 0, "b");
+  EXPECT_EQ(table.RowData(1), "d") << "what is written stands upon what was made";
+  EXPECT_EQ(table.Cell(1, 0), "b");
+  table.AddItem([]() -> RowContent { throw Failure("no"); }, 1);
+  EXPECT_EQ(table.Cell(1, 1), "") << "a failure leaves the row empty";
+}
+
 }  // namespace
 }  // namespace sentrel

@@ -53,5 +53,19 @@ TEST(TrapQueue, RefusesBeyondItsBytesAndGivesThemBack) {
   EXPECT_EQ(push(), Pushed::kBehindOthers);
 }
 
+TEST(TrapQueue, GivesUsedMemoryToTheNextTraps) {
+  TrapQueue queue({});
+  std::vector<Trap> used = {Named(std::string(100, 'x')), Named(std::string(10'000, 'x'))};
+  const char* const memory = used[0].Community.data();
+  queue.Recycle(used);
+  EXPECT_TRUE(used.empty());
+  Trap trap = Named("1");
+  queue.Push(trap);
+  EXPECT_EQ(trap.Community.data(), memory);
+  trap = Named("2");
+  queue.Push(trap);
+  EXPECT_LT(trap.Community.capacity(), 10'000U) << "a large one is not kept";
+}
+
 }  // namespace
 }  // namespace sentrel
