@@ -60,7 +60,7 @@ class Rows {
       Require(id.find_first_not_of("0123456789.") == std::string::npos);
     }
     for (const bool raw : {false, true}) {
-      Require(DescribeTrap(trap, raw, lookup_).DetailText.starts_with(trap.SourceAddress));
+      Require(DetailText(trap, raw, lookup_).starts_with(trap.SourceAddress));
     }
     decoder_.CheckCacheSize();
     Require(sentrel::ReadRowRecord(sentrel::RowRecord(trap)) == trap);
@@ -81,9 +81,9 @@ struct Parser {
   sentrel::Trap last;
   Folder folder;
   sentrel::SnmpLibrary library{folder.Path(), folder.Path()};
-  sentrel::NotificationParser parser{[this](const sentrel::Trap& trap) {
-                                       last = trap;
-                                       return rows.Take(trap);
+  sentrel::NotificationParser parser{[this](const sentrel::ArrivedTrap& trap) {
+                                       trap.Read(last);
+                                       return rows.Take(last);
                                      },
                                      [](const auto&, auto) { return true; }};
 };
@@ -95,7 +95,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   sentrel::Datagram datagram{.bytes = {data, size}, .peer = {}};
   datagram.peer.remote.v4.sin_family = AF_INET;
   datagram.peer.remoteLength = sizeof(sockaddr_in);
-  if (sentrel::Trap plain; ReadPlainTrap(datagram, plain)) {
+  if (sentrel::ArrivedTrap arrived; TakePlainTrap(datagram, arrived)) {
+    sentrel::Trap plain;
+    arrived.Read(plain);
     Require(all.parser.ParseByLibrary(datagram) == sentrel::Outcome::kAccepted);
     Require(all.last == plain);
   }

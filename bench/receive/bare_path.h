@@ -28,7 +28,7 @@ class BarePath {
  private:
   class Nowhere : public TrapObserver {
    public:
-    void OnTrap(const Trap&) override {}
+    void OnTrap(const ArrivedTrap&) override {}
   };
   void Wake();
   void Run();

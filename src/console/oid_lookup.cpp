@@ -19,8 +19,9 @@ bool IsOID(std::string_view text) {
   return text.starts_with("1.3.");
 }
 
-void CutInstanceZero(std::string& name) {
-  if (name.ends_with(".0")) name.resize(name.size() - 2);
+std::string_view WithoutInstanceZero(std::string_view name) {
+  if (name.ends_with(".0")) name.remove_suffix(2);
+  return name;
 }
 
 /// The number at the start of a text, 0 where there is none, rounded to the nearest whole number
@@ -49,12 +50,12 @@ bool HasNamedValues(const OIDObject& object) {
   return named;
 }
 
-std::string NamedValue(const OIDObject& object, const std::string& value) {
+void AppendNamedValue(const OIDObject& object, const std::string& value, std::string& text) {
   const auto number = LeadingNumber(value);
-  if (!number) return {};
-  std::string text;
-  Attempt([&] { text = object.EnumerationName(*number); });
-  return text == kUnnamed ? value : text;
+  if (!number) return;
+  std::string name;
+  Attempt([&] { name = object.EnumerationName(*number); });
+  text.append(name == kUnnamed ? value : name);
 }
 
 }  // namespace
@@ -63,26 +64,32 @@ std::string OidLookup::LookupOIDValue(const std::string& RefValue) {
   return IsOID(RefValue) ? decoder_.GetOID(RefValue)->Name() : RefValue;
 }
 
-std::string OidLookup::LookupOIDDetails(const std::string& RefOID, const std::string& RefValue) {
+void OidLookup::LookupOIDDetails(const std::string& RefOID, const std::string& RefValue,
+                                 std::string& text) {
   std::shared_ptr<OIDObject> object;
-  if (!Attempt([&] { object = decoder_.GetOID(RefOID); })) return " = ";
-  std::string line;
-  Attempt([&] { line = object->Name(); });
-  CutInstanceZero(line);
-  return line.append(" = ").append(ValueText(*object, RefValue));
+  const bool found = Attempt([&] { object = decoder_.GetOID(RefOID); });
+  if (found) Attempt([&] { text.append(WithoutInstanceZero(object->Name())); });
+  text.append(" = ");
+  if (found) AppendValue(*object, RefValue, text);
 }
 
-std::string OidLookup::ValueText(const OIDObject& object, const std::string& value) {
-  if (HasNamedValues(object)) return NamedValue(object, value);
-  return IsOID(value) ? NameOfValue(value) : value;
+void OidLookup::AppendValue(const OIDObject& object, const std::string& value, std::string& text) {
+  if (HasNamedValues(object)) {
+    AppendNamedValue(object, value, text);
+  } else if (IsOID(value)) {
+    AppendNameOf(value, text);
+  } else {
+    text.append(value);
+  }
 }
 
-std::string OidLookup::NameOfValue(const std::string& value) {
+void OidLookup::AppendNameOf(const std::string& value, std::string& text) {
   std::shared_ptr<OIDObject> object;
-  if (!Attempt([&] { object = decoder_.GetOID(value); })) return value;
-  std::string name;
-  Attempt([&] { name = object->Name(); });
-  return name;
+  if (Attempt([&] { object = decoder_.GetOID(value); })) {
+    Attempt([&] { text.append(object->Name()); });
+  } else {
+    text.append(value);
+  }
 }
 
 }  // namespace sentrel

@@ -15,13 +15,13 @@ class OidLookup {
   /// it begins with "1.3.". Throws Failure.
   std::string LookupOIDValue(const std::string& RefValue);
 
-  /// The line of a binding: name, " = ", value or named value. A step that fails leaves its part
-  /// empty; never throws.
-  std::string LookupOIDDetails(const std::string& RefOID, const std::string& RefValue);
+  /// Appends the line of a binding: name, " = ", value or named value. A step that fails leaves its
+  /// part empty; never throws.
+  void LookupOIDDetails(const std::string& RefOID, const std::string& RefValue, std::string& text);
 
  private:
-  std::string ValueText(const OIDObject& object, const std::string& value);
-  std::string NameOfValue(const std::string& value);
+  void AppendValue(const OIDObject& object, const std::string& value, std::string& text);
+  void AppendNameOf(const std::string& value, std::string& text);
 
   Decoder& decoder_;
 };

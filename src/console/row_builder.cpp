@@ -39,35 +39,33 @@ RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow&
       log_(log),
       selection_(table) {}
 
-void RowBuilder::AddTrap(const Trap& trap) {
+void RowBuilder::AddTrap(const ArrivedTrap& trap) {
   const PaintingPause pause(table_);
+  const bool raw = settings_.Raw();
   selection_.KeepTableSelection(1, false);
-  table_.AddItem(RowOf(trap), kNewest);
+  if (settings_.LoggingEnabled()) Log(trap, raw);
+  table_.AddItem([this, trap, arrival = clock_.Now(), raw] { return Content(trap, arrival, raw); },
+                 kNewest);
   while (table_.Rows() > kMostTraps + 1) table_.RemoveItem(table_.Rows() - 1);
   selection_.KeepTableSelection(0, true);
 }
 
-RowMaker RowBuilder::RowOf(const Trap& trap) {
-  const bool raw = settings_.Raw();
-  if (settings_.LoggingEnabled()) {
-    log_.WriteToLog(DescribeTrap(trap, raw, lookup_).DetailText.append(kCrLf));
-  }
-  // The record is all of the trap, in one piece of memory.
-  return [this, raw, arrival = clock_.Now(), record = RowRecord(trap)]() mutable {
-    return Content(std::move(record), arrival, raw);
-  };
+void RowBuilder::Log(const ArrivedTrap& trap, bool raw) {
+  trap.Read(logged_);
+  log_.WriteToLog(DetailText(logged_, raw, lookup_).append(kCrLf));
 }
 
-RowContent RowBuilder::Content(std::string record, const LocalTime& arrival, bool raw) const {
-  Trap trap = ReadRowRecord(record);
+RowContent RowBuilder::Content(const ArrivedTrap& arrived, const LocalTime& arrival,
+                               bool raw) const {
+  Trap trap;
+  arrived.Read(trap);
   TrapTexts texts = DescribeTrap(trap, raw, lookup_);
   const LocaleTexts& words = locale_.Texts();
   std::string time = FormatMediumDate(arrival, words).append(kCrLf);
   const int height = HeightFor(texts.SummaryText);
-  return {.cells = {time.append(FormatTime(arrival, words)), std::move(trap.SourceAddress),
-                    std::move(trap.Community), std::move(texts.DeviceType),
-                    std::move(texts.SummaryText)},
-          .data = std::move(record),
+  return {.cells = {time.append(FormatTime(arrival, words)), trap.SourceAddress, trap.Community,
+                    std::move(texts.DeviceType), std::move(texts.SummaryText)},
+          .data = RowRecord(trap),
           .height = height};
 }
 

@@ -26,11 +26,11 @@ class RowBuilder {
   /// afterwards, also after a failure.
   /// What the row shows is worked out when it is first looked at, raw or decoded as Settings.Raw
   /// is now.
-  void AddTrap(const Trap& trap);
+  void AddTrap(const ArrivedTrap& trap);
 
  private:
-  RowMaker RowOf(const Trap& trap);
-  RowContent Content(std::string record, const LocalTime& arrival, bool raw) const;
+  void Log(const ArrivedTrap& trap, bool raw);
+  RowContent Content(const ArrivedTrap& arrived, const LocalTime& arrival, bool raw) const;
   int HeightFor(const std::string& summaryText) const;
 
   const Settings& settings_;
@@ -41,6 +41,8 @@ class RowBuilder {
   OidLookup& lookup_;
   TrapLog& log_;
   SelectionKeeper selection_;
+  /// The trap that was logged last, for its memory.
+  Trap logged_;
 };
 
 }  // namespace sentrel

@@ -9,8 +9,8 @@ TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder,
   resetTimer_.Setup(std::chrono::seconds(30), [&decoder] { decoder.CheckCacheSize(); });
 }
 
-void TrapGate::OnTrap(const Trap& trap) {
-  if (!Accepts(trap)) return;
+void TrapGate::OnTrap(const ArrivedTrap& trap) {
+  if (!Accepts(trap.head)) return;
   Attempt([&] { rows_.AddTrap(trap); });
   resetTimer_.SetEnabled(false);
   resetTimer_.SetEnabled(true);

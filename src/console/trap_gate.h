@@ -16,7 +16,7 @@ class TrapGate : public TrapObserver {
   TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder, Timer& resetTimer);
 
   /// A failure while the row is built is contained here: one bad trap never ends the program.
-  void OnTrap(const Trap& trap) override;
+  void OnTrap(const ArrivedTrap& trap) override;
 
  private:
   bool Accepts(const Trap& trap) const;

@@ -22,33 +22,46 @@ std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup
   return text;
 }
 
-std::string BindingText(const std::string& oid, const std::string& value, bool raw,
-                        OidLookup& lookup) {
-  return raw ? oid + " = " + value : lookup.LookupOIDDetails(oid, value);
+void AppendBinding(const Trap& trap, size_t i, bool raw, OidLookup& lookup, std::string& text) {
+  if (raw) {
+    text.append(trap.OIDs[i]).append(" = ").append(trap.Values[i]);
+  } else {
+    lookup.LookupOIDDetails(trap.OIDs[i], trap.Values[i], text);
+  }
 }
 
 }  // namespace
 
 TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup) {
-  const size_t usual = kUsualLine * (1 + BindingCount(trap));
   TrapTexts texts;
-  texts.SummaryText.reserve(usual);
-  texts.DetailText.reserve(usual);
-  texts.DetailText.append(trap.SourceAddress).append(kCrLf);
-  std::string_view separator;
+  texts.SummaryText.reserve(kUsualLine * BindingCount(trap));
   for (size_t i = 0; i < BindingCount(trap); ++i) {
     if (trap.OIDs[i] == kEnterpriseOid) {
       texts.DeviceType = EnterpriseText(trap.Values[i], raw, lookup);
-      texts.DetailText.append(raw ? separator : kCrLf).append(kIndent);
-      texts.DetailText.append("Enterprise = ").append(texts.DeviceType);
       continue;
     }
-    const std::string line = BindingText(trap.OIDs[i], trap.Values[i], raw, lookup);
-    texts.SummaryText.append(separator).append(line);
-    texts.DetailText.append(separator).append(kIndent).append(line);
-    separator = kCrLf;
+    if (!texts.SummaryText.empty()) texts.SummaryText.append(kCrLf);
+    AppendBinding(trap, i, raw, lookup, texts.SummaryText);
   }
   return texts;
+}
+
+std::string DetailText(const Trap& trap, bool raw, OidLookup& lookup) {
+  std::string text;
+  text.reserve(kUsualLine * (1 + BindingCount(trap)));
+  text.append(trap.SourceAddress).append(kCrLf);
+  std::string_view separator;
+  for (size_t i = 0; i < BindingCount(trap); ++i) {
+    if (trap.OIDs[i] == kEnterpriseOid) {
+      text.append(raw ? separator : kCrLf).append(kIndent).append("Enterprise = ");
+      text.append(EnterpriseText(trap.Values[i], raw, lookup));
+      continue;
+    }
+    text.append(separator).append(kIndent);
+    AppendBinding(trap, i, raw, lookup, text);
+    separator = kCrLf;
+  }
+  return text;
 }
 
 }  // namespace sentrel

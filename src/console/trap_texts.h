@@ -10,18 +10,20 @@ namespace sentrel {
 /// The binding that names the kind of device (snmpTrapEnterprise.0, RFC 3418).
 inline constexpr const char* kEnterpriseOid = "1.3.6.1.6.3.1.1.4.3.0";
 
-/// What people read of one trap. Lines are separated by CR LF.
+/// What the table shows of one trap.
 struct TrapTexts {
   /// The enterprise, the last one where there are several; empty where there is none.
   std::string DeviceType;
-  /// One line per binding but the enterprise.
+  /// One line per binding but the enterprise, separated by CR LF.
   std::string SummaryText;
-  /// For the log: the source address, then one indented line per binding, the enterprise included.
-  std::string DetailText;
 };
 
-/// One walk over the bindings, which stand raw or decoded. Never throws for want of names: an
-/// enterprise that cannot be decoded stands raw.
+/// Bindings stand raw or decoded. Never throws for want of names: an enterprise that cannot be
+/// decoded stands raw.
 TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup);
+
+/// What the log tells of one trap, in the same manner: the source address, then one indented line
+/// per binding, the enterprise included; CR LF between lines.
+std::string DetailText(const Trap& trap, bool raw, OidLookup& lookup);
 
 }  // namespace sentrel

@@ -14,7 +14,7 @@ class TrapObserver {
   virtual ~TrapObserver() = default;
   /// Called on the event loop, one trap at a time, from StartListening to StopListening.
   /// Must not throw.
-  virtual void OnTrap(const Trap& trap) = 0;
+  virtual void OnTrap(const ArrivedTrap& trap) = 0;
 };
 
 /// Why reception could not be enabled, in two sentences for people.

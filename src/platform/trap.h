@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace sentrel {
@@ -21,6 +23,32 @@ struct Trap {
   std::vector<std::string> Values;
 
   bool operator==(const Trap&) const = default;
+};
+
+/// Replaces the trap's three lists by the bindings that `encoded` holds.
+using BindingReader = void (*)(std::string_view encoded, Trap& trap);
+
+/// A trap as it is handed on. Who sent it is at hand; its bindings may stay as they came over the
+/// wire until someone wants to read them, which in a storm hardly anyone does.
+struct ArrivedTrap {
+  ArrivedTrap() = default;
+  ArrivedTrap(Trap whole) : head(std::move(whole)) {}
+
+  /// Replaces `trap`, whose memory is used again, by all that arrived.
+  void Read(Trap& trap) const {
+    if (readBindings == nullptr) {
+      trap = head;
+      return;
+    }
+    trap.SourceAddress = head.SourceAddress;
+    trap.Community = head.Community;
+    readBindings(encoded, trap);
+  }
+
+  /// Without bindings where `readBindings` reads them from `encoded`.
+  Trap head;
+  std::string encoded;
+  BindingReader readBindings = nullptr;
 };
 
 }  // namespace sentrel

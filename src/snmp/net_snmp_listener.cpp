@@ -14,8 +14,6 @@
 namespace sentrel {
 namespace {
 
-constexpr std::size_t kTakenAtOnce = 64;
-
 utsname System() {
   utsname system{};
   uname(&system);
@@ -67,7 +65,7 @@ std::int16_t NetSnmpListener::StartListening() {
 void NetSnmpListener::StopListening() {
   receiver_.reset();
   queue_.Clear();
-  taken_.clear();
+  taken_.Clear();
   next_ = 0;
 }
 
@@ -85,24 +83,19 @@ std::string NetSnmpListener::LocalText2() const {
   return std::string(system.sysname) + " " + system.release + " " + system.machine;
 }
 
-bool NetSnmpListener::TakeNext(Trap& trap) {
-  if (next_ == taken_.size()) {
-    queue_.Recycle(used_);
-    queue_.Take(kTakenAtOnce, taken_);
+const ArrivedTrap* NetSnmpListener::TakeNext() {
+  if (next_ == taken_.Size()) {
+    queue_.Take(taken_);
     next_ = 0;
   }
-  if (taken_.empty()) return false;
-  trap = std::move(taken_[next_++]);
-  return true;
+  return next_ == taken_.Size() ? nullptr : &taken_[next_++];
 }
 
 bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point end = Clock::now() + budget;
-  Trap trap;
-  while (TakeNext(trap)) {
-    observer_.OnTrap(trap);
-    used_.push_back(std::move(trap));
+  while (const ArrivedTrap* trap = TakeNext()) {
+    observer_.OnTrap(*trap);
     if (Clock::now() >= end) break;
   }
   return Waiting() > 0;

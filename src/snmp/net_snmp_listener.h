@@ -67,7 +67,7 @@ class NetSnmpListener final : public SNMP {
   bool Deliver(std::chrono::milliseconds budget);
 
   /// Traps that have been received and not yet been handed to the observer.
-  std::size_t Waiting() const { return taken_.size() - next_ + queue_.Size(); }
+  std::size_t Waiting() const { return taken_.Size() - next_ + queue_.Size(); }
 
   /// Whether traps that arrive now are received.
   bool Listening() const { return receiver_ != nullptr; }
@@ -78,7 +78,8 @@ class NetSnmpListener final : public SNMP {
 
  private:
   int OpenSocket() const;
-  bool TakeNext(Trap& trap);
+  /// Null where none waits.
+  const ArrivedTrap* TakeNext();
 
   const ListenerOptions options_;
   TrapObserver& observer_;
@@ -88,10 +89,8 @@ class NetSnmpListener final : public SNMP {
   SharedCounters counters_;
   TrapQueue queue_;
   /// Taken off the queue, from next_ on not yet delivered.
-  std::vector<Trap> taken_;
+  TrapBatch taken_;
   std::size_t next_ = 0;
-  /// Delivered, to be recycled.
-  std::vector<Trap> used_;
   std::unique_ptr<SnmpLibrary> library_;
   std::unique_ptr<Receiver> receiver_;
 };

@@ -121,7 +121,7 @@ NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport
 }
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
-  if (ReadPlainTrap(datagram, plain_)) {
+  if (TakePlainTrap(datagram, plain_)) {
     return sink_(plain_) ? Outcome::kAccepted : Outcome::kQueueFull;
   }
   return ParseByLibrary(datagram);
@@ -177,7 +177,7 @@ int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, 
 }
 
 Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
-  Trap trap = ToTrap(pdu, current_->peer);
+  ArrivedTrap trap = ToTrap(pdu, current_->peer);
   if (!sink_(trap)) return Outcome::kQueueFull;
   if (pdu.command == SNMP_MSG_INFORM) Acknowledge(pdu);
   return Outcome::kAccepted;

@@ -11,15 +11,15 @@
 
 namespace sentrel {
 
-/// Turns datagrams into traps: plain ones by ReadPlainTrap, all others with the SNMP library's own
+/// Turns datagrams into traps: plain ones by TakePlainTrap, all others with the SNMP library's own
 /// engine, which decodes, authenticates, decrypts, answers informs and engine discovery. Belongs to
 /// one thread; needs a living SnmpLibrary.
 class NotificationParser {
  public:
   /// Takes a notification, leaving any other trap in its place, and returns true; or leaves it and
-  /// returns false. An
-  /// inform that is not taken is not acknowledged, so that its sender tries again.
-  using Sink = std::function<bool(Trap&)>;
+  /// returns false. An inform that is not taken is not acknowledged, so that its sender tries
+  /// again.
+  using Sink = std::function<bool(ArrivedTrap&)>;
   /// Sends an answer; returns whether that went well.
   using Reply = std::function<bool(const Peer&, std::span<const std::uint8_t>)>;
 
@@ -61,7 +61,7 @@ class NotificationParser {
   void* session_ = nullptr;
   netsnmp_large_fd_set ready_;
   const Datagram* current_ = nullptr;
-  Trap plain_;
+  ArrivedTrap plain_;
   Outcome outcome_ = Outcome::kMalformed;
   std::uint64_t answeredInforms_ = 0;
 };

@@ -1,10 +1,10 @@
 #include "snmp/plain_trap.h"
 
-#include <array>
 #include <charconv>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
@@ -31,7 +31,6 @@ enum Tag : std::uint8_t {
 constexpr std::uint8_t kVersion2c = 1;
 constexpr std::size_t kLongestCommunity = 255;
 constexpr std::size_t kMostSubIdentifiers = 128;
-constexpr std::size_t kLongestSubIdentifier = 11;  // with its dot
 
 struct Element {
   std::uint8_t tag;
@@ -68,89 +67,115 @@ std::optional<Bytes> TakeLast(Tag tag, Bytes bytes) {
   return bytes.empty() ? content : std::nullopt;
 }
 
-/// Each of these replaces the text, and returns false for content that is not plain.
-bool SignedText(Bytes content, std::string& text) {
-  if (content.empty() || content.size() > 4) return false;
-  std::uint32_t value = content[0] >= 0x80 ? ~0U : 0;
-  for (const std::uint8_t byte : content) value = value << 8 | byte;
-  text = std::to_string(static_cast<std::int32_t>(value));
-  return true;
+bool IsPlainInteger(Bytes content) {
+  return !content.empty() && content.size() <= 4;
 }
 
 /// A number whose first bit is set is negative by the rules, and senders differ on what they mean
 /// by it.
-bool UnsignedText(Bytes content, std::string& text) {
+bool IsPlainUnsigned(Bytes content) {
   const bool wide = content.size() == 5 && content[0] == 0;
-  if (content.empty() || (content.size() > 4 && !wide) || content[0] >= 0x80) return false;
-  std::uint32_t value = 0;
-  for (const std::uint8_t byte : content) value = value << 8 | byte;
-  text = std::to_string(value);
-  return true;
+  return (IsPlainInteger(content) || wide) && content[0] < 0x80;
 }
 
-bool OidText(Bytes content, std::string& text) {
-  // Below 1., as all of the field's.
+/// Below 1., as all of the field's, with sub-identifiers of 32 bits.
+bool IsPlainOid(Bytes content) {
   if (content.empty() || content[0] < 40 || content[0] >= 80) return false;
-  if (content.size() > kMostSubIdentifiers - 1) return false;
-  std::array<char, kMostSubIdentifiers * kLongestSubIdentifier> buffer;
-  char* const limit = buffer.data() + buffer.size();
-  char* end = buffer.data();
-  *end++ = '1';
-  *end++ = '.';
-  end = std::to_chars(end, limit, content[0] - 40).ptr;
-  std::uint64_t part = 0;
-  bool begun = false;
+  if (content.size() > kMostSubIdentifiers - 1 || content.back() >= 0x80) return false;
+  std::size_t continued = 0;
+  std::uint8_t first = 0;
   for (const std::uint8_t byte : content.subspan(1)) {
-    if (!begun && byte == 0x80) return false;
-    part = part << 7 | (byte & 0x7FU);
-    begun = byte >= 0x80;
-    if (part > 0xFFFF'FFFF) return false;
-    if (begun) continue;
-    *end++ = '.';
-    end = std::to_chars(end, limit, part).ptr;
-    part = 0;
+    if (continued == 0) first = byte;
+    if (first == 0x80 || continued > 4 || (continued == 4 && first > 0x8F)) return false;
+    continued = byte >= 0x80 ? continued + 1 : 0;
   }
-  text.assign(buffer.data(), end);
-  return !begun;
-}
-
-bool IpText(Bytes content, std::string& text) {
-  if (content.size() != 4) return false;
-  text = DottedQuadText(content.first<4>());
   return true;
 }
 
-bool ValueText(const Element& value, std::string& text) {
+bool IsPlainValue(const Element& value) {
   switch (value.tag) {
     case kInteger:
-      return SignedText(value.content, text);
+      return IsPlainInteger(value.content);
     case kCounter32:
     case kGauge32:
     case kTimeTicks:
-      return UnsignedText(value.content, text);
+      return IsPlainUnsigned(value.content);
     case kOctets:
-      OctetText(value.content, text);
       return true;
     case kOid:
-      return OidText(value.content, text);
+      return IsPlainOid(value.content);
     case kIpAddress:
-      return IpText(value.content, text);
+      return value.content.size() == 4;
     case kNull:
-      text.clear();
       return value.content.empty();
     default:
       return false;
   }
 }
 
-bool TakeBinding(Bytes& bindings, std::string& id, int& type, std::string& text) {
-  auto binding = Take(kSequence, bindings);
-  if (!binding) return false;
-  const auto name = Take(kOid, *binding);
-  const auto value = Take(*binding);
-  if (!name || !value || !binding->empty()) return false;
-  type = value->tag;
-  return OidText(*name, id) && ValueText(*value, text);
+bool ArePlain(Bytes bindings) {
+  while (!bindings.empty()) {
+    auto binding = Take(kSequence, bindings);
+    if (!binding) return false;
+    const auto name = Take(kOid, *binding);
+    const auto value = Take(*binding);
+    if (!name || !value || !binding->empty()) return false;
+    if (!IsPlainOid(*name) || !IsPlainValue(*value)) return false;
+  }
+  return true;
+}
+
+std::uint32_t Number(Bytes content) {
+  std::uint32_t value = content[0] >= 0x80 ? ~0U : 0;
+  for (const std::uint8_t byte : content) value = value << 8 | byte;
+  return value;
+}
+
+/// Writes where the text is to stand: copying what has just been written takes longer than making
+/// it.
+template <typename T>
+void NumberText(T number, std::string& text) {
+  text.resize(sizeof "-2147483648");
+  text.resize(std::to_chars(text.data(), text.data() + text.size(), number).ptr - text.data());
+}
+
+void OidText(Bytes content, std::string& text) {
+  constexpr std::size_t kMostOfByte = sizeof ".127";  // no byte makes more of the text
+  text.resize(kMostOfByte * (1 + content.size()));
+  char* const limit = text.data() + text.size();
+  char* end = text.data();
+  *end++ = '1';
+  *end++ = '.';
+  end = std::to_chars(end, limit, content[0] - 40).ptr;
+  std::uint32_t part = 0;
+  for (const std::uint8_t byte : content.subspan(1)) {
+    part = part << 7 | (byte & 0x7FU);
+    if (byte >= 0x80) continue;
+    *end++ = '.';
+    end = std::to_chars(end, limit, part).ptr;
+    part = 0;
+  }
+  text.resize(end - text.data());
+}
+
+void ValueText(const Element& value, std::string& text) {
+  switch (value.tag) {
+    case kInteger:
+      return NumberText(static_cast<std::int32_t>(Number(value.content)), text);
+    case kCounter32:
+    case kGauge32:
+    case kTimeTicks:
+      return NumberText(Number(value.content), text);
+    case kOctets:
+      return OctetText(value.content, text);
+    case kOid:
+      return OidText(value.content, text);
+    case kIpAddress:
+      text = DottedQuadText(value.content.first<4>());
+      return;
+    default:
+      text.clear();
+  }
 }
 
 /// The bindings of a trap's PDU, behind request ID, error status and error index.
@@ -162,26 +187,32 @@ std::optional<Bytes> Bindings(Bytes pdu) {
   return TakeLast(kSequence, pdu);
 }
 
+/// Of bindings that are plain.
 std::size_t CountOf(Bytes bindings) {
   std::size_t count = 0;
   while (Take(bindings)) ++count;
   return count;
 }
 
-bool ReadBindings(Bytes bindings, Trap& trap) {
+/// A BindingReader of bindings that are plain.
+void ReadBindings(std::string_view encoded, Trap& trap) {
+  Bytes bindings(reinterpret_cast<const std::uint8_t*>(encoded.data()), encoded.size());
   const std::size_t count = CountOf(bindings);
   trap.OIDs.resize(count);
   trap.DataTypes.resize(count);
   trap.Values.resize(count);
   for (std::size_t i = 0; i < count; ++i) {
-    if (!TakeBinding(bindings, trap.OIDs[i], trap.DataTypes[i], trap.Values[i])) return false;
+    Bytes binding = Take(bindings)->content;
+    OidText(Take(binding)->content, trap.OIDs[i]);
+    const Element value = *Take(binding);
+    trap.DataTypes[i] = value.tag;
+    ValueText(value, trap.Values[i]);
   }
-  return bindings.empty();
 }
 
 }  // namespace
 
-bool ReadPlainTrap(const Datagram& datagram, Trap& trap) {
+bool TakePlainTrap(const Datagram& datagram, ArrivedTrap& trap) {
   auto message = TakeLast(kSequence, datagram.bytes);
   if (!message) return false;
   const auto version = Take(kInteger, *message);
@@ -190,10 +221,15 @@ bool ReadPlainTrap(const Datagram& datagram, Trap& trap) {
   if (!community || community->size() > kLongestCommunity) return false;
   const auto pdu = TakeLast(kTrapV2, *message);
   const auto bindings = pdu ? Bindings(*pdu) : std::nullopt;
-  if (!bindings) return false;
-  AddressText(datagram.peer, trap.SourceAddress);
-  OctetText(*community, trap.Community);
-  return ReadBindings(*bindings, trap);
+  if (!bindings || !ArePlain(*bindings)) return false;
+  trap.head.OIDs.clear();
+  trap.head.DataTypes.clear();
+  trap.head.Values.clear();
+  AddressText(datagram.peer, trap.head.SourceAddress);
+  OctetText(*community, trap.head.Community);
+  trap.encoded.assign(bindings->begin(), bindings->end());
+  trap.readBindings = &ReadBindings;
+  return true;
 }
 
 }  // namespace sentrel

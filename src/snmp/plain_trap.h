@@ -5,12 +5,13 @@
 
 namespace sentrel {
 
-/// Reads an everyday version 2c trap straight into `trap`, using its memory again. Storms consist
-/// of these, and the SNMP library takes several times as long to reach the same result.
+/// Takes an everyday version 2c trap, with its bindings checked and still encoded, using the memory
+/// of `trap` again. Storms consist of these, and the SNMP library takes many times as long to reach
+/// the same result.
 ///
 /// False for every other message, and for one of which anything at all is out of the ordinary
 /// (other types of values, numbers of unusual length, a length that does not fit): what is to be
-/// made of those is the library's decision. The trap's content is then undefined.
-bool ReadPlainTrap(const Datagram& datagram, Trap& trap);
+/// made of those is the library's decision. `trap` is left alone then.
+bool TakePlainTrap(const Datagram& datagram, ArrivedTrap& trap);
 
 }  // namespace sentrel

@@ -42,7 +42,7 @@ Receiver::Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
       counters_(counters),
       wake_(std::move(wake)),
       port_(socket_.Port()),
-      parser_([this](Trap& trap) { return Take(trap); },
+      parser_([this](ArrivedTrap& trap) { return queue_.Push(trap); },
               [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
                 return socket_.Send(peer, bytes);
               }),
@@ -83,17 +83,10 @@ bool Receiver::WaitForDatagrams() const {
 }
 
 void Receiver::Handle(std::span<const Datagram> batch) {
-  queueWasEmpty_ = false;
   for (const Datagram& datagram : batch) counters_.Count(parser_.Parse(datagram));
   counters_.SetAnsweredInforms(parser_.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
-  if (queueWasEmpty_) wake_();
-}
-
-bool Receiver::Take(Trap& trap) {
-  const TrapQueue::Pushed pushed = queue_.Push(trap);
-  if (pushed == TrapQueue::Pushed::kFirst) queueWasEmpty_ = true;
-  return pushed != TrapQueue::Pushed::kRefused;
+  if (queue_.Publish()) wake_();
 }
 
 }  // namespace sentrel

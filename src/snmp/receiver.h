@@ -33,7 +33,6 @@ class Receiver {
   /// cost more than the traps themselves.
   void RestAfter(std::size_t datagrams) const;
   void Handle(std::span<const Datagram> batch);
-  bool Take(Trap& trap);
 
   DatagramSocket socket_;
   TrapQueue& queue_;
@@ -41,7 +40,6 @@ class Receiver {
   const std::function<void()> wake_;
   const std::uint16_t port_;
   NotificationParser parser_;
-  bool queueWasEmpty_ = false;
   const bool mayRest_;
   const int stop_;
   std::thread thread_;

@@ -1,16 +1,14 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <deque>
 #include <mutex>
 #include <vector>
 
-#include "platform/trap.h"
+#include "snmp/trap_batch.h"
 
 namespace sentrel {
-
-/// Memory that a trap occupies, in bytes, to within a few per cent.
-std::size_t MemoryOf(const Trap& trap);
 
 /// Bounds of a TrapQueue. A trap that would exceed either is refused.
 struct QueueLimits {
@@ -18,38 +16,42 @@ struct QueueLimits {
   std::size_t bytes = std::size_t{512} << 20;
 };
 
-/// The traps between the receiver thread, which pushes, and the event loop, which takes and hands
-/// the used ones back: in a storm no trap costs an allocation. Every call may come from any thread.
+/// The traps between the receiver thread, which pushes, and the event loop, which takes. They go
+/// over by the batch, and emptied batches go back: in a storm a trap costs neither a lock nor an
+/// allocation.
 class TrapQueue {
  public:
-  enum class Pushed { kRefused, kFirst, kBehindOthers };
-
   explicit TrapQueue(QueueLimits limits) : limits_(limits) {}
 
   /// Appends the trap and leaves another in its place, of any content, whose memory is to be used
-  /// again; leaves it alone when it is refused.
-  Pushed Push(Trap& trap);
+  /// again; or leaves it alone and returns false where it is refused. For the receiver thread.
+  bool Push(ArrivedTrap& trap);
+  /// Lets Take have what was pushed. Returns whether there was nothing to take before, and is now.
+  /// For the receiver thread.
+  bool Publish();
 
-  /// Replaces `taken` by the oldest traps, at most `most` of them.
-  void Take(std::size_t most, std::vector<Trap>& taken);
-
-  /// Takes back traps that are done with, for the memory in them, and empties the list.
-  void Recycle(std::vector<Trap>& used);
-
-  std::size_t Size() const;
+  /// Takes the batch back for its memory, and replaces it by the oldest one; by an empty one where
+  /// none waits. For the event loop.
+  void Take(TrapBatch& batch);
+  /// Drops what was published. For the event loop.
   void Clear();
 
+  /// Number of traps published and not taken. For any thread.
+  std::size_t Size() const { return traps_; }
+
  private:
-  struct Entry {
-    Trap trap;
-    std::size_t bytes;
-  };
+  void Forget(const TrapBatch& batch);
 
   const QueueLimits limits_;
-  mutable std::mutex mutex_;
-  std::deque<Entry> entries_;
-  std::vector<Trap> spare_;
-  std::size_t bytes_ = 0;
+  /// The receiver thread's own.
+  TrapBatch pushed_;
+
+  std::mutex mutex_;
+  /// Of the published ones; written under the lock.
+  std::atomic<std::size_t> traps_ = 0;
+  std::atomic<std::size_t> bytes_ = 0;
+  std::deque<TrapBatch> published_;
+  std::vector<TrapBatch> spare_;
 };
 
 }  // namespace sentrel

@@ -17,6 +17,11 @@ struct OidLookupTest : ConsoleTest {
     mibs.entries["1.3.9"] = {"odd.0.0", {{5, "five(5)"}}};
     mibs.entries["1.3.8.0"] = {"scalar.0", {}};
   }
+  std::string Details(const std::string& oid, const std::string& value) {
+    std::string line = "> ";
+    lookup.LookupOIDDetails(oid, value, line);
+    return line.substr(2);
+  }
 };
 
 TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
@@ -46,7 +51,7 @@ TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
       {kStatus, "1e999", "ifOperStatus.7 = "},
       {"1.3.9", "text", "odd.0 = text"},
   };
-  for (const Case& c : cases) EXPECT_EQ(lookup.LookupOIDDetails(c.oid, c.value), c.line) << c.value;
+  for (const Case& c : cases) EXPECT_EQ(Details(c.oid, c.value), c.line) << c.value;
 }
 
 TEST_F(OidLookupTest, OnlyWhatLooksLikeAnOidIsLookedUpAsAValue) {
@@ -75,7 +80,7 @@ TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {
     decoder.Forget();
     mibs.failing = c.failing;
     mibs.failingOid = c.failingOid;
-    EXPECT_EQ(lookup.LookupOIDDetails(c.oid, c.value), c.line) << c.failing;
+    EXPECT_EQ(Details(c.oid, c.value), c.line) << c.failing;
   }
 }
 

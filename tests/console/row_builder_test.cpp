@@ -181,12 +181,12 @@ TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
        kIndent + "1.3.6.1.6.3.1.1.4.3 = e"},
   };
   for (const bool raw : {true, false}) {
-    settings.SetRaw(raw);
     for (const Case& c : cases) {
-      const TrapTexts texts = DescribeTrap(c.trap, settings.Raw(), lookup);
+      const TrapTexts texts = DescribeTrap(c.trap, raw, lookup);
       EXPECT_EQ(texts.DeviceType, c.deviceType);
       EXPECT_EQ(texts.SummaryText, c.summary);
-      EXPECT_EQ(texts.DetailText, "192.0.2.7\r\n" + ReplaceAll(c.detail, "|", raw ? "" : "\r\n"));
+      EXPECT_EQ(DetailText(c.trap, raw, lookup),
+                "192.0.2.7\r\n" + ReplaceAll(c.detail, "|", raw ? "" : "\r\n"));
     }
   }
 }

@@ -9,7 +9,7 @@ struct TrapGateTest : ConsoleTest {
   bool Accepts(const std::string& source, const std::string& community) {
     const int before = table.Rows();
     const int starts = timer.starts;
-    gate.OnTrap({source, community, {"1.3.6"}, {4}, {"x"}});
+    gate.OnTrap(Trap{source, community, {"1.3.6"}, {4}, {"x"}});
     const bool accepted = table.Rows() > before;
     EXPECT_EQ(timer.starts > starts, accepted) << "only an accepted trap restarts the timer";
     return accepted;

@@ -44,8 +44,8 @@ TEST_F(BlockedLoopTest, BurstOfTwoHundredThousandFitsTheQueue) {
     storm.Values.emplace_back("a value of the usual length, or so");
   }
   for (int i = 0; i < 200'000; ++i) {
-    Trap trap = storm;
-    ASSERT_NE(queue.Push(trap), TrapQueue::Pushed::kRefused) << i;
+    ArrivedTrap trap = storm;
+    ASSERT_TRUE(queue.Push(trap)) << i;
   }
 }
 

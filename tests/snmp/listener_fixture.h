@@ -67,7 +67,7 @@ class ListenerTest : public testing::Test, public TrapObserver {
   int Send(const std::string& tool, std::vector<std::string> arguments,
            const std::string& host = "127.0.0.1");
 
-  void OnTrap(const Trap& trap) override { traps_.push_back(trap); }
+  void OnTrap(const ArrivedTrap& trap) override { trap.Read(traps_.emplace_back()); }
 
   const TemporaryFolder folder_;
   std::vector<Trap> traps_;

@@ -61,7 +61,7 @@ TEST_F(PortHelperTest, ListenerUsesItWhereItMayNotOpenThePortItself) {
   if (own >= 0) close(own);
   if (own != -EACCES) GTEST_SKIP() << "this user may open the port";
   class : public TrapObserver {
-    void OnTrap(const Trap&) override {}
+    void OnTrap(const ArrivedTrap&) override {}
   } nobody;
   ListenerOptions options;
   NetSnmpListener alone(options, nobody, [] {});

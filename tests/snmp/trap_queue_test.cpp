@@ -2,69 +2,106 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 namespace sentrel {
 namespace {
 
-using Pushed = TrapQueue::Pushed;
-
-Trap Named(const std::string& community) {
-  Trap trap;
-  trap.Community = community;
-  return trap;
+ArrivedTrap Named(const std::string& community) {
+  return Trap{
+      .SourceAddress = {}, .Community = community, .OIDs = {}, .DataTypes = {}, .Values = {}};
 }
 
-TEST(TrapQueue, RefusesTheNewestBeyondItsCount) {
-  TrapQueue queue({.traps = 2, .bytes = 1 << 20});
-  Trap first = Named("1");
-  Trap second = Named("2");
-  Trap third = Named("3");
-  EXPECT_EQ(queue.Push(first), Pushed::kFirst);
-  EXPECT_EQ(queue.Push(second), Pushed::kBehindOthers);
-  EXPECT_EQ(queue.Push(third), Pushed::kRefused);
-  EXPECT_EQ(third.Community, "3") << "a refused trap stays with its owner";
-  std::vector<Trap> taken;
-  queue.Take(1, taken);
-  ASSERT_EQ(taken.size(), 1U);
-  EXPECT_EQ(taken[0].Community, "1");
-  EXPECT_EQ(queue.Push(third), Pushed::kBehindOthers);
-  queue.Take(9, taken);
-  ASSERT_EQ(taken.size(), 2U);
-  EXPECT_EQ(taken[1].Community, "3");
+struct TrapQueueTest : testing::Test {
+  static bool Push(TrapQueue& queue, const std::string& community) {
+    ArrivedTrap trap = Named(community);
+    const bool pushed = queue.Push(trap);
+    EXPECT_TRUE(pushed || trap.head.Community == community) << "a refused trap stays as it is";
+    return pushed;
+  }
+  /// The communities of the batch that is taken next.
+  std::string Taken(TrapQueue& queue) {
+    queue.Take(batch);
+    std::string all;
+    for (std::size_t i = 0; i < batch.Size(); ++i) all += batch[i].head.Community;
+    return all;
+  }
+
+  TrapBatch batch;
+};
+
+TEST_F(TrapQueueTest, HandsOverWhatIsPublishedInOrder) {
+  TrapQueue queue({});
+  EXPECT_FALSE(queue.Publish()) << "nothing is news";
+  Push(queue, "1");
+  Push(queue, "2");
+  EXPECT_EQ(Taken(queue), "");
+  EXPECT_TRUE(queue.Publish());
+  Push(queue, "3");
+  EXPECT_FALSE(queue.Publish()) << "others wait already";
+  EXPECT_EQ(queue.Size(), 3U);
+  EXPECT_EQ(Taken(queue), "12");
+  EXPECT_EQ(queue.Size(), 1U);
+  EXPECT_EQ(Taken(queue), "3");
+  EXPECT_EQ(Taken(queue), "");
   EXPECT_EQ(queue.Size(), 0U);
 }
 
-TEST(TrapQueue, RefusesBeyondItsBytesAndGivesThemBack) {
-  Trap large = Named(std::string(10'000, 'x'));
-  TrapQueue queue({.traps = 1'000, .bytes = 2 * MemoryOf(large)});
-  const auto push = [&] {
-    Trap copy = large;
-    return queue.Push(copy);
-  };
-  EXPECT_EQ(push(), Pushed::kFirst);
-  EXPECT_EQ(push(), Pushed::kBehindOthers);
-  EXPECT_EQ(push(), Pushed::kRefused);
-  std::vector<Trap> taken;
-  queue.Take(1, taken);
-  EXPECT_EQ(push(), Pushed::kBehindOthers);
-  queue.Clear();
-  EXPECT_EQ(push(), Pushed::kFirst);
-  EXPECT_EQ(push(), Pushed::kBehindOthers);
+TEST_F(TrapQueueTest, RefusesTheNewestBeyondItsCount) {
+  TrapQueue queue({.traps = 2, .bytes = 1 << 20});
+  EXPECT_TRUE(Push(queue, "1"));
+  queue.Publish();
+  EXPECT_TRUE(Push(queue, "2"));
+  EXPECT_FALSE(Push(queue, "3"));
+  EXPECT_EQ(Taken(queue), "1");
+  EXPECT_TRUE(Push(queue, "4"));
+  EXPECT_FALSE(Push(queue, "5"));
+  queue.Publish();
+  EXPECT_EQ(Taken(queue), "24");
 }
 
-TEST(TrapQueue, GivesUsedMemoryToTheNextTraps) {
+TEST_F(TrapQueueTest, RefusesBeyondItsBytesAndGivesThemBack) {
+  const std::string large(10'000, 'x');
+  TrapQueue queue({.traps = 1'000, .bytes = 2 * MemoryOf(Named(large))});
+  EXPECT_TRUE(Push(queue, large));
+  queue.Publish();
+  EXPECT_TRUE(Push(queue, large));
+  EXPECT_FALSE(Push(queue, large));
+  queue.Publish();
+  Taken(queue);
+  EXPECT_TRUE(Push(queue, large));
+  EXPECT_FALSE(Push(queue, large));
+  queue.Publish();
+  queue.Clear();
+  EXPECT_TRUE(Push(queue, large));
+  EXPECT_TRUE(Push(queue, large));
+}
+
+TEST_F(TrapQueueTest, GivesUsedMemoryToTheNextTraps) {
   TrapQueue queue({});
-  std::vector<Trap> used = {Named(std::string(100, 'x')), Named(std::string(10'000, 'x'))};
-  const char* const memory = used[0].Community.data();
-  queue.Recycle(used);
-  EXPECT_TRUE(used.empty());
-  Trap trap = Named("1");
-  queue.Push(trap);
-  EXPECT_EQ(trap.Community.data(), memory);
-  trap = Named("2");
-  queue.Push(trap);
-  EXPECT_LT(trap.Community.capacity(), 10'000U) << "a large one is not kept";
+  ArrivedTrap trap;
+  std::set<const char*> places;
+  for (int i = 0; i < 50; ++i) {
+    trap.head.Community.assign(100, 'x');
+    queue.Push(trap);
+    queue.Publish();
+    queue.Take(batch);
+    places.insert(batch[0].head.Community.data());
+  }
+  EXPECT_LE(places.size(), 4U);
+}
+
+TEST_F(TrapQueueTest, DoesNotKeepMuchMemoryForLater) {
+  TrapQueue queue({});
+  Push(queue, std::string(1'000'000, 'x'));
+  for (int i = 0; i < 3; ++i) {
+    queue.Publish();
+    Taken(queue);
+    ArrivedTrap trap;
+    queue.Push(trap);
+    EXPECT_LT(trap.head.Community.capacity(), 1'000'000U);
+  }
 }
 
 }  // namespace
