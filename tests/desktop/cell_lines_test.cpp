@@ -11,7 +11,10 @@ using testing::ElementsAre;
 
 std::vector<std::string> Lines(const std::string& text, int width = 400) {
   std::vector<std::string> lines;
-  for (const QString& line : CellLines(text, QFont(), width)) lines.push_back(line.toStdString());
+  for (const CellLine& line : CellLines(text, QFont(), width)) {
+    EXPECT_EQ(line.width, QFontMetrics(QFont()).horizontalAdvance(line.text));
+    lines.push_back(line.text.toStdString());
+  }
   return lines;
 }
 
@@ -48,16 +51,19 @@ TEST(CellLines, MarksPileUpToALimit) {
 TEST(CellLines, LongLinesWrapAndNoPieceIsWiderThanItsRoom) {
   const QFontMetrics metrics{QFont()};
   const std::string words = "one two three four five six seven eight nine ten eleven twelve";
-  const auto lines = CellLines(words, QFont(), 120);
-  EXPECT_GT(lines.size(), 2);
-  EXPECT_EQ(lines.join("").toStdString(), words) << "nothing is lost";
-  for (const QString& line : lines) EXPECT_LE(metrics.horizontalAdvance(line.trimmed()), 120);
+  QString joined;
+  for (const CellLine& line : CellLines(words, QFont(), 120)) {
+    joined += line.text;
+    EXPECT_LE(metrics.horizontalAdvance(line.text.trimmed()), 120);
+    EXPECT_LE(line.width, 120);
+  }
+  EXPECT_EQ(joined.toStdString(), words) << "nothing is lost";
 }
 
 TEST(CellLines, ALineOfAnyLengthTakesAFewLines) {
   const auto lines = CellLines(std::string(60'000, 'x'), QFont(), 300);
   EXPECT_EQ(lines.size(), kMostWrappedLines);
-  EXPECT_TRUE(lines.back().endsWith(u'…'));
+  EXPECT_TRUE(lines.back().text.endsWith(u'…'));
 }
 
 TEST(CellLines, ACellOfAnyNumberOfLinesShowsTheFirstOfThem) {
@@ -65,9 +71,9 @@ TEST(CellLines, ACellOfAnyNumberOfLinesShowsTheFirstOfThem) {
   for (int i = 0; i < 5000; ++i) text += std::to_string(i) + "\r\n";
   const auto lines = CellLines(text, QFont(), 300);
   ASSERT_EQ(lines.size(), kMostLines);
-  EXPECT_EQ(lines[kMostLines - 2], QString::number(kMostLines - 2));
-  EXPECT_EQ(lines.back(), "…");
-  EXPECT_EQ(CellLines(std::string(kMostLines - 1, '\n'), QFont(), 300).back(), "");
+  EXPECT_EQ(lines[kMostLines - 2].text, QString::number(kMostLines - 2));
+  EXPECT_EQ(lines.back().text, "…");
+  EXPECT_EQ(CellLines(std::string(kMostLines - 1, '\n'), QFont(), 300).back().text, "");
 }
 
 }  // namespace

@@ -124,6 +124,22 @@ TEST_F(RowScrollerTest, TheScrollBarReachesEveryPlace) {
   EXPECT_EQ(scroller.BottomRow(), 5);
 }
 
+TEST_F(RowScrollerTest, TheEndOfTheScrollBarIsTheEndOfTheRows) {
+  SetRows({30, 30, 30, 30, 30});
+  for (const auto& changed : {std::deque<int>{30, 30, 30, 30, 90}, {10, 10, 10, 60, 30}}) {
+    const int end = scroller.Maximum();
+    scroller.SetValue(0);
+    heights = changed;
+    scroller.SetExtent(5, kView);
+    EXPECT_EQ(scroller.Maximum(), end) << "nobody has to look at the last rows";
+    scroller.SetValue(end);
+    EXPECT_EQ(scroller.RowAt(kView - 1), 5);
+    EXPECT_EQ(scroller.RowAt(kView), 5);
+    scroller.SetExtent(5, kView);
+    EXPECT_EQ(scroller.Value(), scroller.Maximum());
+  }
+}
+
 TEST_F(RowScrollerTest, LooksAtNoMoreRowsThanFitOnTheScreen) {
   int asked = 0;
   RowScroller many([&](int) {

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QTextLayout>
+#include <QtMath>
 #include <algorithm>
 
 namespace sentrel {
@@ -56,50 +57,50 @@ void LevelPiles(QString& line) {
   }
 }
 
-QStringList Wrapped(const QString& line, const QFont& font, const QFontMetrics& metrics,
-                    int width) {
+void Wrap(const QString& line, const QFont& font, const QFontMetrics& metrics, int width,
+          std::vector<CellLine>& lines) {
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   QTextLayout layout(line, font);
   layout.setTextOption(option);
   layout.beginLayout();
-  QStringList pieces;
+  const size_t before = lines.size();
   for (int start = 0; start < line.size();) {
-    if (pieces.size() + 1 == kMostWrappedLines) {
-      pieces << metrics.elidedText(line.mid(start), Qt::ElideRight, width);
+    if (lines.size() - before + 1 == kMostWrappedLines) {
+      const QString rest = metrics.elidedText(line.mid(start), Qt::ElideRight, width);
+      lines.push_back({rest, metrics.horizontalAdvance(rest)});
       break;
     }
     QTextLine piece = layout.createLine();
     if (!piece.isValid()) break;
     piece.setLineWidth(width);
-    pieces << line.mid(start, piece.textLength());
+    lines.push_back({line.mid(start, piece.textLength()), qCeil(piece.naturalTextWidth())});
     start += piece.textLength();
   }
   layout.endLayout();
-  return pieces;
 }
 
 }  // namespace
 
-QStringList CellLines(const std::string& text, const QFont& font, int width) {
+std::vector<CellLine> CellLines(const std::string& text, const QFont& font, int width) {
   const QFontMetrics metrics(font);
   const int room = std::max(width, metrics.maxWidth());
   const qsizetype visible = static_cast<qsizetype>(room) / kNarrowestGlyph * kMostWrappedLines;
   QString whole = QString::fromStdString(text);
   whole.replace("\r\n", "\n").replace('\r', '\n');
-  QStringList lines;
+  std::vector<CellLine> lines;
   for (QStringView part : QStringView(whole).tokenize(u'\n')) {
     QString line = part.left(visible).toString();
     std::transform(line.begin(), line.end(), line.begin(), Harmless);
     LevelPiles(line);
-    if (metrics.horizontalAdvance(line) <= room) {
-      lines << line;
+    if (const int advance = metrics.horizontalAdvance(line); advance <= room) {
+      lines.push_back({line, advance});
     } else {
-      lines << Wrapped(line, font, metrics, room);
+      Wrap(line, font, metrics, room, lines);
     }
     if (lines.size() > kMostLines) {
       lines.resize(kMostLines);
-      lines.back() = u'…';
+      lines.back() = {QStringLiteral("…"), metrics.horizontalAdvance(u'…')};
       break;
     }
   }

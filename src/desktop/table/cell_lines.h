@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QFont>
-#include <QStringList>
+#include <QString>
 #include <string>
+#include <vector>
 
 namespace sentrel {
 
@@ -13,9 +14,15 @@ inline constexpr int kMostWrappedLines = 8;
 /// for the rest.
 inline constexpr int kMostLines = 1000;
 
+struct CellLine {
+  QString text;
+  /// In pixels.
+  int width;
+};
+
 /// The lines to paint for the text of a cell, each at most `width` pixels wide. Characters that
 /// would disturb the picture (control characters, directional overrides, piles of marks) are made
 /// visible instead of obeyed.
-QStringList CellLines(const std::string& text, const QFont& font, int width);
+std::vector<CellLine> CellLines(const std::string& text, const QFont& font, int width);
 
 }  // namespace sentrel

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/table/cell_lines.h"
-
 namespace sentrel {
 namespace {
 
@@ -42,13 +40,13 @@ int RowLayouts::LinePitch() const {
 
 RowLayout RowLayouts::MakeLayout(int row) const {
   RowLayout layout;
-  qsizetype mostLines = 1;
+  size_t mostLines = 1;
   for (int col = 0; col < static_cast<int>(widths_.size()); ++col) {
     const int room = widths_[static_cast<size_t>(col)] - 2 * kMarginX;
     layout.cells.push_back(CellLines(table_.Cell(row, col), font_, room));
     mostLines = std::max(mostLines, layout.cells.back().size());
   }
-  const auto heightOf = [this](qsizetype lines) {
+  const auto heightOf = [this](size_t lines) {
     return static_cast<int>(lines) * LinePitch() + 2 * kMarginY;
   };
   layout.height = std::clamp(table_.RowHeight(row), heightOf(mostLines), heightOf(kMostLines));

@@ -1,17 +1,17 @@
 #pragma once
 
 #include <QFont>
-#include <QStringList>
 #include <unordered_map>
 #include <vector>
 
 #include "controls/table.h"
+#include "desktop/table/cell_lines.h"
 
 namespace sentrel {
 
 /// How a row is laid out for the screen: the lines of each cell, and the row's height in pixels.
 struct RowLayout {
-  std::vector<QStringList> cells;
+  std::vector<std::vector<CellLine>> cells;
   int height = 0;
 };
 

@@ -40,9 +40,12 @@ void RowScroller::MakeVisible(int row) {
 }
 
 void RowScroller::SetExtent(int lastRow, int viewHeight) {
+  viewHeight = std::max(viewHeight, 1);
+  const bool changed = lastRow != measuredRow_ || viewHeight != viewHeight_;
   lastRow_ = lastRow;
-  viewHeight_ = std::max(viewHeight, 1);
+  viewHeight_ = viewHeight;
   Clamp();
+  if (changed || !AtTop()) Measure();
 }
 
 int RowScroller::RowAt(int y) const {
@@ -58,12 +61,14 @@ int RowScroller::Value() const {
   return lastRow_ == 0 ? 0 : ValueOf({top_, above_});
 }
 
-int RowScroller::Maximum() const {
-  return lastRow_ == 0 ? 0 : ValueOf(Lowest());
+void RowScroller::Measure() {
+  measuredRow_ = lastRow_;
+  maximum_ = lastRow_ == 0 ? 0 : ValueOf(Lowest());
 }
 
 void RowScroller::SetValue(int value) {
   if (lastRow_ == 0) return;
+  if (value >= maximum_) return ScrollToEnd();
   top_ = std::clamp(value / kUnits + 1, 1, lastRow_);
   above_ = value % kUnits * heightOf_(top_) / kUnits;
   Clamp();
@@ -74,6 +79,12 @@ RowScroller::Position RowScroller::Lowest() const {
   int row = lastRow_ + 1;
   while (row > 1 && room > 0) room -= heightOf_(--row);
   return {std::max(row, 1), std::max(-room, 0)};
+}
+
+void RowScroller::ScrollToEnd() {
+  const Position lowest = Lowest();
+  top_ = lowest.row;
+  above_ = lowest.above;
 }
 
 int RowScroller::ValueOf(const Position& position) const {
@@ -87,11 +98,9 @@ void RowScroller::Clamp() {
     return;
   }
   above_ = std::max(above_, 0);
+  if (AtTop()) return;
   const Position lowest = Lowest();
-  if (top_ > lowest.row || (top_ == lowest.row && above_ > lowest.above)) {
-    top_ = lowest.row;
-    above_ = lowest.above;
-  }
+  if (top_ > lowest.row || (top_ == lowest.row && above_ > lowest.above)) ScrollToEnd();
 }
 
 }  // namespace sentrel

@@ -41,7 +41,10 @@ class RowScroller {
   /// For a scroll bar: kUnits a row, so that rows count alike however tall they are.
   static constexpr int kUnits = 256;
   int Value() const;
-  int Maximum() const;
+  /// While the view stands at the very top this is measured only when its extent has changed: in a
+  /// storm the last rows would be laid out for nothing else.
+  int Maximum() const { return maximum_; }
+  /// The maximum is the end of the rows, also where they have changed since it was measured.
   void SetValue(int value);
 
  private:
@@ -50,14 +53,18 @@ class RowScroller {
     int above;
   };
   Position Lowest() const;
+  void ScrollToEnd();
   int ValueOf(const Position& position) const;
   void Clamp();
+  void Measure();
 
   HeightOf heightOf_;
   int top_ = 1;
   int above_ = 0;
   int lastRow_ = 0;
   int viewHeight_ = 1;
+  int measuredRow_ = 0;
+  int maximum_ = 0;
 };
 
 }  // namespace sentrel

@@ -187,7 +187,7 @@ void TableView::PaintRow(QPainter& painter, int row, int top) {
   painter.drawLine(0, top + layout.height - 1, width, top + layout.height - 1);
 }
 
-void TableView::PaintCell(QPainter& painter, const QRect& cell, const QStringList& lines,
+void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vector<CellLine>& lines,
                           Alignment alignment) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int pitch = layouts_.LinePitch();
@@ -197,14 +197,14 @@ void TableView::PaintCell(QPainter& painter, const QRect& cell, const QStringLis
   int top = cell.top() + (cell.height() - textHeight) / 2;
   // Marks that pile up on a letter would reach other rows.
   painter.setClipRect(cell);
-  for (const QString& line : lines) {
+  for (const auto& [text, advance] : lines) {
     if (top > viewport()->height()) break;
     if (top + pitch >= 0) {
-      const int slack = room.width() - metrics.horizontalAdvance(line);
+      const int slack = room.width() - advance;
       const bool centered = alignment == Alignment::Center && slack > 0;
       painter.drawText(centered ? room.left() + slack / 2 : room.left(),
                        top + lead + metrics.ascent(),
-                       slack < 0 ? metrics.elidedText(line, Qt::ElideRight, room.width()) : line);
+                       slack < 0 ? metrics.elidedText(text, Qt::ElideRight, room.width()) : text);
     }
     top += pitch;
   }

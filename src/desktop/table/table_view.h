@@ -62,7 +62,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
   void PaintRow(QPainter& painter, int row, int top);
-  void PaintCell(QPainter& painter, const QRect& cell, const QStringList& lines,
+  void PaintCell(QPainter& painter, const QRect& cell, const std::vector<CellLine>& lines,
                  Alignment alignment);
   void PaintEmpty(QPainter& painter);
   bool IsSelected(int row) const;
