@@ -4,9 +4,9 @@
 #include "console/selection_keeper.h"
 #include "console/trap_log.h"
 #include "controls/table.h"
+#include "platform/arrived_trap.h"
 #include "platform/clock.h"
 #include "platform/main_window.h"
-#include "platform/trap.h"
 #include "settings/settings.h"
 
 namespace sentrel {

@@ -10,20 +10,20 @@ TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder,
 }
 
 void TrapGate::OnTrap(const ArrivedTrap& trap) {
-  if (!Accepts(trap.head)) return;
+  if (!Accepts(trap)) return;
   Attempt([&] { rows_.AddTrap(trap); });
   resetTimer_.SetEnabled(false);
   resetTimer_.SetEnabled(true);
 }
 
-bool TrapGate::Accepts(const Trap& trap) const {
+bool TrapGate::Accepts(const ArrivedTrap& trap) const {
   if (settings_.Paused()) return false;
   if (settings_.DeviceFilterActive() &&
-      !settings_.DeviceFilters()->AddressInFilters(trap.SourceAddress)) {
+      !settings_.DeviceFilters()->AddressInFilters(std::string(trap.SourceAddress()))) {
     return false;
   }
   const CommunityStrings& communities = *settings_.CommunityStrings();
-  return communities.Count() == 0 || communities.Exists(trap.Community);
+  return communities.Count() == 0 || communities.Exists(std::string(trap.Community()));
 }
 
 }  // namespace sentrel

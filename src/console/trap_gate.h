@@ -19,7 +19,7 @@ class TrapGate : public TrapObserver {
   void OnTrap(const ArrivedTrap& trap) override;
 
  private:
-  bool Accepts(const Trap& trap) const;
+  bool Accepts(const ArrivedTrap& trap) const;
 
   const Settings& settings_;
   RowBuilder& rows_;

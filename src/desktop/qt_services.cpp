@@ -101,14 +101,14 @@ void QtTimer::Setup(std::chrono::milliseconds interval, std::function<void()> on
 void QtTimer::SetEnabled(bool enabled) {
   enabled_ = enabled;
   if (!enabled) return;
-  begun_ = std::chrono::steady_clock::now();
+  begun_ = CoarseClock::now();
   if (!timer_.isActive()) timer_.start(interval_);
 }
 
 void QtTimer::OnTimeout() {
   using std::chrono::milliseconds;
   if (!enabled_) return;
-  const auto elapsed = std::chrono::steady_clock::now() - begun_;
+  const auto elapsed = CoarseClock::now() - begun_;
   const auto rest = std::chrono::ceil<milliseconds>(interval_ - elapsed);
   if (rest > milliseconds::zero()) return timer_.start(rest);
   SetEnabled(true);

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "common/coarse_clock.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
@@ -64,8 +65,6 @@ class QtMessageBox : public MessageBox {
   QWidget& window_;
 };
 
-/// Beginning a new interval is cheap: the toolkit's timer is left to run, and started again only
-/// when it expires too early.
 /// Shows the text of every message box as it stands, also of the toolkit's own, for as long as this
 /// lives: the name of a file in it may look like markup.
 class PlainMessages : public QObject {
@@ -74,6 +73,8 @@ class PlainMessages : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
+/// Beginning a new interval is cheap: the toolkit's timer is left to run, and started again only
+/// when it expires too early.
 class QtTimer : public Timer {
  public:
   void Setup(std::chrono::milliseconds interval, std::function<void()> onExpiry) override;
@@ -85,7 +86,7 @@ class QtTimer : public Timer {
   QTimer timer_;
   std::chrono::milliseconds interval_{};
   std::function<void()> onExpiry_;
-  std::chrono::steady_clock::time_point begun_;
+  CoarseClock::time_point begun_;
   bool enabled_ = false;
 };
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/trap.h"
+#include "platform/arrived_trap.h"
 
 namespace sentrel {
 

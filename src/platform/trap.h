@@ -1,8 +1,7 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace sentrel {
@@ -25,30 +24,15 @@ struct Trap {
   bool operator==(const Trap&) const = default;
 };
 
-/// Replaces the trap's three lists by the bindings that `encoded` holds.
-using BindingReader = void (*)(std::string_view encoded, Trap& trap);
-
-/// A trap as it is handed on. Who sent it is at hand; its bindings may stay as they came over the
-/// wire until someone wants to read them, which in a storm hardly anyone does.
-struct ArrivedTrap {
-  ArrivedTrap() = default;
-  ArrivedTrap(Trap whole) : head(std::move(whole)) {}
-
-  /// Replaces `trap`, whose memory is used again, by all that arrived.
-  void Read(Trap& trap) const {
-    if (readBindings == nullptr) {
-      trap = head;
-      return;
-    }
-    trap.SourceAddress = head.SourceAddress;
-    trap.Community = head.Community;
-    readBindings(encoded, trap);
+/// Memory that a trap occupies, in bytes, to within a few per cent.
+inline std::size_t MemoryOf(const Trap& trap) {
+  constexpr std::size_t kAllocation = 16;
+  std::size_t bytes = sizeof trap + trap.SourceAddress.capacity() + trap.Community.capacity() +
+                      trap.DataTypes.capacity() * sizeof(int);
+  for (const std::vector<std::string>* texts : {&trap.OIDs, &trap.Values}) {
+    for (const std::string& text : *texts) bytes += sizeof text + text.capacity() + kAllocation;
   }
-
-  /// Without bindings where `readBindings` reads them from `encoded`.
-  Trap head;
-  std::string encoded;
-  BindingReader readBindings = nullptr;
-};
+  return bytes;
+}
 
 }  // namespace sentrel

@@ -8,13 +8,17 @@
 namespace sentrel {
 namespace {
 
-constexpr std::size_t kLargestDatagram = 65'536;
+/// Room for the largest datagram, and a little more: were it a power of two, the beginnings of all
+/// slots would compete for the same lines of the processor's cache.
+constexpr std::size_t kSlot = 65'536 + 320;
+constexpr std::size_t kControl =
+    CMSG_SPACE(sizeof(std::uint32_t)) + CMSG_SPACE(sizeof(in6_pktinfo));
 constexpr int kBufferBytes = 256 << 20;
 /// Of a socket's buffer the system takes this much for a small datagram.
 constexpr std::size_t kSmallDatagram = 1'280;
 
-void SetOption(int socket, int level, int name, int value) {
-  setsockopt(socket, level, name, &value, sizeof value);
+bool SetOption(int socket, int level, int name, int value) {
+  return setsockopt(socket, level, name, &value, sizeof value) == 0;
 }
 
 /// Each option is a help, none is a need: what the system refuses is done without.
@@ -23,8 +27,10 @@ void Prepare(int socket) {
     SetOption(socket, SOL_SOCKET, SO_RCVBUF, kBufferBytes);
   }
   SetOption(socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
-  SetOption(socket, IPPROTO_IP, IP_PKTINFO, 1);
-  SetOption(socket, IPPROTO_IPV6, IPV6_RECVPKTINFO, 1);
+  // Where the socket has both families, this tells of IPv4 too.
+  if (!SetOption(socket, IPPROTO_IPV6, IPV6_RECVPKTINFO, 1)) {
+    SetOption(socket, IPPROTO_IP, IP_PKTINFO, 1);
+  }
 }
 
 template <typename T>
@@ -47,28 +53,28 @@ void StoreLocal(int level, int type, const T& info, Peer& peer) {
 
 }  // namespace
 
+/// What the system reads and writes for each datagram stands close together.
 struct DatagramSocket::Slots {
-  struct Slot {
-    std::array<std::uint8_t, kLargestDatagram> bytes;
-    alignas(cmsghdr) std::array<char, 256> control;
-    iovec data;
-    Peer::Address remote;
-  };
-  std::array<Slot, kBatch> slots;
   std::array<mmsghdr, kBatch> messages{};
+  std::array<iovec, kBatch> data;
+  std::array<Peer::Address, kBatch> remotes;
+  struct alignas(cmsghdr) Control {
+    std::array<char, kControl> bytes;
+  };
+  std::array<Control, kBatch> controls;
+  std::array<std::array<std::uint8_t, kSlot>, kBatch> bytes;
 };
 
 DatagramSocket::DatagramSocket(int descriptor) : descriptor_(descriptor), slots_(new Slots) {
   Prepare(descriptor_);
   batch_.reserve(kBatch);
   for (std::size_t i = 0; i < kBatch; ++i) {
-    Slots::Slot& slot = slots_->slots[i];
-    slot.data = {slot.bytes.data(), slot.bytes.size()};
+    slots_->data[i] = {slots_->bytes[i].data(), kSlot};
     msghdr& message = slots_->messages[i].msg_hdr;
-    message.msg_iov = &slot.data;
+    message.msg_iov = &slots_->data[i];
     message.msg_iovlen = 1;
-    message.msg_name = &slot.remote;
-    message.msg_control = slot.control.data();
+    message.msg_name = &slots_->remotes[i];
+    message.msg_control = &slots_->controls[i];
   }
 }
 
@@ -95,15 +101,15 @@ std::span<const Datagram> DatagramSocket::ReadBatch() {
   for (std::size_t i = 0; i < kBatch; ++i) {
     msghdr& message = slots_->messages[i].msg_hdr;
     message.msg_namelen = sizeof(Peer::Address);
-    message.msg_controllen = slots_->slots[i].control.size();
+    message.msg_controllen = kControl;
   }
   const int count = recvmmsg(descriptor_, slots_->messages.data(), kBatch, MSG_DONTWAIT, nullptr);
   batch_.resize(count > 0 ? count : 0);
   for (std::size_t i = 0; i < batch_.size(); ++i) {
     const mmsghdr& received = slots_->messages[i];
     Datagram& datagram = batch_[i];
-    datagram.bytes = {slots_->slots[i].bytes.data(), received.msg_len};
-    datagram.peer.remote = slots_->slots[i].remote;
+    datagram.bytes = {slots_->bytes[i].data(), received.msg_len};
+    datagram.peer.remote = slots_->remotes[i];
     datagram.peer.remoteLength = received.msg_hdr.msg_namelen;
     TakeControl(received.msg_hdr, datagram.peer);
   }
@@ -121,8 +127,7 @@ void DatagramSocket::TakeControl(const msghdr& message, Peer& peer) {
       auto info = Payload<in6_pktinfo>(*header);
       info.ipi6_ifindex = 0;
       StoreLocal(IPPROTO_IPV6, IPV6_PKTINFO, info, peer);
-    } else if (header->cmsg_level == IPPROTO_IP && header->cmsg_type == IP_PKTINFO &&
-               peer.localLength == 0) {
+    } else if (header->cmsg_level == IPPROTO_IP && header->cmsg_type == IP_PKTINFO) {
       auto info = Payload<in_pktinfo>(*header);
       info.ipi_ifindex = 0;
       StoreLocal(IPPROTO_IP, IP_PKTINFO, info, peer);

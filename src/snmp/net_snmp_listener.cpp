@@ -6,6 +6,7 @@
 #include <exception>
 #include <utility>
 
+#include "common/coarse_clock.h"
 #include "snmp/listen_failure.h"
 #include "snmp/port_helper.h"
 #include "snmp/receiver.h"
@@ -92,11 +93,10 @@ const ArrivedTrap* NetSnmpListener::TakeNext() {
 }
 
 bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
-  using Clock = std::chrono::steady_clock;
-  const Clock::time_point end = Clock::now() + budget;
+  const CoarseClock::time_point end = CoarseClock::now() + budget;
   while (const ArrivedTrap* trap = TakeNext()) {
     observer_.OnTrap(*trap);
-    if (Clock::now() >= end) break;
+    if (CoarseClock::now() >= end) break;
   }
   return Waiting() > 0;
 }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <span>
 
-#include "platform/trap.h"
+#include "platform/arrived_trap.h"
 #include "snmp/datagram.h"
 #include "snmp/listener_counters.h"
 #include "snmp/net_snmp.h"

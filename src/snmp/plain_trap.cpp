@@ -37,25 +37,32 @@ struct Element {
   Bytes content;
 };
 
+/// Number of bytes in front of the content, and in it. No header where they are not whole, or the
+/// length has an unusual form.
+struct Extent {
+  std::size_t header = 0;
+  std::size_t content = 0;
+};
+
+Extent LongExtent(Bytes bytes) {
+  const std::size_t header = 2 + (bytes[1] & 0x7F);
+  if (header > 4 || header == 2 || bytes.size() < header) return {};
+  return {header, header == 3 ? bytes[2] : std::size_t{bytes[2]} << 8 | bytes[3]};
+}
+
 /// Cuts one element off the front. Nothing where it is not whole, or has a length of an unusual
 /// form.
-std::optional<Element> Take(Bytes& bytes) {
+inline std::optional<Element> Take(Bytes& bytes) {
   if (bytes.size() < 2) return std::nullopt;
-  std::size_t header = 2;
-  std::size_t length = bytes[1];
-  if (length >= 0x80) {
-    header += length & 0x7F;
-    if (header > 4 || header == 2 || bytes.size() < header) return std::nullopt;
-    length = header == 3 ? bytes[2] : std::size_t{bytes[2]} << 8 | bytes[3];
-  }
-  if (length > bytes.size() - header) return std::nullopt;
-  const Element element{bytes[0], bytes.subspan(header, length)};
-  bytes = bytes.subspan(header + length);
+  const Extent extent = bytes[1] < 0x80 ? Extent{2, bytes[1]} : LongExtent(bytes);
+  if (extent.header == 0 || extent.content > bytes.size() - extent.header) return std::nullopt;
+  const Element element{bytes[0], bytes.subspan(extent.header, extent.content)};
+  bytes = bytes.subspan(extent.header + extent.content);
   return element;
 }
 
 /// The same, for the content of an element that must have the tag.
-std::optional<Bytes> Take(Tag tag, Bytes& bytes) {
+inline std::optional<Bytes> Take(Tag tag, Bytes& bytes) {
   const auto element = Take(bytes);
   if (!element || element->tag != tag) return std::nullopt;
   return element->content;
@@ -85,9 +92,13 @@ bool IsPlainOid(Bytes content) {
   std::size_t continued = 0;
   std::uint8_t first = 0;
   for (const std::uint8_t byte : content.subspan(1)) {
+    if (byte < 0x80) {
+      if (continued == 4 && first > 0x8F) return false;
+      continued = 0;
+      continue;
+    }
     if (continued == 0) first = byte;
-    if (first == 0x80 || continued > 4 || (continued == 4 && first > 0x8F)) return false;
-    continued = byte >= 0x80 ? continued + 1 : 0;
+    if (first == 0x80 || ++continued > 4) return false;
   }
   return true;
 }
@@ -222,13 +233,10 @@ bool TakePlainTrap(const Datagram& datagram, ArrivedTrap& trap) {
   const auto pdu = TakeLast(kTrapV2, *message);
   const auto bindings = pdu ? Bindings(*pdu) : std::nullopt;
   if (!bindings || !ArePlain(*bindings)) return false;
-  trap.head.OIDs.clear();
-  trap.head.DataTypes.clear();
-  trap.head.Values.clear();
-  AddressText(datagram.peer, trap.head.SourceAddress);
-  OctetText(*community, trap.head.Community);
-  trap.encoded.assign(bindings->begin(), bindings->end());
-  trap.readBindings = &ReadBindings;
+  std::string sourceAddress;
+  AddressText(datagram.peer, sourceAddress);
+  trap.Assign(sourceAddress, OctetText(*community),
+              {reinterpret_cast<const char*>(bindings->data()), bindings->size()}, &ReadBindings);
   return true;
 }
 

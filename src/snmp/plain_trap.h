@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/trap.h"
+#include "platform/arrived_trap.h"
 #include "snmp/datagram.h"
 
 namespace sentrel {

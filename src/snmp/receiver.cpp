@@ -16,7 +16,7 @@ namespace {
 
 /// From so many datagrams at once the next are let gather.
 constexpr std::size_t kBusy = 8;
-constexpr std::chrono::milliseconds kRest{8};
+constexpr std::chrono::milliseconds kRest{16};
 /// A machine does not send itself more than this meanwhile, and no network brings more.
 constexpr std::size_t kMostInRest = 500 * kRest.count();
 

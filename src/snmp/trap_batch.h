@@ -4,12 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/trap.h"
+#include "platform/arrived_trap.h"
 
 namespace sentrel {
-
-/// Memory that a trap occupies, in bytes, to within a few per cent.
-std::size_t MemoryOf(const ArrivedTrap& trap);
 
 /// Traps that travel together. Cleared, it keeps their memory for the next ones.
 class TrapBatch {
@@ -19,12 +16,12 @@ class TrapBatch {
   std::size_t Bytes() const { return bytes_; }
   const ArrivedTrap& operator[](std::size_t index) const { return traps_[index]; }
 
-  /// Appends the trap, which occupies so many bytes, and leaves another in its place, of any
-  /// content, whose memory is to be used again.
-  void Add(ArrivedTrap& trap, std::size_t bytes) {
+  /// Appends the trap and leaves another in its place, of any content, whose memory is to be used
+  /// again.
+  void Add(ArrivedTrap& trap) {
+    bytes_ += trap.Memory();
     if (count_ == traps_.size()) traps_.emplace_back();
     std::swap(traps_[count_++], trap);
-    bytes_ += bytes;
   }
 
   void Clear() { count_ = bytes_ = 0; }

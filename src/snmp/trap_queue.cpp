@@ -12,10 +12,9 @@ constexpr std::size_t kLargestSpare = 256 << 10;  // bytes
 }  // namespace
 
 bool TrapQueue::Push(ArrivedTrap& trap) {
-  const std::size_t bytes = MemoryOf(trap);
   if (traps_ + pushed_.Size() >= limits_.traps) return false;
-  if (bytes_ + pushed_.Bytes() + bytes > limits_.bytes) return false;
-  pushed_.Add(trap, bytes);
+  if (bytes_ + pushed_.Bytes() + trap.Memory() > limits_.bytes) return false;
+  pushed_.Add(trap);
   return true;
 }
 

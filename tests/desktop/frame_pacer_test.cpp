@@ -7,7 +7,7 @@
 namespace sentrel {
 namespace {
 
-TEST(FramePacer, ManyRequestsMakeFewFrames) {
+TEST(FramePacer, FramesAreRareInAStorm) {
   int frames = 0;
   FramePacer pacer([&] { ++frames; });
   QElapsedTimer time;
@@ -18,9 +18,8 @@ TEST(FramePacer, ManyRequestsMakeFewFrames) {
     ++requests;
     QCoreApplication::processEvents();
   }
-  EXPECT_GT(frames, 1);
-  EXPECT_LE(frames, time.elapsed() / 16 + 1);
-  EXPECT_GT(requests, frames);
+  EXPECT_GE(frames, 1);
+  EXPECT_LE(frames, time.elapsed() / 50 + 1) << requests << " requests";
 }
 
 TEST(FramePacer, TheLastRequestIsNeverForgotten) {

@@ -16,7 +16,7 @@ namespace {
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
 /// So many gather before they are handled that a storm does not cost a turn of the event loop for
 /// each, and so few that a frame is never late.
-constexpr std::chrono::milliseconds kDeliveryRest{15};
+constexpr std::chrono::milliseconds kDeliveryRest{30};
 
 ProgramIdentity ThisProgram() {
   return {.majorVersion = SENTREL_VERSION_MAJOR,

@@ -1,13 +1,16 @@
 #include "desktop/table/frame_pacer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace sentrel {
 namespace {
 
 constexpr qint64 kShortestInterval = 16;  // milliseconds
-constexpr qint64 kLongestInterval = 200;
+constexpr qint64 kLongestInterval = 500;
+/// At 20 requests a millisecond frames are as rare as they get.
+constexpr double kMostRequests = 20;
 
 }  // namespace
 
@@ -26,8 +29,10 @@ void FramePacer::Request() {
 }
 
 void FramePacer::RunFrame() {
-  // A millisecond for each request.
-  interval_ = std::clamp<qint64>(std::exchange(requests_, 0), kShortestInterval, kLongestInterval);
+  const double elapsed = sinceLast_.isValid() ? static_cast<double>(sinceLast_.elapsed()) : 0;
+  const double rate = std::exchange(requests_, 0) / std::max<double>(elapsed, kShortestInterval);
+  interval_ = std::clamp(qRound64(kLongestInterval * std::sqrt(rate / kMostRequests)),
+                         kShortestInterval, kLongestInterval);
   sinceLast_.start();
   frame_();
 }

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/trap.h"
+
+namespace sentrel {
+
+/// Replaces the trap's three lists by the bindings that `encoded` holds.
+using BindingReader = void (*)(std::string_view encoded, Trap& trap);
+
+/// A trap as it is handed on. Who sent it is at hand; its bindings may stay as they came over the
+/// wire until someone wants to read them, which in a storm hardly anyone does. Small, and in one
+/// piece of memory besides, because a storm moves it from thread to thread and from row to row.
+class ArrivedTrap {
+ public:
+  /// Room for a trap.
+  ArrivedTrap() = default;
+  ArrivedTrap(Trap read) : read_(std::make_shared<Trap>(std::move(read))) {}
+
+  /// Replaces the content, using its memory again. The reader must know the bindings; it may be
+  /// asked for them on another thread, and more than once.
+  void Assign(std::string_view sourceAddress, std::string_view community, std::string_view bindings,
+              BindingReader readBindings) {
+    read_.reset();
+    text_.assign(sourceAddress).append(community).append(bindings);
+    communityAt_ = static_cast<std::uint32_t>(sourceAddress.size());
+    bindingsAt_ = static_cast<std::uint32_t>(communityAt_ + community.size());
+    readBindings_ = readBindings;
+  }
+
+  std::string_view SourceAddress() const {
+    return read_ ? read_->SourceAddress : std::string_view(text_).substr(0, communityAt_);
+  }
+  std::string_view Community() const {
+    return read_ ? read_->Community
+                 : std::string_view(text_).substr(communityAt_, bindingsAt_ - communityAt_);
+  }
+
+  /// Replaces `trap`, whose memory is used again, by all that arrived.
+  void Read(Trap& trap) const {
+    if (readBindings_ == nullptr) {
+      trap = read_ ? *read_ : Trap();
+      return;
+    }
+    trap.SourceAddress = SourceAddress();
+    trap.Community = Community();
+    readBindings_(std::string_view(text_).substr(bindingsAt_), trap);
+  }
+
+  /// Memory that it occupies, in bytes, to within a few per cent.
+  std::size_t Memory() const {
+    return sizeof *this + text_.capacity() + (read_ ? MemoryOf(*read_) : 0);
+  }
+
+ private:
+  /// Source address, community and encoded bindings, where nobody has read them.
+  std::string text_;
+  std::uint32_t communityAt_ = 0;
+  std::uint32_t bindingsAt_ = 0;
+  BindingReader readBindings_ = nullptr;
+  std::shared_ptr<const Trap> read_;
+};
+
+}  // namespace sentrel
