@@ -51,16 +51,19 @@ std::int16_t NetSnmpListener::StartListening() {
     return 1;
   }
   try {
-    if (!library_) {
-      library_ = std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath);
-    }
-    receiver_ = std::make_unique<Receiver>(socket, queue_, counters_, wake_);
+    receiver_ = std::make_unique<Receiver>(
+        socket, queue_, counters_, [this] { SetUpLibrary(); }, wake_);
     return 0;
   } catch (const std::exception& error) {
     failure_ = {std::string("The system refuses what reception needs: ") + error.what() + ".",
                 "Close some other programs and start this one again."};
     return 1;
   }
+}
+
+void NetSnmpListener::SetUpLibrary() {
+  if (library_) return;
+  library_ = std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath);
 }
 
 void NetSnmpListener::StopListening() {

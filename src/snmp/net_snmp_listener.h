@@ -78,6 +78,7 @@ class NetSnmpListener final : public SNMP {
 
  private:
   int OpenSocket() const;
+  void SetUpLibrary();
   /// Null where none waits.
   const ArrivedTrap* TakeNext();
 
@@ -91,6 +92,7 @@ class NetSnmpListener final : public SNMP {
   /// Taken off the queue, from next_ on not yet delivered.
   TrapBatch taken_;
   std::size_t next_ = 0;
+  /// The receiver thread's while there is a receiver.
   std::unique_ptr<SnmpLibrary> library_;
   std::unique_ptr<Receiver> receiver_;
 };

@@ -9,7 +9,6 @@
 #include <new>
 #include <utility>
 
-#include "common/failure.h"
 #include "snmp/plain_trap.h"
 #include "snmp/trap_conversion.h"
 
@@ -90,7 +89,7 @@ NotificationParser::NotificationParser(Sink sink, Reply reply)
   settings.callback = &OnMessage;
   settings.callback_magic = this;
   session_ = snmp_sess_add(&settings, MakeTransport(), nullptr, &AfterParse);
-  if (session_ == nullptr) throw Failure("The SNMP library cannot open a session.");
+  if (session_ == nullptr) throw std::bad_alloc();
   netsnmp_large_fd_set_init(&ready_, FD_SETSIZE);
 }
 

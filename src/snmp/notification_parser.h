@@ -23,7 +23,7 @@ class NotificationParser {
   /// Sends an answer; returns whether that went well.
   using Reply = std::function<bool(const Peer&, std::span<const std::uint8_t>)>;
 
-  /// Throws Failure when the library has no session to give.
+  /// Throws std::bad_alloc when the library has no session to give.
   NotificationParser(Sink sink, Reply reply);
   ~NotificationParser();
   NotificationParser(const NotificationParser&) = delete;

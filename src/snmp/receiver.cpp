@@ -36,16 +36,13 @@ void BlockSignals(sigset_t& before) {
 }  // namespace
 
 Receiver::Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
-                   std::function<void()> wake)
+                   std::function<void()> setUpLibrary, std::function<void()> wake)
     : socket_(descriptor),
       queue_(queue),
       counters_(counters),
+      setUpLibrary_(std::move(setUpLibrary)),
       wake_(std::move(wake)),
       port_(socket_.Port()),
-      parser_([this](ArrivedTrap& trap) { return queue_.Push(trap); },
-              [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
-                return socket_.Send(peer, bytes);
-              }),
       mayRest_(socket_.Room() > kMostInRest),
       stop_(MakeStopEvent()) {
   sigset_t before;
@@ -61,9 +58,14 @@ Receiver::~Receiver() {
 }
 
 void Receiver::Run() {
+  setUpLibrary_();
+  NotificationParser parser([this](ArrivedTrap& trap) { return queue_.Push(trap); },
+                            [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
+                              return socket_.Send(peer, bytes);
+                            });
   while (WaitForDatagrams()) {
     const auto batch = socket_.ReadBatch();
-    Handle(batch);
+    Handle(batch, parser);
     RestAfter(batch.size());
   }
 }
@@ -82,9 +84,9 @@ bool Receiver::WaitForDatagrams() const {
   return waiting[1].revents == 0;
 }
 
-void Receiver::Handle(std::span<const Datagram> batch) {
-  for (const Datagram& datagram : batch) counters_.Count(parser_.Parse(datagram));
-  counters_.SetAnsweredInforms(parser_.AnsweredInforms());
+void Receiver::Handle(std::span<const Datagram> batch, NotificationParser& parser) {
+  for (const Datagram& datagram : batch) counters_.Count(parser.Parse(datagram));
+  counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
   if (queue_.Publish()) wake_();
 }

@@ -15,10 +15,13 @@ namespace sentrel {
 /// else.
 class Receiver {
  public:
-  /// Takes the descriptor over. `wake` is called on the receiver thread once the queue has gone
-  /// from empty to non-empty, at most once for each batch of datagrams; it must not throw. Throws
-  /// Failure or std::system_error when the system has no thread or descriptor to give.
-  Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters, std::function<void()> wake);
+  /// Takes the descriptor over. Throws std::system_error when the system has no thread or
+  /// descriptor to give.
+  /// Both functions are called on the receiver thread and must not throw: `setUpLibrary` once,
+  /// before anything is read; it takes some milliseconds, for which no window needs to wait. `wake`
+  /// once the queue has gone from empty to non-empty, at most once for each batch of datagrams.
+  Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
+           std::function<void()> setUpLibrary, std::function<void()> wake);
   /// Ends the thread, which takes no longer than the batch in hand.
   ~Receiver();
   Receiver(const Receiver&) = delete;
@@ -28,18 +31,18 @@ class Receiver {
 
  private:
   void Run();
+  void Handle(std::span<const Datagram> batch, NotificationParser& parser);
   bool WaitForDatagrams() const;
   /// Lets datagrams gather, where that is safe and they come in numbers: a wake-up for each would
   /// cost more than the traps themselves.
   void RestAfter(std::size_t datagrams) const;
-  void Handle(std::span<const Datagram> batch);
 
   DatagramSocket socket_;
   TrapQueue& queue_;
   SharedCounters& counters_;
+  const std::function<void()> setUpLibrary_;
   const std::function<void()> wake_;
   const std::uint16_t port_;
-  NotificationParser parser_;
   const bool mayRest_;
   const int stop_;
   std::thread thread_;
