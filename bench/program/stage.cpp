@@ -12,25 +12,27 @@ namespace {
 
 using namespace std::chrono_literals;
 
-void ForgoTips(const ProgramOptions& options) {
-  const SystemClock clock;
-  SqliteRegistry registry(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile,
-                          clock);
-  const RegistrySupport stored(registry);
-  if (TipsAtStart(stored)) SetTipsAtStart(stored, false);
+ProgramOptions WithoutTips(const ProgramOptions& options) {
+  ForgoTips(options);
+  return options;
 }
 
 }  // namespace
 
 ProgramOptions OptionsIn(const QString& folder) {
-  const ProgramOptions options{.port = 0,
-                               .machineFolder = (folder + "/machine").toStdString(),
-                               .userFolder = (folder + "/user").toStdString()};
-  ForgoTips(options);
-  return options;
+  return {.port = 0,
+          .machineFolder = (folder + "/machine").toStdString(),
+          .userFolder = (folder + "/user").toStdString()};
 }
 
-Stage::Stage() : program_(OptionsIn(folder_.path())) {
+void ForgoTips(const ProgramOptions& options) {
+  const SystemClock clock;
+  SqliteRegistry registry(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile,
+                          clock);
+  SetTipsAtStart(RegistrySupport(registry), false);
+}
+
+Stage::Stage() : program_(WithoutTips(OptionsIn(folder_.path()))) {
   std::string log = folder_.filePath("traps.log").toStdString();
   program_.Options().SetLogFilename(log);
   if (!program_.Start()) std::abort();

@@ -9,8 +9,10 @@
 
 namespace sentrel::bench {
 
-/// Options and state in the folder, in which no tip is wanted at start; any free port.
+/// Options and state in the folder; any free port.
 ProgramOptions OptionsIn(const QString& folder);
+/// Has it stored in the folder that no tip is wanted at start.
+void ForgoTips(const ProgramOptions& options);
 
 /// The whole program with its window, on a free port, with options and a log file of its own.
 /// Names are decoded and nothing is filtered, as when it is first started; the log is off.

@@ -4,7 +4,7 @@
 #include <QStatusTipEvent>
 #include <QToolButton>
 
-#include "desktop/window/tool_icon.h"
+#include "desktop/window/icons.h"
 #include "window_fixture.h"
 
 namespace sentrel {
@@ -206,6 +206,14 @@ TEST_F(Menus, IconsFollowThePaletteAtEverySize) {
     }
   }
   QApplication::setPalette(QPalette());
+}
+
+TEST_F(Menus, TheProgramHasAnIconInEachSize) {
+  for (const int size : {16, 32, 64}) {
+    const QPixmap picture = ProgramIcon().pixmap(size);
+    EXPECT_EQ(picture.width(), size);
+    EXPECT_GE(Lightness(picture), 0) << "something is drawn";
+  }
 }
 
 }  // namespace

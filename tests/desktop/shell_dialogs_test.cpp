@@ -13,6 +13,7 @@
 #include "common/failure.h"
 #include "desktop/help/qt_about_dialog.h"
 #include "desktop/help/qt_tip_dialog.h"
+#include "desktop/window/icons.h"
 #include "desktop/window/qt_main_window.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_registry.h"

@@ -8,6 +8,7 @@
 #include "console/globals.h"
 #include "desktop/forms/qt_send_form.h"
 #include "desktop/forms/qt_settings_form.h"
+#include "desktop/window/icons.h"
 
 namespace sentrel {
 namespace {

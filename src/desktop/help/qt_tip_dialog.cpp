@@ -10,7 +10,7 @@
 #include <functional>
 
 #include "common/failure.h"
-#include "desktop/window/tool_icon.h"
+#include "desktop/window/icons.h"
 #include "shell/tip_book.h"
 #include "shell/tip_of_the_day.h"
 

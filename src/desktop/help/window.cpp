@@ -9,7 +9,7 @@
 #include <QToolBar>
 #include <QWindow>
 
-#include "desktop/window/tool_icon.h"
+#include "desktop/window/icons.h"
 
 namespace sentrel {
 namespace {

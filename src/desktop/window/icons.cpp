@@ -1,4 +1,4 @@
-#include "desktop/window/tool_icon.h"
+#include "desktop/window/icons.h"
 
 #include <QApplication>
 #include <QFile>
@@ -22,18 +22,18 @@ bool IsHighlighted(QIcon::Mode mode) {
 
 class TintedSvg : public QIconEngine {
  public:
-  explicit TintedSvg(QByteArray svg) : svg_(std::move(svg)) {}
+  explicit TintedSvg(QString path) : path_(std::move(path)) {}
 
   void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
     const QPalette colors = QGuiApplication::palette();
     if (IsHighlighted(mode)) {
       const QByteArray color = Name(colors.color(QPalette::Active, QPalette::HighlightedText));
       static const QRegularExpression anyColor("#[0-9a-f]{6}|currentColor");
-      Render(painter, place, QString::fromLatin1(svg_).replace(anyColor, color).toLatin1());
+      Render(painter, place, QString::fromLatin1(Svg()).replace(anyColor, color).toLatin1());
     } else {
       if (mode == QIcon::Disabled) painter->setOpacity(0.4);
       const QByteArray color = Name(colors.color(QPalette::Active, QPalette::WindowText));
-      Render(painter, place, QByteArray(svg_).replace("currentColor", color));
+      Render(painter, place, Svg().replace("currentColor", color));
     }
   }
 
@@ -47,24 +47,40 @@ class TintedSvg : public QIconEngine {
   }
 
   bool isNull() override { return false; }
-  QIconEngine* clone() const override { return new TintedSvg(svg_); }
+  QIconEngine* clone() const override { return new TintedSvg(path_); }
 
  private:
+  QByteArray Svg() const {
+    QFile file(path_);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+  }
   static QByteArray Name(const QColor& color) { return color.name().toLatin1(); }
   static void Render(QPainter* painter, const QRect& place, const QByteArray& svg) {
     QSvgRenderer(svg).render(painter, place);
   }
 
-  QByteArray svg_;
+  QString path_;
 };
 
 }  // namespace
 
 QIcon ToolIcon(std::string_view toolId) {
   const QString name = QString::fromLatin1(toolId.data(), static_cast<qsizetype>(toolId.size()));
-  QFile file(":/icons/tools/" + name.toLower().replace(':', '-') + ".svg");
-  if (!file.open(QFile::ReadOnly)) return {};
-  return QIcon(new TintedSvg(file.readAll()));
+  const QString path = ":/icons/tools/" + name.toLower().replace(':', '-') + ".svg";
+  return QFile::exists(path) ? QIcon(new TintedSvg(path)) : QIcon();
+}
+
+QIcon ProgramIcon() {
+  QSvgRenderer svg{QString(kProgramIcon)};
+  QIcon icon;
+  for (const int size : {16, 32, 64}) {
+    QPixmap picture(size, size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    svg.render(&painter);
+    icon.addPixmap(picture);
+  }
+  return icon;
 }
 
 }  // namespace sentrel

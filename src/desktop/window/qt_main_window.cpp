@@ -7,6 +7,7 @@
 #include <QStatusBar>
 
 #include "common/failure.h"
+#include "desktop/window/icons.h"
 
 /// The linker leaves out the resources of a static library unless they are asked for, from outside
 /// any namespace.
@@ -29,7 +30,7 @@ QtMainWindow::QtMainWindow(Table& table, ToolBars& toolBars, StatusBar& status)
   LoadResources();
   tools_ = new QtToolBars(toolBars, *this);
   setObjectName("MainForm");
-  QApplication::setWindowIcon(QIcon(kProgramIcon));
+  QApplication::setWindowIcon(ProgramIcon());
   setCentralWidget(inner_);
   inner_->installEventFilter(this);
   statusBar()->setObjectName("StatusBar");

@@ -10,9 +10,6 @@
 
 namespace sentrel {
 
-/// Name of the main window's icon.
-inline constexpr const char* kProgramIcon = ":/icons/sentrel.svg";
-
 /// The main window on the screen: menus and toolbar, the table, the status bar.
 class QtMainWindow : public QMainWindow, public MainWindow {
   Q_OBJECT

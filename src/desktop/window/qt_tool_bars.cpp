@@ -6,8 +6,8 @@
 #include <QToolButton>
 
 #include "common/failure.h"
+#include "desktop/window/icons.h"
 #include "desktop/window/layout_file.h"
-#include "desktop/window/tool_icon.h"
 
 namespace sentrel {
 namespace {
