@@ -1,14 +1,10 @@
 #include "snmp/sender.h"
 
 #include <gmock/gmock.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <future>
 
 #include "listener_fixture.h"
-#include "process.h"
 #include "snmp/within_time.h"
 
 namespace sentrel::test {
