@@ -3,7 +3,6 @@
 #include <QCompleter>
 #include <QFile>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 
@@ -15,34 +14,16 @@ namespace {
 
 struct SendingTest : ProgramFixture {
   void SendTestTrapTo(const char* host) {
-    Choose("Edit:SendTestTrap", [&](QWidget& dialog) {
+    user.When("QDialog", [host](QWidget& dialog) {
       auto* target = dialog.findChild<QComboBox*>("Target");
       QTest::keyClicks(target->lineEdit(), host);
       target->completer()->popup()->hide();
       QTest::mouseClick(dialog.findChild<QPushButton*>("cmdSend"), Qt::LeftButton);
     });
-  }
-  /// Saves row 1, which is to be selected, to a file of this name.
-  void Save(const QString& name) {
-    Choose("Edit:SaveTrap", [&](QWidget& dialog) {
-      auto* box = dialog.findChild<QLineEdit*>("fileNameEdit");
-      box->setText(name);
-      QTest::keyClick(box, Qt::Key_Return);
-    });
+    Tool("Edit:SendTestTrap").trigger();
   }
   /// Replays a file to the program. Returns the tool's exit code.
-  int Replay(const QString& name) {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(REPLAY, {name, QString("127.0.0.1:%1").arg(port)});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
-    return process.exitCode();
-  }
-  void SelectRow1() {
-    QTest::mouseClick(program.Window().findChild<QAbstractScrollArea*>("Table")->viewport(),
-                      Qt::LeftButton, {}, QPoint(20, 40));
-    ASSERT_EQ(program.Traps().Row(), 1);
-  }
+  int Replay(const QString& name) { return Run(REPLAY, {name, Peer()}); }
 };
 
 TEST_F(SendingTest, TheTestTrapComesBackAsARow) {
@@ -94,7 +75,7 @@ TEST_F(SendingTest, ASavedRowReplayedGivesTheSameRow) {
     AwaitRows(++count);
     SelectRow1();
     const QString name = state.filePath(raw ? "raw.Trap" : "Link down.Trap");
-    Save(name);
+    SaveAs(name);
     EXPECT_EQ(Replay(name), 0);
     AwaitRows(++count);
     EXPECT_EQ(rows.RowData(1), rows.RowData(2));
@@ -108,7 +89,7 @@ TEST_F(SendingTest, WhatCannotBeReplayedIsRefused) {
   sender.SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.1"}, {"x"}, {4});
   AwaitRows(2);
   SelectRow1();
-  Save(state.filePath("headless.Trap"));
+  SaveAs(state.filePath("headless.Trap"));
   EXPECT_TRUE(QFile::exists(state.filePath("headless.Trap")));
   EXPECT_EQ(Replay(state.filePath("headless.Trap")), 1);
   EXPECT_EQ(Replay(state.filePath("missing.Trap")), 1);

@@ -1,5 +1,6 @@
 #include "engine_fixture.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QTest>
 
@@ -10,7 +11,15 @@ EngineFixture::EngineFixture() {
   const char* titles[] = {"Trap Time", "IP Address", "Trap Details"};
   for (int col = 0; col < 3; ++col) table_.SetCell(0, col, titles[col]);
   table_.AddItem("05-Dec-26\t192.0.2.1\tifIndex=1", 1);
+  QApplication::setQuitOnLastWindowClosed(false);
   owner_.show();
+}
+
+std::unique_ptr<QtEngine> EngineFixture::NewSilentEngine(const std::string& file) {
+  auto engine = NewEngine(file);
+  engine->SetSkipFieldSelection(true);
+  engine->SetSkipFilenameSelection(true);
+  return engine;
 }
 
 std::unique_ptr<QtEngine> EngineFixture::NewEngine(const std::string& file) {
