@@ -13,7 +13,7 @@ namespace {
 
 using testing::HasSubstr;
 
-class ListenFailureTest : public ListenerTest {};
+using ListenFailureTest = ListenerTest;
 
 TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
   Start();

@@ -4,12 +4,11 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
-#include <condition_variable>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <mutex>
+#include <semaphore>
 #include <string>
 #include <thread>
 #include <vector>
@@ -53,11 +52,7 @@ class ListenerTest : public testing::Test, public TrapObserver {
   std::vector<Trap> traps_;
 
  private:
-  void Wake();
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool awake_ = false;
+  std::counting_semaphore<> wakes_{0};
   std::unique_ptr<NetSnmpListener> listener_;
 };
 
