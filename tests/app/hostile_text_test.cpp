@@ -2,7 +2,6 @@
 #include <QImage>
 #include <QMessageBox>
 
-#include "desktop/table/cell_lines.h"
 #include "program_fixture.h"
 #include "snmp/sender.h"
 
@@ -51,11 +50,6 @@ TEST_F(HostileTextTest, NoTextReachesAnotherRow) {
     EXPECT_EQ(PictureOf(1), last) << text.substr(0, 40);
     EXPECT_EQ(PictureOf(3), first) << text.substr(0, 40);
   }
-}
-
-TEST_F(HostileTextTest, ARowOfAnyNumberOfLinesIsOfBoundedHeight) {
-  SendText(std::string(60'000, '\r'));
-  EXPECT_LE(View().CellRect(1, 0).height(), 2 * kMostLines * QFontMetrics(View().font()).height());
 }
 
 /// Toolkits take texts that look like markup for markup, unless told.

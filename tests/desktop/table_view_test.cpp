@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
 

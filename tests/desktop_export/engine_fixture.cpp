@@ -53,7 +53,9 @@ void EngineFixture::InstallTool(const QString& name, const QString& prints) {
 QByteArray EngineFixture::WaitForTool(const QString& name) {
   const QString log = "bin/" + name + ".log";
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder_.filePath(log)); }, 20000));
-  return Read(log);
+  const QByteArray arguments = Read(log);
+  QFile::remove(folder_.filePath(log));
+  return arguments;
 }
 
 }  // namespace sentrel

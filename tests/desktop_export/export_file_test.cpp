@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class ExportFile : public EngineFixture {};
+using ExportFile = EngineFixture;
 
 constexpr const char* kWholeTable =
     "Trap Time,IP Address,Trap Details\r\n05-Dec-26,192.0.2.1,ifIndex=1\r\n";
@@ -154,13 +154,10 @@ TEST_F(ExportFile, TheFileFormatRulesWhereTheMethodDoesNot) {
 }
 
 TEST_F(ExportFile, WritesTextsAndPictures) {
-  const auto engine = NewEngine("text");
-  engine->SetSkipFilenameSelection(true);
-  EXPECT_TRUE(engine->ExportText("one\r\n<two>", "txt", ""));
+  EXPECT_TRUE(NewSilentEngine("text")->ExportText("one\r\n<two>", "txt", ""));
   EXPECT_THAT(Read("text.txt").toStdString(), HasSubstr("one\r\n<two>"));
 
-  const auto pictures = NewEngine("picture");
-  pictures->SetSkipFilenameSelection(true);
+  const auto pictures = NewSilentEngine("picture");
   pictures->SetImageFormat("GIF");
   pictures->SetImageWidth(640);
   pictures->SetImageHeight(400);

@@ -1,7 +1,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
 #include <QProcess>
-#include <QPushButton>
 #include <QTest>
 
 #include "desktop/export/print.h"

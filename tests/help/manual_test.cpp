@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextDocument>
-#include <QUrl>
 #include <QXmlStreamReader>
 
 #include "controls/tool_table.h"
