@@ -191,7 +191,8 @@ TEST(ImageCache, NoticesEveryChange) {
        "g"},
       {"everything gone", [&] { std::filesystem::remove_all(workshop.Path("mibs")); }, "1.7"},
   };
-  ImageCache cache(workshop.Path("x.image"), {{workshop.Path("mibs"), true}}, Image::Empty());
+  const auto base = Image::Empty();
+  ImageCache cache(workshop.Path("x.image"), {{workshop.Path("mibs"), true}}, base);
   EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, "b");
   for (const Step& step : steps) {
     EXPECT_FALSE(cache.IsOutdated()) << step.what;
@@ -199,6 +200,7 @@ TEST(ImageCache, NoticesEveryChange) {
     EXPECT_TRUE(cache.IsOutdated()) << step.what;
     EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, step.name) << step.what;
   }
+  EXPECT_EQ(cache.Get({}), base) << "nothing is compiled where there is nothing";
 }
 
 /// An image in the file that was made from other folders or another base is not taken.
