@@ -26,9 +26,9 @@ TEST_F(LockedStoreTest, TheWindowGoesOnAndTrapsGoOnComing) {
   fs::create_directories(File("user").parent_path());
   fs::copy_file(File("machine"), File("user"), fs::copy_options::overwrite_existing);
   const Patience none{std::chrono::milliseconds(0)};
-  Database machine(File("machine"), none);
-  Database user(File("user"), none);
-  for (Database* file : {&machine, &user}) file->Execute("BEGIN EXCLUSIVE");
+  Database machineFile(File("machine"), none);
+  Database userFile(File("user"), none);
+  for (Database* file : {&machineFile, &userFile}) file->Execute("BEGIN EXCLUSIVE");
 
   QElapsedTimer lock;
   lock.start();
@@ -53,7 +53,7 @@ TEST_F(LockedStoreTest, TheWindowGoesOnAndTrapsGoOnComing) {
   EXPECT_EQ(options.OIDCacheSize(), 2 + changes) << "for this run";
   AwaitRows(1 + std::min(changes, kMostTraps));
 
-  for (Database* file : {&machine, &user}) file->Execute("ROLLBACK");
+  for (Database* file : {&machineFile, &userFile}) file->Execute("ROLLBACK");
   options.SetOIDCacheSize(1'000'000);
   const SystemClock clock;
   SqliteRegistry store(File("machine"), File("user"), clock);

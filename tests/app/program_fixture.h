@@ -4,13 +4,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-#include <functional>
-#include <string>
 
 #include "app/program.h"
+#include "dialogs.h"
 #include "fakes/free_port.h"
 
 namespace sentrel {
@@ -22,26 +21,29 @@ struct ProgramFixture : testing::Test {
     EXPECT_TRUE(program.Start());
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&program.Window()));
   }
-  std::string Peer() const { return "127.0.0.1:" + std::to_string(port); }
+  QString Peer() const { return QString("127.0.0.1:%1").arg(port); }
   QAction& Tool(const char* id) { return *program.Window().findChild<QAction*>(id); }
   TableView& View() { return *program.Window().findChild<TableView*>("Table"); }
 
   void AwaitRows(int rows) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
   }
-  /// Chooses a tool and answers the dialog that it opens.
-  void Choose(const char* tool, const std::function<void(QWidget&)>& answer) {
-    QTimer user;
-    QObject::connect(&user, &QTimer::timeout, [&] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      if (dialog == nullptr || !dialog->isVisible()) return;
-      user.stop();
-      answer(*dialog);
-      if (dialog->isVisible()) dialog->close();
-    });
-    user.start(0);
-    Tool(tool).trigger();
-    EXPECT_FALSE(user.isActive()) << "no dialog came";
+  void SelectRow1() {
+    QTest::keyClick(&View(), Qt::Key_Home);
+    ASSERT_EQ(program.Traps().Row(), 1);
+  }
+  void SaveAs(const QString& file) {
+    user.NameFile(file);
+    Tool("Edit:SaveTrap").trigger();
+  }
+  /// Runs another program to its end, this one's events being handled meanwhile. Returns its exit
+  /// code.
+  static int Run(const QString& tool, const QStringList& arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(tool, arguments);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000));
+    return process.exitCode();
   }
 
   QTemporaryDir state;
@@ -50,6 +52,7 @@ struct ProgramFixture : testing::Test {
                    .sendPort = port,
                    .machineFolder = state.filePath("machine").toStdString(),
                    .userFolder = state.filePath("user").toStdString()}};
+  User user;
 };
 
 }  // namespace sentrel

@@ -144,14 +144,6 @@ TEST_F(Menus, EveryMouseButtonIsToldOnce) {
   EXPECT_THAT(buttons, ElementsAre(1, 4, 2));
 }
 
-TEST_F(Menus, ThePopupOfTheExportButtonChoosesLikeTheMenu) {
-  Show();
-  tools.PopupMenu(tools.Tools("Menu:ExportMenu"));
-  ASSERT_TRUE(OpenMenu());
-  QTest::keyClick(OpenMenu(), Qt::Key_P);
-  EXPECT_THAT(chosen, ElementsAre("Export:PDF"));
-}
-
 TEST_F(Menus, TheStatusBarShowsItsOneTextOnly) {
   Show();
   status.SetText("Trap receiving has been paused");

@@ -8,29 +8,19 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include "common/failure.h"
 #include "desktop/help/qt_about_dialog.h"
 #include "desktop/help/qt_tip_dialog.h"
 #include "desktop/window/icons.h"
 #include "desktop/window/qt_main_window.h"
+#include "dialogs.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_registry.h"
 #include "shell/tip_of_the_day.h"
 
 namespace sentrel {
 namespace {
-
-/// Does the steps once a modal dialog is open, then closes it.
-void WhenOpen(std::function<void(QWidget& dialog)> steps) {
-  QTimer::singleShot(0, QApplication::instance(), [steps = std::move(steps)] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    steps(*dialog);
-    QTest::keyClick(dialog, Qt::Key_Escape);
-  });
-}
 
 std::string TextOf(const QWidget& dialog, const char* label) {
   return dialog.findChild<QLabel*>(label)->text().toStdString();
@@ -47,9 +37,8 @@ TEST(AboutBoxDialog, ShowsWhatItIsGiven) {
   about->SetSubTitle("<b>Receive</b>");
   about->SetVersionInfo("Version 9.2\r\nSentrel Version 9.2.0.47  \r\nFree.\r\n");
   about->SetProgIcon({kProgramIcon});
-  bool shown = false;
-  WhenOpen([&](QWidget& dialog) {
-    shown = true;
+  User user;
+  user.When("QDialog", [](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "About SNMP Sentrel");
     EXPECT_EQ(TextOf(dialog, "ProgramName"), "SNMP Sentrel");
     EXPECT_EQ(TextOf(dialog, "SubTitle"), "<b>Receive</b>");
@@ -57,8 +46,8 @@ TEST(AboutBoxDialog, ShowsWhatItIsGiven) {
     EXPECT_EQ(TextOf(dialog, "VersionInfo"), "Version 9.2\nSentrel Version 9.2.0.47  \nFree.");
     EXPECT_FALSE(dialog.findChild<QLabel*>("ProgIcon")->pixmap().isNull());
   });
+  user.Escape("QDialog");
   about->Show();
-  EXPECT_TRUE(shown);
 }
 
 struct TipDialogTest : testing::Test {
@@ -77,6 +66,12 @@ struct TipDialogTest : testing::Test {
   static void Press(QWidget& window, const char* button) {
     QTest::mouseClick(window.findChild<QPushButton*>(button), Qt::LeftButton);
   }
+  /// Shows the tips of a set to a user, who closes them in the end.
+  void Use(const std::function<void(QWidget& window)>& steps) {
+    user.When("QDialog", steps);
+    user.Escape("QDialog");
+    dialog->Show("Three");
+  }
 
   QTemporaryDir folder;
   QWidget owner;
@@ -85,49 +80,42 @@ struct TipDialogTest : testing::Test {
   FakeClock clock;
   QtTipDialogFactory factory{owner, support, clock};
   std::unique_ptr<TipDialog> dialog = factory.Create();
+  User user;
 };
 
 TEST_F(TipDialogTest, TurnsPagesInBothDirections) {
   clock.now = {1970, 1, 1, 12, 0, 0};
   std::vector<std::string> titles;
-  WhenOpen([&](QWidget& window) {
+  Use([&](QWidget& window) {
     EXPECT_EQ(TextOf(window, "Text"), "1 < 2");
     for (const char* button : {"Next", "Next", "Next", "Previous"}) {
       Press(window, button);
       titles.push_back(TextOf(window, "Title"));
     }
   });
-  dialog->Show("Three");
   EXPECT_THAT(titles, testing::ElementsAre("Second", "Third", "First", "Third"));
+  EXPECT_EQ(registry.changes, 0) << "reading writes nothing";
 }
 
 TEST_F(TipDialogTest, OpensAtAnotherTipEachDay) {
   std::vector<std::string> titles;
   for (const int day : {1, 2, 3, 4}) {
     clock.now = {1970, 1, day, 12, 0, 0};
-    WhenOpen([&](QWidget& window) { titles.push_back(TextOf(window, "Title")); });
-    dialog->Show("Three");
+    Use([&](QWidget& window) { titles.push_back(TextOf(window, "Title")); });
   }
   EXPECT_THAT(titles, testing::ElementsAre("First", "Second", "Third", "First"));
 }
 
 TEST_F(TipDialogTest, TheCheckBoxIsTheStoredChoice) {
   for (const bool wanted : {false, true}) {
-    WhenOpen([&](QWidget& window) {
+    Use([&](QWidget& window) {
       auto* box = window.findChild<QCheckBox*>("ShowAtStartup");
       EXPECT_EQ(box->isChecked(), !wanted);
       QTest::keyClick(box, Qt::Key_Space);
       EXPECT_EQ(TipsAtStart(support), wanted) << "at once";
     });
-    dialog->Show("Three");
     EXPECT_EQ(TipsAtStart(support), wanted);
   }
-}
-
-TEST_F(TipDialogTest, ReadingTipsWritesNothing) {
-  WhenOpen([&](QWidget& window) { Press(window, "Next"); });
-  dialog->Show("Three");
-  EXPECT_EQ(registry.changes, 0);
 }
 
 TEST_F(TipDialogTest, FailsWhereThereAreNoTips) {

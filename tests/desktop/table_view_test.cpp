@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
 
@@ -147,7 +146,7 @@ TEST_F(TableViewTest, ColumnsAreResizedAtTheHeader) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return header.sectionSize(0) == 60; }));
 }
 
-TEST_F(TableViewTest, PaintsOncePerFrameHoweverManyTrapsArrive) {
+TEST_F(TableViewTest, PaintsRarelyHoweverManyTrapsArrive) {
   PaintCounter counter;
   view.viewport()->installEventFilter(&counter);
   QElapsedTimer time;
@@ -156,7 +155,7 @@ TEST_F(TableViewTest, PaintsOncePerFrameHoweverManyTrapsArrive) {
     AddRow();
     QCoreApplication::processEvents();
   }
-  EXPECT_LE(counter.paints, time.elapsed() / 16 + 2);
+  EXPECT_LE(counter.paints, time.elapsed() / 50 + 2);
   EXPECT_GT(added, counter.paints);
   const int before = counter.paints;
   EXPECT_TRUE(QTest::qWaitFor([&] { return counter.paints > before; })) << "the last of them";

@@ -1,5 +1,6 @@
 #include "engine_fixture.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QTest>
 
@@ -10,7 +11,15 @@ EngineFixture::EngineFixture() {
   const char* titles[] = {"Trap Time", "IP Address", "Trap Details"};
   for (int col = 0; col < 3; ++col) table_.SetCell(0, col, titles[col]);
   table_.AddItem("05-Dec-26\t192.0.2.1\tifIndex=1", 1);
+  QApplication::setQuitOnLastWindowClosed(false);
   owner_.show();
+}
+
+std::unique_ptr<QtEngine> EngineFixture::NewSilentEngine(const std::string& file) {
+  auto engine = NewEngine(file);
+  engine->SetSkipFieldSelection(true);
+  engine->SetSkipFilenameSelection(true);
+  return engine;
 }
 
 std::unique_ptr<QtEngine> EngineFixture::NewEngine(const std::string& file) {
@@ -44,7 +53,9 @@ void EngineFixture::InstallTool(const QString& name, const QString& prints) {
 QByteArray EngineFixture::WaitForTool(const QString& name) {
   const QString log = "bin/" + name + ".log";
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder_.filePath(log)); }, 20000));
-  return Read(log);
+  const QByteArray arguments = Read(log);
+  QFile::remove(folder_.filePath(log));
+  return arguments;
 }
 
 }  // namespace sentrel

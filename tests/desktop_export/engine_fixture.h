@@ -23,6 +23,8 @@ class EngineFixture : public testing::Test {
 
   /// An engine as the program sets one up, with the file as its suggestion.
   std::unique_ptr<QtEngine> NewEngine(const std::string& file = "Traps");
+  /// One that asks for no columns and no file.
+  std::unique_ptr<QtEngine> NewSilentEngine(const std::string& file = "Traps");
   std::string Path(const QString& name) const { return folder_.filePath(name).toStdString(); }
   QStringList Files() const {
     return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);

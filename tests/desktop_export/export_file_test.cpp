@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class ExportFile : public EngineFixture {};
+using ExportFile = EngineFixture;
 
 constexpr const char* kWholeTable =
     "Trap Time,IP Address,Trap Details\r\n05-Dec-26,192.0.2.1,ifIndex=1\r\n";
@@ -101,9 +101,7 @@ TEST_F(ExportFile, WhatArrivesUnderADialogChangesNothing) {
 }
 
 TEST_F(ExportFile, SkipsWhatItIsToldToSkip) {
-  const auto engine = NewEngine();
-  engine->SetSkipFieldSelection(true);
-  engine->SetSkipFilenameSelection(true);
+  const auto engine = NewSilentEngine();
   engine->SetColumnList("IP Address, Trap Details");
   EXPECT_TRUE(engine->ExportTable(table_, "CDF", ""));
   EXPECT_EQ(Read("Traps.csv"), "IP Address,Trap Details\r\n192.0.2.1,ifIndex=1\r\n");
@@ -113,9 +111,7 @@ TEST_F(ExportFile, AFailureIsToldOnceUnlessQuiet) {
   for (const bool quiet : {false, true}) {
     log_.calls.clear();
     QDir(folder_.path()).mkdir("Traps.csv");
-    const auto engine = NewEngine();
-    engine->SetSkipFieldSelection(true);
-    engine->SetSkipFilenameSelection(true);
+    const auto engine = NewSilentEngine();
     engine->SetQuiet(quiet);
     EXPECT_FALSE(engine->ExportTable(table_, "CDF", ""));
     EXPECT_EQ(log_.calls.size(), quiet ? 0u : 1u);
@@ -149,9 +145,7 @@ TEST_F(ExportFile, RefusesOtherKindsWithOneMessage) {
 
 TEST_F(ExportFile, TheFileFormatRulesWhereTheMethodDoesNot) {
   for (const bool selectMethod : {false, true}) {
-    const auto engine = NewEngine(selectMethod ? "a" : "b");
-    engine->SetSkipFieldSelection(true);
-    engine->SetSkipFilenameSelection(true);
+    const auto engine = NewSilentEngine(selectMethod ? "a" : "b");
     engine->SetFileFormat("MHTML");
     engine->SetSelectMethod(selectMethod);
     EXPECT_TRUE(engine->ExportTable(table_, "HTML", ""));
@@ -160,13 +154,10 @@ TEST_F(ExportFile, TheFileFormatRulesWhereTheMethodDoesNot) {
 }
 
 TEST_F(ExportFile, WritesTextsAndPictures) {
-  const auto engine = NewEngine("text");
-  engine->SetSkipFilenameSelection(true);
-  EXPECT_TRUE(engine->ExportText("one\r\n<two>", "txt", ""));
+  EXPECT_TRUE(NewSilentEngine("text")->ExportText("one\r\n<two>", "txt", ""));
   EXPECT_THAT(Read("text.txt").toStdString(), HasSubstr("one\r\n<two>"));
 
-  const auto pictures = NewEngine("picture");
-  pictures->SetSkipFilenameSelection(true);
+  const auto pictures = NewSilentEngine("picture");
   pictures->SetImageFormat("GIF");
   pictures->SetImageWidth(640);
   pictures->SetImageHeight(400);

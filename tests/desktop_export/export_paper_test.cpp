@@ -1,7 +1,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
 #include <QProcess>
-#include <QPushButton>
 #include <QTest>
 
 #include "desktop/export/print.h"
@@ -26,9 +25,7 @@ class ExportPaper : public EngineFixture {
     return pages;
   }
   void SavePdf(std::int32_t orientation = 1) {
-    const auto engine = NewEngine();
-    engine->SetSkipFieldSelection(true);
-    engine->SetSkipFilenameSelection(true);
+    const auto engine = NewSilentEngine();
     engine->SetOrientation(orientation);
     EXPECT_TRUE(engine->ExportTable(table_, "PDF", ""));
   }
@@ -114,10 +111,7 @@ TEST_F(ExportPaper, WithoutAPrinterThePagesCanBeSaved) {
   EXPECT_FALSE(engine->ExportTable(table_, "PRINTER", ""));
 }
 
-/// Text that needs some pages, and one that asks the user to end the work.
-class ExportProgressTest : public ExportPaper {};
-
-TEST_F(ExportProgressTest, LongWorkCanBeEndedWithACancelButton) {
+TEST_F(ExportPaper, LongWorkCanBeEndedWithACancelButton) {
   TableContent content;
   content.columns = {{"Column", Alignment::Left}};
   content.rows.assign(20000, {"cell"});
@@ -127,7 +121,7 @@ TEST_F(ExportProgressTest, LongWorkCanBeEndedWithACancelButton) {
   EXPECT_THROW(PdfFile(pages, {"t", "p", false, ""}, progress), Cancelled);
 }
 
-TEST_F(ExportProgressTest, ShortWorkShowsNothing) {
+TEST_F(ExportPaper, ShortWorkShowsNothing) {
   DialogProgress progress(&owner_, "Exporting ...");
   progress.Advance(0, 10);
   progress.Advance(5, 10);

@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextDocument>
-#include <QUrl>
 #include <QXmlStreamReader>
 
 #include "controls/tool_table.h"
@@ -85,20 +84,11 @@ TEST_F(ManualTest, EveryLinkLeadsSomewhere) {
   }
 }
 
-TEST_F(ManualTest, EveryPageCanBeReachedFromTheContents) {
-  QSet<QString> reached = {"default.htm"};
-  QStringList waiting = {"default.htm"};
-  while (!waiting.isEmpty()) {
-    const QStringList links = pages[waiting.takeFirst()].links;
-    for (const QString& link : links) {
-      const QString target = link.section('#', 0, 0);
-      if (!pages.contains(target) || reached.contains(target)) continue;
-      reached.insert(target);
-      waiting << target;
-    }
+TEST_F(ManualTest, TheContentsListEveryPage) {
+  for (const QString& name : pages.keys()) {
+    const bool listed = pages["default.htm"].links.contains(name);
+    EXPECT_TRUE(listed || name == "default.htm") << name.toStdString();
   }
-  for (const QString& name : pages.keys())
-    EXPECT_TRUE(reached.contains(name)) << name.toStdString();
 }
 
 TEST_F(ManualTest, EveryPictureIsThereAndUsed) {

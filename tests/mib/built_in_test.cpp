@@ -32,6 +32,7 @@ TEST_F(BuiltIn, KnowsTheStandards) {
       {"1.3.6.1.4.1.99999.1", "enterprises.99999.1"},
       {"1.0.8802.1.1.2.0.0.1", "lldpRemTablesChange"},
       {"0.0", "zeroDotZero"},
+      {".5.6.7", "5.6.7"},
   };
   for (const auto& [oid, name] : names) EXPECT_EQ(Name(oid), name) << oid;
 }

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
+#include <semaphore>
 
 #include "mib/folders.h"
 #include "workshop.h"
@@ -23,23 +23,16 @@ class LibraryTest : public testing::Test {
   }
 
   std::function<void()> Counter() {
-    return [this] {
-      const std::lock_guard lock(mutex_);
-      ++images_;
-      changed_.notify_all();
-    };
+    return [this] { images_.release(); };
   }
 
-  /// Waits for an image and adopts it, until the OID has the name.
+  /// Waits for images and adopts them, until the OID has the name.
   bool ComesToBe(Library& library, const std::string& oid, const std::string& name) {
-    std::unique_lock lock(mutex_);
-    int seen = 0;
-    while (true) {
+    do {
       library.Adopt();
       if (Name(library, oid) == name) return true;
-      if (!changed_.wait_for(lock, 30s, [&] { return images_ > seen; })) return false;
-      seen = images_;
-    }
+    } while (images_.try_acquire_for(30s));
+    return false;
   }
 
   static std::string Name(Library& library, const std::string& oid) {
@@ -58,9 +51,7 @@ class LibraryTest : public testing::Test {
   Workshop workshop_;
 
  private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  int images_ = 0;
+  std::counting_semaphore<> images_{0};
 };
 
 TEST_F(LibraryTest, AnswersFromTheBuiltInModulesAtOnce) {

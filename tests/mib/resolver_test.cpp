@@ -29,27 +29,7 @@ TEST(Resolver, FollowsImportsAndConventionsAcrossModules) {
   EXPECT_EQ(compiled.Name("1.2.1.5.17.4"), "c.17.4");
   EXPECT_EQ(compiled.Labels("1.2.1.5.17.4"), "on(1),off(2)");
   EXPECT_THAT(compiled.Messages(), IsEmpty());
-  const auto& type = *LookUp(*compiled.Database(), "1.2.1.5").type;
-  EXPECT_EQ(compiled.Database()->Text(type.hint), "d");
-  EXPECT_EQ(type.base, static_cast<std::uint32_t>(BaseType::Integer));
 }
-
-TEST(Resolver, AnObjectMayNarrowAConvention) {
-  const Compiled compiled({ModuleText("A-MIB",
-                                      "T ::= INTEGER { a(1), b(2) }\n"
-                                      "x OBJECT-TYPE SYNTAX T { b(2) } ::= { iso 2 }\n"
-                                      "y OBJECT-TYPE SYNTAX T (1..2) ::= { iso 3 }")});
-  EXPECT_EQ(compiled.Labels("1.2"), "b(2)");
-  EXPECT_EQ(compiled.Labels("1.3"), "a(1),b(2)");
-}
-
-struct TypeCase {
-  const char* what;
-  std::string definitions;
-  BaseType base;
-  const char* hint;
-  const char* labels;
-};
 
 /// What the object x comes to be, through chains of conventions, some of them in another module.
 TEST(Resolver, TypesComeDownToABaseAHintAndLabels) {
@@ -61,7 +41,14 @@ TEST(Resolver, TypesComeDownToABaseAHintAndLabels) {
       "Scaled ::= TEXTUAL-CONVENTION DISPLAY-HINT \"d-2\" SYNTAX State\n"
       "Flags ::= TEXTUAL-CONVENTION SYNTAX BITS { a(0), b(1) }\n"
       "Row ::= SEQUENCE { x INTEGER { a(1) }, y Row }\n";
-  const TypeCase cases[] = {
+  struct Case {
+    const char* what;
+    std::string syntax;
+    BaseType base;
+    const char* hint;
+    const char* labels;
+  };
+  const Case cases[] = {
       {"base", "SYNTAX Counter64", BaseType::Counter64, "", ""},
       {"old names", "SYNTAX NetworkAddress", BaseType::IpAddress, "", ""},
       {"range", "SYNTAX Integer32 (-1..2147483647 | 'ff'H)", BaseType::Integer, "", ""},
@@ -72,6 +59,7 @@ TEST(Resolver, TypesComeDownToABaseAHintAndLabels) {
       {"labels and hint", "SYNTAX Scaled", BaseType::Integer, "d-2", "up(1),down(2)"},
       {"own labels", "SYNTAX Scaled { down(2), odd(7) }", BaseType::Integer, "d-2",
        "down(2),odd(7)"},
+      {"range of a convention", "SYNTAX Scaled (1..2)", BaseType::Integer, "d-2", "up(1),down(2)"},
       {"labels of any type", "SYNTAX Gauge32 { none(0) }", BaseType::Gauge32, "", "none(0)"},
       {"bits", "SYNTAX Flags", BaseType::Bits, "", ""},
       {"own bits", "SYNTAX Flags { c(2) }", BaseType::Bits, "", ""},
@@ -80,11 +68,10 @@ TEST(Resolver, TypesComeDownToABaseAHintAndLabels) {
       {"only the first syntax", "SYNTAX State WRITE-SYNTAX State { up(1) } SYNTAX Flags",
        BaseType::Integer, "", "up(1),down(2)"},
   };
-  for (const TypeCase& c : cases) {
-    const Compiled compiled(
-        {ModuleText("A-MIB", "x OBJECT-TYPE " + c.definitions + " ::= { iso 4 }",
-                    "Shown, Again, State, Scaled, Flags, Row FROM B-MIB"),
-         ModuleText("B-MIB", conventions)});
+  for (const Case& c : cases) {
+    const Compiled compiled({ModuleText("A-MIB", "x OBJECT-TYPE " + c.syntax + " ::= { iso 4 }",
+                                        "Shown, Again, State, Scaled, Flags, Row FROM B-MIB"),
+                             ModuleText("B-MIB", conventions)});
     const auto& image = *compiled.Database();
     const auto& type = *LookUp(image, "1.4").type;
     EXPECT_EQ(type.base, static_cast<std::uint32_t>(c.base)) << c.what;
@@ -232,14 +219,6 @@ TEST(OidText, TakesDottedNumbersOnly) {
   for (const std::string& text : bad) EXPECT_FALSE(OidText(text).IsOid()) << text;
   EXPECT_EQ(OidText(".1.3.6").Behind(2), ".6");
   EXPECT_FALSE(OidText(std::string(70000, '1')).IsOid());
-}
-
-TEST(Lookup, GivesTheNumbersWhereNothingIsKnown) {
-  const Compiled compiled({ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { iso 3 }")});
-  EXPECT_EQ(compiled.Name(".2.5.4"), "2.5.4");
-  EXPECT_EQ(compiled.Name("1.3.x"), "1.3.x");
-  EXPECT_EQ(compiled.Name(""), "");
-  EXPECT_EQ(compiled.Labels("1.3.x"), "");
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
+#include <QProcess>
 
 #include "mib/image.h"
 #include "workshop.h"
@@ -21,18 +19,17 @@ struct Outcome {
 class ToolTest : public testing::Test {
  protected:
   Outcome Run(const std::string& words) const {
-    const std::string command = "XDG_CACHE_HOME=" + workshop_.Path("cache") +
-                                " XDG_DATA_HOME=" + workshop_.Path("data") +
-                                " HOME=" + workshop_.Path("") + " " + words + " 2>&1";
-    Outcome outcome;
-    FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr) return outcome;
-    std::array<char, 4096> buffer{};
-    for (size_t got = 0; (got = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
-      outcome.text.append(buffer.data(), got);
+    QProcess shell;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    for (const auto& [name, folder] :
+         {std::pair{"XDG_CACHE_HOME", "cache"}, {"XDG_DATA_HOME", "data"}, {"HOME", ""}}) {
+      environment.insert(name, QString::fromStdString(workshop_.Path(folder)));
     }
-    outcome.status = WEXITSTATUS(pclose(pipe));
-    return outcome;
+    shell.setProcessEnvironment(environment);
+    shell.setProcessChannelMode(QProcess::MergedChannels);
+    shell.start("sh", {"-c", QString::fromStdString(words)});
+    shell.waitForFinished(-1);
+    return {shell.exitCode(), shell.readAll().toStdString()};
   }
 
   Outcome RunTool(const std::string& words) const {

@@ -1,7 +1,5 @@
 #include "workshop.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <fstream>
 
@@ -10,19 +8,8 @@
 
 namespace sentrel::mib {
 
-Workshop::Workshop() {
-  std::string name = (std::filesystem::temp_directory_path() / "sentrel-mib-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) std::abort();
-  folder_ = name;
-}
-
-Workshop::~Workshop() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
-}
-
 std::string Workshop::Write(const std::string& name, const std::string& text) const {
-  const auto path = folder_ / name;
+  const auto path = Folder() / name;
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << text;
   return path.string();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTemporaryDir>
 #include <filesystem>
 #include <initializer_list>
 #include <memory>
@@ -15,17 +16,14 @@ namespace sentrel::mib {
 /// A folder of its own for a test, gone with the object.
 class Workshop {
  public:
-  Workshop();
-  ~Workshop();
-  Workshop(const Workshop&) = delete;
-  Workshop& operator=(const Workshop&) = delete;
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string Path(const std::string& name) const { return (Folder() / name).string(); }
   /// Writes a file, with the folders that it needs, and returns its path.
   std::string Write(const std::string& name, const std::string& text) const;
 
  private:
-  std::filesystem::path folder_;
+  std::filesystem::path Folder() const { return folder_.path().toStdString(); }
+
+  QTemporaryDir folder_;
 };
 
 /// What compiling some texts, each a file of its own, yields.

@@ -6,7 +6,6 @@
 #include <cerrno>
 
 #include "listener_fixture.h"
-#include "process.h"
 #include "snmp/port_holder.h"
 
 namespace sentrel::test {
@@ -14,13 +13,13 @@ namespace {
 
 using testing::HasSubstr;
 
-class ListenFailureTest : public ListenerTest {};
+using ListenFailureTest = ListenerTest;
 
 TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
   Start();
   ListenerOptions options;
   options.port = Listener().Port();
-  options.stateFolder = folder_.Path() / "second";
+  options.stateFolder = folder_ / "second";
   NetSnmpListener second(options, *this, [] {});
   EXPECT_GT(second.StartListening(), 0);
   EXPECT_FALSE(second.Listening());
@@ -37,31 +36,32 @@ TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
   Start();
   const std::uint16_t port = Listener().Port();
   Stop();
-  Process holder({SNMPTRAPD, "-f", "-Lo", "-C", "--disableAuthorization=yes",
-                  "udp:127.0.0.1:" + std::to_string(port)},
-                 {"SNMPCONFPATH=" + folder_.Path().string(),
-                  "SNMP_PERSISTENT_DIR=" + folder_.Path().string(), "MIBS="});
-  WaitBlockedUntil([&] { return !holder.Running() || FindPortHolder(port); });
-  if (!holder.Running()) GTEST_SKIP() << "no second receiver to hold the port";
+  QProcess holder;
+  holder.setProcessEnvironment(EnvironmentIn(folder_));
+  holder.start(SNMPTRAPD, {"-f", "-Lo", "-C", "--disableAuthorization=yes",
+                           QString("udp:127.0.0.1:%1").arg(port)});
+  WaitBlockedUntil([&] { return holder.waitForFinished(1) || FindPortHolder(port); });
+  if (holder.state() == QProcess::NotRunning) GTEST_SKIP() << "no second receiver to hold the port";
   ListenerOptions options;
   options.port = port;
-  options.stateFolder = folder_.Path() / "state";
+  options.stateFolder = folder_ / "state";
   NetSnmpListener listener(options, *this, [] {});
   EXPECT_GT(listener.StartListening(), 0);
   EXPECT_THAT(listener.WhyNotListening().reason,
-              HasSubstr("snmptrapd (process " + std::to_string(holder.Id()) + ")"));
-  EXPECT_THAT(listener.WhyNotListening().remedy, HasSubstr("kill " + std::to_string(holder.Id())));
+              HasSubstr("snmptrapd (process " + std::to_string(holder.processId()) + ")"));
+  EXPECT_THAT(listener.WhyNotListening().remedy,
+              HasSubstr("kill " + std::to_string(holder.processId())));
+  holder.kill();
+  holder.waitForFinished();
 }
 
 TEST_F(ListenFailureTest, ListenerRunsWithoutAFolderForItsState) {
-  ListenerOptions options;
-  options.port = 0;
-  NetSnmpListener listener(options, *this, [] {});
-  EXPECT_EQ(listener.StartListening(), 0);
-  listener.CloseListener();
-  options.stateFolder = "/dev/null/not/possible";
-  NetSnmpListener other(options, *this, [] {});
-  EXPECT_EQ(other.StartListening(), 0);
+  for (const char* folder : {"", "/dev/null/not/possible"}) {
+    ListenerOptions options;
+    options.port = 0;
+    options.stateFolder = folder;
+    EXPECT_EQ(NetSnmpListener(options, *this, [] {}).StartListening(), 0) << folder;
+  }
 }
 
 TEST(ExplainListenFailure, NamesTheExactRemedy) {

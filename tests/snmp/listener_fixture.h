@@ -2,49 +2,27 @@
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <mutex>
+#include <semaphore>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "snmp/net_snmp_listener.h"
+#include "udp_sender.h"
 
 namespace sentrel::test {
 
-/// A folder that is gone after the test.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
-/// A UDP socket connected to a port of this machine.
-class UdpSender {
- public:
-  explicit UdpSender(std::uint16_t port);
-  ~UdpSender();
-  UdpSender(const UdpSender&) = delete;
-  UdpSender& operator=(const UdpSender&) = delete;
-  /// Waits while the system has no room for the datagram.
-  void Send(const std::string& bytes) const;
-
- private:
-  int socket_;
-};
-
 std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& content);
+
+/// The environment for a program of the SNMP library that keeps its files in this folder.
+QProcessEnvironment EnvironmentIn(const std::filesystem::path& folder);
 
 /// A listener on a port of the system's choice, with folders of its own and an event loop that
 /// turns only while a test waits.
@@ -64,20 +42,17 @@ class ListenerTest : public testing::Test, public TrapObserver {
   }
 
   /// Runs a sender with arguments of which "HOST" is the listener's address. Returns its exit code.
-  int Send(const std::string& tool, std::vector<std::string> arguments,
+  int Send(const char* tool, const std::vector<std::string>& arguments,
            const std::string& host = "127.0.0.1");
 
   void OnTrap(const ArrivedTrap& trap) override { trap.Read(traps_.emplace_back()); }
 
-  const TemporaryFolder folder_;
+  const QTemporaryDir temporary_;
+  const std::filesystem::path folder_ = temporary_.path().toStdString();
   std::vector<Trap> traps_;
 
  private:
-  void Wake();
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool awake_ = false;
+  std::counting_semaphore<> wakes_{0};
   std::unique_ptr<NetSnmpListener> listener_;
 };
 

@@ -9,18 +9,16 @@ namespace {
 
 using namespace std::string_view_literals;
 
+std::string TextOf(std::string_view octets) {
+  return OctetText({reinterpret_cast<const std::uint8_t*>(octets.data()), octets.size()});
+}
+
 TEST(OctetText, IsTextOnlyWhereEveryCharacterIsPlain) {
-  struct Case {
-    std::string_view octets;
-    std::string_view text;
-  };
-  const Case cases[] = {
-      {"", ""},
-      {"plain\ttext\r\n", "plain\ttext\r\n"},
-      {"\xC3\xA9", "\xC3\xA9"},
-      {"\xF0\x9F\x94\x94", "\xF0\x9F\x94\x94"},
-      {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
-      {"\xC2\xA0", "\xC2\xA0"},
+  for (const char* text :
+       {"", "plain\ttext\r\n", "\xC3\xA9", "\xF0\x9F\x94\x94", "\xF4\x8F\xBF\xBF", "\xC2\xA0"}) {
+    EXPECT_EQ(TextOf(text), text);
+  }
+  const std::pair<std::string_view, const char*> others[] = {
       {"nul\0"sv, "0x6E756C00"},
       {"\x1B", "0x1B"},
       {"\x7F", "0x7F"},
@@ -33,10 +31,7 @@ TEST(OctetText, IsTextOnlyWhereEveryCharacterIsPlain) {
       {"a\xE2\x82", "0x61E282"},  // cut off
       {"\x80", "0x80"},
   };
-  for (const Case& entry : cases) {
-    const auto* begin = reinterpret_cast<const std::uint8_t*>(entry.octets.data());
-    EXPECT_EQ(OctetText({begin, entry.octets.size()}), entry.text);
-  }
+  for (const auto& [octets, text] : others) EXPECT_EQ(TextOf(octets), text);
 }
 
 }  // namespace

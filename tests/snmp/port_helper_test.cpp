@@ -1,14 +1,11 @@
 #include "snmp/port_helper.h"
 
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <cerrno>
 
 #include "listener_fixture.h"
-#include "process.h"
 #include "snmp/datagram_socket.h"
 
 namespace sentrel::test {
@@ -18,16 +15,19 @@ namespace {
 class PortHelperTest : public testing::Test {
  protected:
   std::string Script(const std::string& content) {
-    const std::filesystem::path path = folder_.Path() / "helper";
+    const std::filesystem::path path = folder_ / "helper";
     WriteFile(path, "#!/bin/sh\n" + content + "\n");
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     return path;
   }
-  const TemporaryFolder folder_;
+  static bool MayUnshare() { return QProcess::execute("unshare", {"-rn", "true"}) == 0; }
+
+  const QTemporaryDir temporary_;
+  const std::filesystem::path folder_ = temporary_.path().toStdString();
 };
 
 TEST_F(PortHelperTest, HandsOverTheBoundSocket) {
-  if (RunCommand({"unshare", "-rn", "true"}) != 0) GTEST_SKIP() << "no user namespaces here";
+  if (!MayUnshare()) GTEST_SKIP() << "no user namespaces here";
   const int descriptor = SocketFromPortHelper(Script("exec unshare -rn " PORT_HELPER));
   ASSERT_GE(descriptor, 0) << -descriptor;
   const DatagramSocket socket(descriptor);
@@ -35,9 +35,9 @@ TEST_F(PortHelperTest, HandsOverTheBoundSocket) {
 }
 
 TEST_F(PortHelperTest, TellsThatThePortIsInUse) {
-  if (RunCommand({"unshare", "-rn", "true"}) != 0) GTEST_SKIP() << "no user namespaces here";
+  if (!MayUnshare()) GTEST_SKIP() << "no user namespaces here";
   // The first run's socket is held by this process while the second one tries.
-  const std::filesystem::path result = folder_.Path() / "result";
+  const std::filesystem::path result = folder_ / "result";
   const int first = SocketFromPortHelper(Script("exec unshare -rn sh -c '" PORT_HELPER
                                                 "; " PORT_HELPER "; echo $? > " +
                                                 result.string() + "'"));
@@ -53,7 +53,7 @@ TEST_F(PortHelperTest, ExitCodesBecomeErrors) {
   EXPECT_EQ(ending(kPortNotPermitted), -EACCES);
   EXPECT_EQ(ending(kPortInUse), -EADDRINUSE);
   EXPECT_EQ(ending(kPortHandedOver), -EIO) << "nothing was handed over";
-  EXPECT_EQ(SocketFromPortHelper(folder_.Path() / "none"), -ENOENT);
+  EXPECT_EQ(SocketFromPortHelper(folder_ / "none"), -ENOENT);
 }
 
 TEST_F(PortHelperTest, ListenerUsesItWhereItMayNotOpenThePortItself) {
@@ -73,7 +73,7 @@ TEST_F(PortHelperTest, ListenerUsesItWhereItMayNotOpenThePortItself) {
   EXPECT_GT(refused.StartListening(), 0);
   EXPECT_NE(refused.WhyNotListening().remedy.find("sudo setcap"), std::string::npos);
 
-  if (RunCommand({"unshare", "-rn", "true"}) != 0) return;
+  if (!MayUnshare()) return;
   options.portHelper = Script("exec unshare -rn " PORT_HELPER);
   NetSnmpListener helped(options, nobody, [] {});
   EXPECT_EQ(helped.StartListening(), 0);
@@ -81,8 +81,8 @@ TEST_F(PortHelperTest, ListenerUsesItWhereItMayNotOpenThePortItself) {
 }
 
 TEST_F(PortHelperTest, RefusesToRunByHand) {
-  EXPECT_EQ(RunCommand({PORT_HELPER}), kPortHelperMisused);
-  EXPECT_EQ(RunCommand({PORT_HELPER, "argument"}), kPortHelperMisused);
+  EXPECT_EQ(QProcess::execute(PORT_HELPER), kPortHelperMisused);
+  EXPECT_EQ(QProcess::execute(PORT_HELPER, {"argument"}), kPortHelperMisused);
 }
 
 }  // namespace

@@ -1,13 +1,5 @@
 #include "storm.h"
 
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
-#include <stdexcept>
-
 #include "fakes/notification.h"
 
 namespace sentrel {
@@ -23,17 +15,6 @@ const std::vector<std::string> kOids = {"1.3.6.1.2.1.2.2.1.8.7", "1.3.6.1.2.1.1.
                                         "1.3.6.1.2.1.31.1.1.1.18.4294967295"};
 const std::vector<std::string> kCommunities = {"public", "private", "a=b::c", "<b>bold</b>",
                                                "\u202Ecilbup"};
-
-int Connected(std::uint16_t port) {
-  const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  sockaddr_in to{};
-  to.sin_family = AF_INET;
-  to.sin_port = htons(port);
-  to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  if (connect(descriptor, reinterpret_cast<const sockaddr*>(&to), sizeof to) == 0)
-    return descriptor;
-  throw std::runtime_error("cannot connect a UDP socket");
-}
 
 std::string Bytes(const std::vector<std::uint8_t>& message) {
   return {message.begin(), message.end()};
@@ -62,50 +43,42 @@ const std::vector<std::string>& HostileTexts() {
 }
 
 Storm::Storm(std::uint16_t port, std::uint32_t seed, Samples samples)
-    : random_(seed),
-      samples_(std::move(samples)),
-      informSocket_(Connected(port)),
-      socket_(Connected(port)) {}
-
-Storm::~Storm() {
-  close(informSocket_);
-  close(socket_);
-}
+    : random_(seed), samples_(std::move(samples)), informSender_(port), sender_(port) {}
 
 void Storm::Blow(std::uint64_t received) {
   for (std::uint32_t count = Below(12); count > 0; --count) {
     if (sent_ - received >= kMostOnTheirWay) return;
     switch (Below(10)) {
       case 0:
-        Send(informSocket_, Notification(true));
+        Send(informSender_, Notification(true));
         ++informs_;
         break;
       case 1:
-        Send(socket_, AnyOf(samples_));
+        Send(sender_, AnyOf(samples_));
         break;
       case 2:
       case 3:
       case 4:
-        Send(socket_, Mutation());
+        Send(sender_,
+             test::Mutated(Below(2) == 0 ? AnyOf(samples_) : Notification(false), 4, random_));
         break;
       case 5:
         // As large as the whole buffer may be, so only where nothing else is on its way.
-        if (sent_ == received && Below(20) == 0) Send(socket_, Large());
+        if (sent_ == received && Below(20) == 0) Send(sender_, Large());
         break;
       default:
-        Send(socket_, Notification(false));
+        Send(sender_, Notification(false));
     }
   }
 }
 
 void Storm::SendMarker(const std::string& oid, const std::string& text) {
-  Send(socket_, Bytes(TrapMessage("public", {kUptime, kTrapOid, oid},
+  Send(sender_, Bytes(TrapMessage("public", {kUptime, kTrapOid, oid},
                                   {"1", "1.3.6.1.6.3.1.1.5.1", text}, {67, 6, 4})));
 }
 
 std::uint64_t Storm::Answers() {
-  std::array<char, 2048> answer;
-  while (recv(informSocket_, answer.data(), answer.size(), MSG_DONTWAIT) > 0) ++answers_;
+  answers_ += informSender_.TakeAnswers();
   return answers_;
 }
 
@@ -131,28 +104,8 @@ std::string Storm::Large() {
       {67, 6, 4}));
 }
 
-std::string Storm::Mutation() {
-  std::string datagram = Below(2) == 0 ? AnyOf(samples_) : Notification(false);
-  for (std::uint32_t change = Below(4) + 1; change > 0; --change) {
-    const std::size_t at = Below(static_cast<std::uint32_t>(datagram.size()) + 1);
-    switch (Below(4)) {
-      case 0:
-        datagram.resize(at);
-        break;
-      case 1:
-        datagram.insert(at, 1 + Below(16), static_cast<char>(random_()));
-        break;
-      default:
-        if (at < datagram.size()) datagram[at] = static_cast<char>(random_());
-    }
-  }
-  return datagram;
-}
-
-void Storm::Send(int socket, const std::string& datagram) {
-  while (send(socket, datagram.data(), datagram.size(), 0) < 0) {
-    if (errno != ENOBUFS && errno != EAGAIN) throw std::runtime_error("cannot send");
-  }
+void Storm::Send(const test::UdpSender& sender, const std::string& datagram) {
+  sender.Send(datagram);
   ++sent_;
 }
 

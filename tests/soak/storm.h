@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "udp_sender.h"
+
 namespace sentrel {
 
 /// Datagrams of every kind, good and bad, sent to a port of this machine. What is sent follows from
@@ -15,9 +17,6 @@ class Storm {
   using Samples = std::vector<std::string>;
 
   Storm(std::uint16_t port, std::uint32_t seed, Samples samples);
-  ~Storm();
-  Storm(const Storm&) = delete;
-  Storm& operator=(const Storm&) = delete;
 
   /// Sends a few datagrams, as far as no more than the socket's buffer holds are on their way.
   void Blow(std::uint64_t received);
@@ -36,14 +35,13 @@ class Storm {
   }
   std::string Notification(bool inform);
   std::string Large();
-  std::string Mutation();
-  void Send(int socket, const std::string& datagram);
+  void Send(const test::UdpSender& sender, const std::string& datagram);
 
   std::mt19937 random_;
   Samples samples_;
   /// Nothing comes back on the one but answers to well-formed informs.
-  int informSocket_;
-  int socket_;
+  test::UdpSender informSender_;
+  test::UdpSender sender_;
   std::uint64_t sent_ = 0;
   std::uint64_t informs_ = 0;
   std::uint64_t answers_ = 0;

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 
 namespace sentrel {
 namespace {
@@ -17,7 +18,8 @@ constexpr int kMostLooks = 1000;  // then the window is not coming
 
 QWidget* FindWindow(const QString& name) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() == name) return window;
+    const bool wanted = window->objectName() == name || window->inherits(qPrintable(name));
+    if (window->isVisible() && wanted) return window;
   }
   return nullptr;
 }
@@ -42,8 +44,7 @@ void CloseDialogs() {
 }  // namespace
 
 User::User() {
-  QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
-  timer_.start(kInterval);
+  LookAgain();
 }
 
 User::~User() {
@@ -63,8 +64,8 @@ void User::Escape(const QString& window) {
   When(window, [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
 }
 
-void User::NameFile(const QString& path) {
-  When("ExportFile", [path](QWidget& dialog) {
+void User::NameFile(const QString& path, const QString& window) {
+  When(window, [path](QWidget& dialog) {
     auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
     ASSERT_NE(edit, nullptr);
     Focus(dialog, *edit);
@@ -86,6 +87,14 @@ void User::Press(const QString& window, const QString& button) {
   });
 }
 
+/// A timer of its own for each look: one that is busy in a dialog does not fire.
+void User::LookAgain() {
+  QTimer::singleShot(kInterval, &timers_, [this] {
+    LookAgain();
+    Look();
+  });
+}
+
 void User::Look() {
   if (gaveUp_) return CloseDialogs();
   QWidget* window = steps_.empty() ? nullptr : FindWindow(steps_.front().window);
@@ -93,8 +102,10 @@ void User::Look() {
     const auto act = std::move(steps_.front().act);
     steps_.pop_front();
     looks_ = 0;
+    ++acting_;
     act(*window);
-  } else if (!QApplication::activeModalWidget() && steps_.empty()) {
+    --acting_;
+  } else if (steps_.empty() && (acting_ > 0 || !QApplication::activeModalWidget())) {
     looks_ = 0;
   } else if (++looks_ > kMostLooks) {
     gaveUp_ = true;

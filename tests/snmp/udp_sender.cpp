@@ -1,0 +1,57 @@
+#include "udp_sender.h"
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <stdexcept>
+
+namespace sentrel::test {
+
+UdpSender::UdpSender(std::uint16_t port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+  sockaddr_in to{};
+  to.sin_family = AF_INET;
+  to.sin_port = htons(port);
+  to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  if (connect(socket_, reinterpret_cast<const sockaddr*>(&to), sizeof to) != 0) {
+    throw std::runtime_error("cannot connect a UDP socket");
+  }
+}
+
+UdpSender::~UdpSender() {
+  close(socket_);
+}
+
+void UdpSender::Send(const std::string& bytes) const {
+  while (send(socket_, bytes.data(), bytes.size(), 0) < 0) {
+    if (errno != ENOBUFS && errno != EAGAIN) throw std::runtime_error("cannot send");
+  }
+}
+
+std::size_t UdpSender::TakeAnswers() const {
+  std::array<char, 2048> answer;
+  std::size_t count = 0;
+  while (recv(socket_, answer.data(), answer.size(), MSG_DONTWAIT) > 0) ++count;
+  return count;
+}
+
+std::string Mutated(std::string datagram, std::size_t mostChanges, std::mt19937& random) {
+  for (std::size_t change = random() % mostChanges + 1; change > 0; --change) {
+    const std::size_t at = random() % (datagram.size() + 1);
+    switch (random() % 4) {
+      case 0:
+        datagram.resize(at);
+        break;
+      case 1:
+        datagram.insert(at, 1 + random() % 16, static_cast<char>(random()));
+        break;
+      default:
+        if (at < datagram.size()) datagram[at] = static_cast<char>(random());
+    }
+  }
+  return datagram;
+}
+
+}  // namespace sentrel::test
