@@ -12,23 +12,16 @@ namespace {
 using testing::ElementsAre;
 
 TEST(FileNameOf, GivesTheLastComponent) {
-  struct Case {
+  const struct {
     const char* path;
     bool cutExtension;
     const char* expected;
-  };
-  const Case cases[] = {
-      {"c:/a/b.txt", false, "b.txt"},
-      {"C:x.tar.gz", true, "x.tar"},
-      {"noext", true, "noext"},
-      {".cfg", true, ""},
-      {"/usr/bin/", false, ""},
-      {"a\\b/c.D", true, "c"},
-      {"a.b/c", true, "c"},
-      {"a/b:c", false, "c"},
-      {"", true, ""},
-  };
-  for (const Case& c : cases) EXPECT_EQ(FileNameOf(c.path, c.cutExtension), c.expected) << c.path;
+  } cases[] = {{"c:/a/b.txt", false, "b.txt"}, {"C:x.tar.gz", true, "x.tar"},
+               {"noext", true, "noext"},       {".cfg", true, ""},
+               {"/usr/bin/", false, ""},       {"a\\b/c.D", true, "c"},
+               {"a.b/c", true, "c"},           {"a/b:c", false, "c"}};
+  for (const auto& [path, cutExtension, expected] : cases)
+    EXPECT_EQ(FileNameOf(path, cutExtension), expected) << path;
 }
 
 struct HelpTest : testing::Test {
