@@ -1,11 +1,5 @@
-#include "console/main_form.h"
-
-#include <gmock/gmock.h>
-
 #include "console/globals.h"
-#include "fakes/fake_console.h"
-#include "fakes/fake_registry.h"
-#include "fakes/fake_tools.h"
+#include "window_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -15,28 +9,8 @@ using testing::ElementsAre;
 
 constexpr const char* kSave = "SaveLayout /opt/sentrel/Sentrel.Toolbars";
 
-struct MainFormTest : testing::Test {
-  MainFormTest() {
-    window.SetEvents(form);
-    tools.SetView(&toolView);
-  }
-
-  CallLog log;
-  FakeMainWindow window{log};
-  FakeSNMP snmp{log};
-  FakeMessageBox messageBox{log};
-  FakeApplication application;
-  Table table;
-  FakeRegistry registry;
-  Settings settings{registry};
-  ToolBars tools;
-  FakeToolBarsView toolView{log};
-  StatusBar statusBar;
-  FakeFileSystem files;
-  Toggles toggles{settings, tools, statusBar};
-  ToolbarLayout layout{application, files, tools};
+struct MainFormTest : WindowTest {
   std::function<void()> offerTip = [this] { log.Note("Tip"); };
-  MainForm form{window, table, snmp, messageBox, toggles, layout};
 };
 
 TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {

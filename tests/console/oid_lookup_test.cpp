@@ -33,9 +33,6 @@ TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
       {kUpTime, "", "sysUpTime = "},
       {"1.3.6.1.6.3.1.1.4.1.0", kLinkDown, "1.3.6.1.6.3.1.1.4.1 = linkDown"},
       {kUpTime, "1.3.8.0", "sysUpTime = scalar.0"},
-      {kUpTime, "1.3", "sysUpTime = 1.3"},
-      {kUpTime, ".1.3.8.0", "sysUpTime = .1.3.8.0"},
-      {kUpTime, "2.5.4.3", "sysUpTime = 2.5.4.3"},
       {kStatus, "2", "ifOperStatus.7 = down(2)"},
       {kStatus, "9", "ifOperStatus.7 = 9"},
       {kStatus, "1.5", "ifOperStatus.7 = down(2)"},
@@ -55,13 +52,10 @@ TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
 }
 
 TEST_F(OidLookupTest, OnlyWhatLooksLikeAnOidIsLookedUpAsAValue) {
-  EXPECT_EQ(lookup.LookupOIDValue(kLinkDown), "linkDown");
-  EXPECT_EQ(lookup.LookupOIDValue("1.3.8.0"), "scalar.0");
-  const int made = mibs.made;
-  for (const char* text : {"1.3", ".1.3.6", "2.5.4.3", ""}) {
+  for (const char* text : {"1.3", ".1.3.8.0", "2.5.4.3", ""}) {
     EXPECT_EQ(lookup.LookupOIDValue(text), text);
   }
-  EXPECT_EQ(mibs.made, made);
+  EXPECT_EQ(mibs.made, 0);
 }
 
 TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {

@@ -2,7 +2,6 @@
 
 #include "console_fixture.h"
 #include "fakes/fake_file_dialog.h"
-#include "fakes/fake_trap_writer.h"
 
 namespace sentrel {
 namespace {
@@ -41,8 +40,7 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   EXPECT_EQ(request.title, "Save SNMP Trap ...");
   EXPECT_EQ(request.filter, "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "");
-  EXPECT_TRUE(request.promptBeforeOverwrite);
-  EXPECT_TRUE(request.refuseReadOnly);
+  EXPECT_TRUE(request.promptBeforeOverwrite && request.refuseReadOnly);
 }
 
 TEST_F(SavedTrapTest, RawAndDecodedRowsSaveTheSameAndOneWithoutBindingsSavesToo) {

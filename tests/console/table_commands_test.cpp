@@ -1,11 +1,7 @@
-#include "console/table_commands.h"
-
-#include <gmock/gmock.h>
-
 #include <algorithm>
 
 #include "common/failure.h"
-#include "fakes/fake_tools.h"
+#include "window_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -14,10 +10,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// Rows 1 to 5 hold A to E; the details of a trap have two lines.
-struct TableCommandsTest : testing::Test {
+struct TableCommandsTest : WindowTest {
   TableCommandsTest() {
-    tools.SetView(&view);
-    table.SetEvents(&commands);
+    table.SetEvents(&tableCommands);
     Fill("ABCDE");
   }
   void Fill(const std::string& letters) {
@@ -39,13 +34,6 @@ struct TableCommandsTest : testing::Test {
     for (int row = 1; row < table.Rows(); ++row) letters += table.Cell(row, 0);
     return letters;
   }
-
-  CallLog log;
-  Table table;
-  FakeClipboard clipboard;
-  ToolBars tools;
-  FakeToolBarsView view{log};
-  TableCommands commands{table, clipboard, tools};
 };
 
 TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
@@ -65,15 +53,15 @@ TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
   for (const Case& c : cases) {
     Fill("ABCDE");
     Select(c.row, c.rowSel);
-    commands.CopyTraps();
+    tableCommands.CopyTraps();
     EXPECT_EQ(clipboard.text, c.copied);
     EXPECT_EQ(Left(), "ABCDE");
-    commands.DeleteTraps();
+    tableCommands.DeleteTraps();
     EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
 
     Fill("ABCDE");
     Select(c.row, c.rowSel);
-    commands.CutTraps();
+    tableCommands.CutTraps();
     EXPECT_EQ(clipboard.text, c.copied);
     EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
   }
@@ -81,29 +69,29 @@ TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
 
 TEST_F(TableCommandsTest, DeletingTwiceDoesNotTakeAsManyRowsAgain) {
   Select(2, 4);
-  commands.DeleteTraps();
-  commands.DeleteTraps();
+  tableCommands.DeleteTraps();
+  tableCommands.DeleteTraps();
   EXPECT_EQ(Left(), "A");
 }
 
 TEST_F(TableCommandsTest, SelectAllBeginsWithTheHeader) {
   Select(3, 4);
-  commands.SelectAllTraps();
+  tableCommands.SelectAllTraps();
   EXPECT_EQ(table.Row(), 0);
   EXPECT_EQ(table.RowSel(), 5);
   EXPECT_EQ(table.ColSel(), 1);
-  commands.CutTraps();
+  tableCommands.CutTraps();
   EXPECT_EQ(table.Rows(), 1);
   EXPECT_THAT(clipboard.text, testing::StartsWith("Title\tDetails\r\nA\ta\r\nb\r\nB\t"));
-  commands.SelectAllTraps();
-  commands.CutTraps();
+  tableCommands.SelectAllTraps();
+  tableCommands.CutTraps();
   EXPECT_EQ(clipboard.text, "Title\tDetails") << "without traps the titles alone";
 }
 
 TEST_F(TableCommandsTest, AFullTableIsCopiedWhole) {
   Fill(std::string(999, 'X'));
-  commands.SelectAllTraps();
-  commands.CopyTraps();
+  tableCommands.SelectAllTraps();
+  tableCommands.CopyTraps();
   EXPECT_EQ(std::count(clipboard.text.begin(), clipboard.text.end(), '\t'), 1000);
   EXPECT_EQ(clipboard.text.size(), std::string("Title\tDetails").size() + 999 * 8);
   EXPECT_EQ(std::count(clipboard.html.begin(), clipboard.html.end(), '\n'), 1000);
@@ -113,7 +101,7 @@ TEST_F(TableCommandsTest, HtmlKeepsCellsTogetherAndObeysNoValue) {
   table.SetCell(1, 0, "<b>&amp;");
   table.SetCell(1, 1, "=1\r\n2\n3\r4");
   Select(1, 1);
-  commands.CopyTraps();
+  tableCommands.CopyTraps();
   EXPECT_THAT(clipboard.html, HasSubstr("'\\@'\">&lt;b&gt;&amp;amp;</td>"));
   EXPECT_THAT(clipboard.html, HasSubstr("'\\@'\">=1<br style"));
   EXPECT_EQ(std::count(clipboard.html.begin(), clipboard.html.end(), '\n'), 1);
@@ -122,7 +110,7 @@ TEST_F(TableCommandsTest, HtmlKeepsCellsTogetherAndObeysNoValue) {
 TEST_F(TableCommandsTest, WhatCannotBeCopiedIsNotCut) {
   clipboard.reachable = false;
   Select(1, 5);
-  EXPECT_THROW(commands.CutTraps(), Failure);
+  EXPECT_THROW(tableCommands.CutTraps(), Failure);
   EXPECT_EQ(Left(), "ABCDE");
 }
 

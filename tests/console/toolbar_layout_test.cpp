@@ -1,8 +1,4 @@
-#include "console/toolbar_layout.h"
-
-#include <gmock/gmock.h>
-
-#include "fakes/fake_tools.h"
+#include "window_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -13,16 +9,7 @@ constexpr const char* kPath = "/opt/sentrel/Sentrel.Toolbars";
 constexpr const char* kLoad = "LoadLayout /opt/sentrel/Sentrel.Toolbars";
 constexpr const char* kHints = "SetHintTime 10000";
 
-struct ToolbarLayoutTest : testing::Test {
-  ToolbarLayoutTest() { tools.SetView(&view); }
-
-  CallLog log;
-  FakeApplication application;
-  FakeFileSystem files;
-  ToolBars tools;
-  FakeToolBarsView view{log};
-  ToolbarLayout layout{application, files, tools};
-};
+using ToolbarLayoutTest = WindowTest;
 
 TEST_F(ToolbarLayoutTest, OnlyAFileFromBeforeTheFirstDayIsDeleted) {
   const std::pair<FakeFileSystem::File, bool> cases[] = {
@@ -38,12 +25,10 @@ TEST_F(ToolbarLayoutTest, OnlyAFileFromBeforeTheFirstDayIsDeleted) {
   }
 }
 
-TEST_F(ToolbarLayoutTest, WithoutAFileNothingIsLoaded) {
+TEST_F(ToolbarLayoutTest, AMissingFileAndAStepThatFailsArePassedOver) {
   layout.LoadToolbarLayout();
   EXPECT_THAT(log.calls, ElementsAre(kHints));
-}
-
-TEST_F(ToolbarLayoutTest, AStepThatFailsIsPassedOver) {
+  log.calls.clear();
   files.files = {{kPath, {{2004, 8, 24, 0, 0, 0}}}};
   files.datesFail = true;
   log.failing = kLoad;

@@ -11,9 +11,9 @@
 namespace sentrel {
 
 /// A dialog of 300 by 200 whose user is a function.
-class FakeSendFormView : public SendFormView {
+class FakeSendFormView : public SendFormView, protected Noting {
  public:
-  explicit FakeSendFormView(CallLog& log) : log_(log) {}
+  using Noting::Noting;
 
   void ShowModal() override {
     open = true;
@@ -48,9 +48,6 @@ class FakeSendFormView : public SendFormView {
   int helpContext = 0;
   Area message;
   bool open = false;
-
- private:
-  CallLog& log_;
 };
 
 struct SendFormTest : testing::Test {

@@ -1,7 +1,5 @@
 #include "sending/test_trap.h"
 
-#include "common/failure.h"
-#include "fakes/fake_trap_writer.h"
 #include "send_form_fixture.h"
 
 namespace sentrel {
@@ -31,27 +29,6 @@ TEST_F(TestTrapTest, HasItsFourBindingsAndTheTimeOfTheCommand) {
   clock.now.hour = 15;
   command.SendTestTrap();
   EXPECT_EQ(snmp.sentValues.back(), "Test trap at 15:49");
-}
-
-TEST(TrapObject, SavesWhatItHolds) {
-  TrapObject trap;
-  trap.SetStationText1("noc");
-  trap.SetStationText2("Linux");
-  trap.SetSourceIP("192.0.2.7");
-  trap.SetTrapCommunity("public");
-  trap.VarBinds().AddVarBind("1.3.6.1.1", 2, "-1");
-  trap.VarBinds().AddVarBind("1.3.6.1.2", 4, "");
-  EXPECT_THROW(trap.VarBinds().AddVarBind("1.3.6.1.3", 65536, "x"), Failure);
-  FakeTrapWriter writer;
-  trap.SaveToFile("a.Trap", writer);
-  const SavedTrap& saved = writer.files.at("a.Trap");
-  EXPECT_EQ(saved.StationText1 + saved.StationText2, "nocLinux");
-  EXPECT_EQ(saved.SourceIP, "192.0.2.7");
-  EXPECT_EQ(saved.TrapCommunity, "public");
-  EXPECT_THAT(saved.OIDs, ElementsAre("1.3.6.1.1", "1.3.6.1.2"));
-  EXPECT_THAT(saved.DataTypes, ElementsAre(2, 4));
-  EXPECT_THAT(saved.Values, ElementsAre("-1", ""));
-  EXPECT_THROW(trap.SaveToFile("", writer), Failure);
 }
 
 }  // namespace

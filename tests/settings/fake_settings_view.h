@@ -19,11 +19,7 @@ class FakeSettingsView : public SettingsView {
   void Close() override { closed = true; }
 
   void SetVisible(SettingsControl control, bool visible) override {
-    if (visible) {
-      hidden.erase(control.name);
-    } else {
-      hidden.insert(control.name);
-    }
+    Put(control.name, !visible, hidden);
   }
   void SetEnabled(SettingsControl control, bool on) override { enabled[control.name] = on; }
   void SetFocus(SettingsControl control) override { focus = control.name; }
@@ -31,11 +27,7 @@ class FakeSettingsView : public SettingsView {
   bool Checked(SettingsCheck check) const override { return checked.contains(check.name); }
   void SetChecked(SettingsCheck check, bool on) override {
     if (Checked(check) == on) return;
-    if (on) {
-      checked.insert(check.name);
-    } else {
-      checked.erase(check.name);
-    }
+    Put(check.name, on, checked);
     if (onClick.contains(check.name)) onClick.at(check.name)();
   }
 
@@ -75,6 +67,12 @@ class FakeSettingsView : public SettingsView {
   std::string selectedText;
   std::map<std::string, std::vector<std::string>> lines;
   std::map<std::string, std::size_t> selectedLine;
+
+ private:
+  static void Put(const std::string& name, bool in, std::set<std::string>& names) {
+    names.erase(name);
+    if (in) names.insert(name);
+  }
 };
 
 }  // namespace sentrel

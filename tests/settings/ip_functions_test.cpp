@@ -86,22 +86,5 @@ TEST(RandomAddresses, SurviveEveryConversion) {
   }
 }
 
-TEST(RandomSubnets, AgreeWith32BitArithmetic) {
-  std::mt19937 random(1157);
-  for (int i = 0; i < 5000; ++i) {
-    const auto bits = static_cast<std::uint32_t>(random());
-    const auto length = static_cast<std::int16_t>(random() % 33);
-    const std::uint32_t host = length == 0 ? ~0U : (1ULL << (32 - length)) - 1;
-    const std::string address = LongToIPAddress(static_cast<std::int32_t>(bits));
-    const std::string mask = MaskOfPrefixLength(length);
-    ASSERT_TRUE(IsSubnetMask(mask));
-    ASSERT_EQ(IPAddressToLong(mask), static_cast<std::int32_t>(~host));
-    const std::string subnet = SubnetOfAddress(address, mask);
-    ASSERT_EQ(IPAddressToLong(subnet), static_cast<std::int32_t>(bits & ~host));
-    ASSERT_EQ(IPAddressToLong(LastAddressOfSubnet(subnet, mask)),
-              static_cast<std::int32_t>(bits | host));
-  }
-}
-
 }  // namespace
 }  // namespace sentrel
