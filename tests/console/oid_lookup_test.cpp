@@ -25,10 +25,9 @@ struct OidLookupTest : ConsoleTest {
 };
 
 TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
-  struct Case {
+  const struct {
     const char *oid, *value, *line;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {kUpTime, "12345", "sysUpTime = 12345"},
       {kUpTime, "", "sysUpTime = "},
       {"1.3.6.1.6.3.1.1.4.1.0", kLinkDown, "1.3.6.1.6.3.1.1.4.1 = linkDown"},
@@ -48,7 +47,7 @@ TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
       {kStatus, "1e999", "ifOperStatus.7 = "},
       {"1.3.9", "text", "odd.0 = text"},
   };
-  for (const Case& c : cases) EXPECT_EQ(Details(c.oid, c.value), c.line) << c.value;
+  for (const auto& c : cases) EXPECT_EQ(Details(c.oid, c.value), c.line) << c.value;
 }
 
 TEST_F(OidLookupTest, OnlyWhatLooksLikeAnOidIsLookedUpAsAValue) {
@@ -59,10 +58,9 @@ TEST_F(OidLookupTest, OnlyWhatLooksLikeAnOidIsLookedUpAsAValue) {
 }
 
 TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {
-  struct Case {
+  const struct {
     const char *failing, *failingOid, *oid, *value, *line;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"MakeOIDObject", "", kStatus, "2", " = "},
       {"Name", kStatus, kStatus, "2", " = down(2)"},
       {"EnumerationList", "", kStatus, "2", "ifOperStatus.7 = down(2)"},
@@ -70,7 +68,7 @@ TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {
       {"Name", kLinkDown, kUpTime, kLinkDown, "sysUpTime = "},
       {"SetOID", kLinkDown, kUpTime, kLinkDown, "sysUpTime = 1.3.6.1.6.3.1.1.5.3"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     decoder.Forget();
     mibs.failing = c.failing;
     mibs.failingOid = c.failingOid;

@@ -37,12 +37,10 @@ struct TableCommandsTest : WindowTest {
 };
 
 TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
-  struct Case {
+  const struct {
     int row, rowSel;
-    const char* copied;
-    const char* left;
-  };
-  const Case cases[] = {
+    const char *copied, *left;
+  } cases[] = {
       {0, 0, "Title\tDetails", "ABCDE"},
       {1, 1, "A\ta\r\nb", "BCDE"},
       {2, 4, "B\ta\r\nb\r\nC\ta\r\nb\r\nD\ta\r\nb", "AE"},
@@ -50,20 +48,17 @@ TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
       {5, 5, "E\ta\r\nb", "ABCD"},
       {1, 0, "Title\tDetails\r\nA\ta\r\nb", "BCDE"},
   };
-  for (const Case& c : cases) {
-    Fill("ABCDE");
-    Select(c.row, c.rowSel);
-    tableCommands.CopyTraps();
-    EXPECT_EQ(clipboard.text, c.copied);
-    EXPECT_EQ(Left(), "ABCDE");
-    tableCommands.DeleteTraps();
-    EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
-
-    Fill("ABCDE");
-    Select(c.row, c.rowSel);
-    tableCommands.CutTraps();
-    EXPECT_EQ(clipboard.text, c.copied);
-    EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
+  for (const auto& c : cases) {
+    for (const bool cut : {false, true}) {
+      SCOPED_TRACE(testing::Message() << c.row << " to " << c.rowSel);
+      Fill("ABCDE");
+      Select(c.row, c.rowSel);
+      cut ? tableCommands.CutTraps() : tableCommands.CopyTraps();
+      EXPECT_EQ(clipboard.text, c.copied);
+      EXPECT_EQ(Left(), cut ? c.left : "ABCDE");
+      if (!cut) tableCommands.DeleteTraps();
+      EXPECT_EQ(Left(), c.left);
+    }
   }
 }
 
@@ -123,16 +118,14 @@ TEST_F(TableCommandsTest, OnlyTheRightButtonOpensTheMenu) {
 }
 
 TEST(FixLineEnds, CompletesLoneCarriageReturns) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"", ""},
-      {"a\rb", "a\r\nb"},
-      {"a\r\nb", "a\r\nb"},
-      {"a\nb", "a\nb"},
-      {"\r\ra", "\r\n\r\na"},
-      {"a\r", "a\r"},
-      {"\r\n\r", "\r\n\r"},
-      {"a\r\r\nb", "a\r\n\r\nb"},
-  };
+  const std::pair<const char*, const char*> cases[] = {{"", ""},
+                                                       {"a\rb", "a\r\nb"},
+                                                       {"a\r\nb", "a\r\nb"},
+                                                       {"a\nb", "a\nb"},
+                                                       {"\r\ra", "\r\n\r\na"},
+                                                       {"a\r", "a\r"},
+                                                       {"\r\n\r", "\r\n\r"},
+                                                       {"a\r\r\nb", "a\r\n\r\nb"}};
   for (const auto& [text, fixed] : cases) EXPECT_EQ(FixLineEnds(text), fixed);
 }
 

@@ -102,14 +102,17 @@ TEST_F(ToolDispatchTest, ACommandThatFailsOrIsMissingEndsQuietly) {
   for (Tool& tool : tools.Tools()) EXPECT_NO_THROW(tools.Choose(tool)) << tool.Id();
 }
 
-TEST_F(ToolDispatchTest, RawIsToggledOncePerChoice) {
-  Tool& raw = tools.Tools("Edit:Raw");
+TEST_F(ToolDispatchTest, EveryChoiceTogglesOnceAndPauseTellsSoInTheStatusBar) {
   for (const bool on : {true, false, true}) {
-    tools.Choose(raw);
+    for (const char* id : {"Edit:Raw", "Edit:Pause"}) {
+      tools.Choose(tools.Tools(id));
+      EXPECT_EQ(tools.Tools(id).State(), on ? 1 : 0);
+    }
     EXPECT_EQ(settings.Raw(), on);
-    EXPECT_EQ(raw.State(), on ? 1 : 0);
+    EXPECT_EQ(settings.Paused(), on);
+    EXPECT_EQ(statusBar.Text(), on ? "Trap receiving has been paused" : "");
   }
-  EXPECT_EQ(statusBar.Text(), "");
+  EXPECT_EQ(table.Rows(), 2);
 }
 
 TEST_F(ToolDispatchTest, TheSettingsCommandRefreshesTheRawToolAndTogglesNothing) {
@@ -122,19 +125,6 @@ TEST_F(ToolDispatchTest, TheSettingsCommandRefreshesTheRawToolAndTogglesNothing)
     EXPECT_EQ(settings.Raw(), raw);
     EXPECT_FALSE(toggles.UpdatingTools());
   }
-}
-
-TEST_F(ToolDispatchTest, PauseTellsSoInTheStatusBar) {
-  Tool& pause = tools.Tools("Edit:Pause");
-  tools.Choose(pause);
-  EXPECT_TRUE(settings.Paused());
-  EXPECT_EQ(pause.State(), 1);
-  EXPECT_EQ(statusBar.Text(), "Trap receiving has been paused");
-  EXPECT_EQ(table.Rows(), 2);
-  tools.Choose(pause);
-  EXPECT_FALSE(settings.Paused());
-  EXPECT_EQ(pause.State(), 0);
-  EXPECT_EQ(statusBar.Text(), "");
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <functional>
 
 #include "common/failure.h"
 #include "shell.h"
@@ -14,16 +13,8 @@
 namespace sentrel {
 namespace {
 
-using testing::HasSubstr;
-
-std::string FailureOf(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const Failure& failure) {
-    return failure.what();
-  }
-  return "no failure";
-}
+using testing::EndsWith;
+using testing::ThrowsMessage;
 
 unsigned Mode(const std::string& path) {
   return static_cast<unsigned>(std::filesystem::status(path).permissions());
@@ -62,8 +53,8 @@ TEST_F(AtomicFile, AFullDiskLeavesTheOldFileAndNothingElse) {
   getrlimit(RLIMIT_FSIZE, &before);
   const rlimit small{1000, before.rlim_max};
   setrlimit(RLIMIT_FSIZE, &small);
-  EXPECT_EQ(FailureOf([&] { WriteFile(path_, std::string(100000, 'x')); }),
-            "Cannot write the file " + path_ + ": File too large.");
+  EXPECT_THAT([&] { WriteFile(path_, std::string(100000, 'x')); },
+              ThrowsMessage<Failure>("Cannot write the file " + path_ + ": File too large."));
   setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(ReadFile(path_), "old");
   EXPECT_EQ(folder_.Files(), 1);
@@ -77,8 +68,10 @@ TEST_F(AtomicFile, RefusesWhatIsNoPlaceForAFile) {
       {folder_ / "gone/x.csv", "No such file or directory."},
       {folder_ / "", "it is a folder."},
       {"/dev/full", "it is not a file."}};
-  for (const auto& [path, reason] : cases)
-    EXPECT_THAT(FailureOf([&] { WriteFile(path, "new"); }), HasSubstr(reason));
+  for (const auto& refused : cases) {
+    EXPECT_THAT([&] { WriteFile(refused.first, "new"); },
+                ThrowsMessage<Failure>(EndsWith(refused.second)));
+  }
   EXPECT_EQ(ReadFile(path_), "old");
   EXPECT_EQ(folder_.Files(), 1);
 }

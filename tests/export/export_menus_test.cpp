@@ -72,7 +72,9 @@ TEST_F(ExportMenusTest, HandsOnTheAnswersOfTheEngineAndPushesNothing) {
   EXPECT_THAT(log_.calls, ElementsAre("Create", "ExportMethods(2)", "Create", "Create"));
 }
 
-TEST_F(ExportMenusTest, WithoutAnEngineAllEndsQuietly) {
+TEST_F(ExportMenusTest, WithoutAnEngineOrAParentAllEndsQuietly) {
+  engine_.LoadExportsMenu(static_cast<CommandPopup*>(&menu_));
+  engine_.LoadSendToMenu(static_cast<CommandPopup*>(nullptr), &menu_);
   log_.failing = "Create";
   EXPECT_THAT(engine_.ExportMethods(), IsEmpty());
   EXPECT_EQ(engine_.MethodName("PDF"), "");
@@ -102,12 +104,6 @@ TEST_F(ExportMenusTest, FillsAPopUpAndFallsBackToThePictureOfTheKey) {
   EXPECT_THAT(menuLog_.calls,
               ElementsAre("AddToolButton X:PDF|PDF file", "X:PDF.Tag=PDF", "AddControl X:PDF",
                           "FindImage X:PDF", "FindImage PDF", "Image(0)=7"));
-}
-
-TEST_F(ExportMenusTest, APopUpWithoutAParentStaysEmpty) {
-  engine_.LoadExportsMenu(static_cast<CommandPopup*>(&menu_));
-  engine_.LoadSendToMenu(static_cast<CommandPopup*>(nullptr), &menu_);
-  EXPECT_THAT(menuLog_.calls, IsEmpty());
 }
 
 TEST_F(ExportMenusTest, ASendToPopUpNamesEntriesByCaptionAndOpensGroups) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "common/failure.h"
@@ -133,6 +134,7 @@ class FakeMessageBox : public MessageBox, protected Noting {
     icon = messageIcon;
     title = boxTitle;
   }
+  std::tuple<std::string, std::string, MessageIcon> Shown() const { return {title, text, icon}; }
 
   std::string text;
   std::string title;

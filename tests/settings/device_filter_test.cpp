@@ -28,14 +28,11 @@ void ExpectEmpty(const DeviceFilter& filter) {
 }
 
 TEST(DeviceFilter, BringsEverySyntaxIntoNormalForm) {
-  struct Case {
+  const struct {
     const char* text;
     int type;
-    const char* normalForm;
-    const char* beginning;
-    const char* ending;
-  };
-  const Case cases[] = {
+    const char *normalForm, *beginning, *ending;
+  } cases[] = {
       {"10.0.1.23", 1, "10.0.1.23", "10.0.1.23", "10.0.1.23"},
       {"1 0.0.1.23", 1, "10.0.1.23", "10.0.1.23", "10.0.1.23"},
       {"010.000.001.023", 1, "010.000.001.023", "010.000.001.023", "010.000.001.023"},
@@ -57,7 +54,7 @@ TEST(DeviceFilter, BringsEverySyntaxIntoNormalForm) {
       {"10.0.1.0/0.0.0.0", 3, "0.0.0.0/0.0.0.0", "0.0.0.0", "255.255.255.255"},
       {"200.0.1.9/30", 3, "200.0.1.8/255.255.255.252", "200.0.1.8", "200.0.1.11"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.text);
     const DeviceFilter filter = Parsed(c.text);
     EXPECT_TRUE(filter.ValidFilter());

@@ -105,15 +105,6 @@ TEST_F(FilterListsTest, KeepsTheFirstTwoHundred) {
   EXPECT_TRUE(registry_.AllClosed());
 }
 
-TEST_F(FilterListsTest, AStoreOutOfReachIsAnEmptyOneThatForgets) {
-  registry_.unreachable = true;
-  filters_.AddFilter("10.0.1.1");
-  filters_.Sync();
-  EXPECT_EQ(filters_.Count(), 1);
-  filters_.Refresh();
-  EXPECT_EQ(filters_.Count(), 0);
-}
-
 TEST_F(FilterListsTest, CommunityStringsAreTrimmedAndComparedExactly) {
   support_.SaveRegistryValue("Sentrel", "Community Strings", 7, " stored ", false);
   strings_.Add("old");

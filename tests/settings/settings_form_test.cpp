@@ -172,20 +172,19 @@ TEST_F(SettingsFormTest, OnlyEnterIsSwallowedByTheEntryBoxes) {
     EXPECT_FALSE(form.NewDeviceFilter_KeyPress(key));
     EXPECT_FALSE(form.NewCommunity_KeyPress(key));
   }
+  EXPECT_THAT(log.calls, IsEmpty());
 }
 
 TEST_F(SettingsFormTest, RemovalIsOfferedWhileALineIsSelected) {
-  struct Case {
+  const struct {
     SettingsList list;
     SettingsButton button;
     void (SettingsForm::*click)();
     void (SettingsForm::*remove)();
-  };
-  const Case cases[] = {
-      {kDeviceFilterList, kCmdDeleteDeviceFilter, &SettingsForm::DeviceFilterList_Click,
-       &SettingsForm::cmdDeleteDeviceFilter_Click},
-      {kCommunityList, kCmdDeleteCommunity, &SettingsForm::CommunityList_Click,
-       &SettingsForm::cmdDeleteCommunity_Click}};
+  } cases[] = {{kDeviceFilterList, kCmdDeleteDeviceFilter, &SettingsForm::DeviceFilterList_Click,
+                &SettingsForm::cmdDeleteDeviceFilter_Click},
+               {kCommunityList, kCmdDeleteCommunity, &SettingsForm::CommunityList_Click,
+                &SettingsForm::cmdDeleteCommunity_Click}};
   form.Form_Load();
   for (const auto& [list, button, click, remove] : cases) {
     for (const char* line : {"a", "b", "c"}) view.AddLine(list, line);
@@ -216,9 +215,9 @@ TEST_F(SettingsFormTest, TheLogFileIsChosenInTheFileDialog) {
 }
 
 TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunityTurnsThatOff) {
+  settings.CommunityStrings()->Add("a");
   form.Form_Load();
   view.SetChecked(kCheckRaw, true);
-  view.SetChecked(kCheckCommunity, true);
   view.SetChecked(kCheckDeviceFilter, true);
   EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }),
             "You have enabled Device Filtering, but have not added any Device Filters.\r\n\r\n"

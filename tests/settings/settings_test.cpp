@@ -15,11 +15,10 @@ using testing::SizeIs;
 class SettingsTest : public testing::Test {
  protected:
   void Store(const std::string& name, const std::string& text) {
-    RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Settings", name, text, false);
+    support_.SaveRegistryValue("Sentrel", "Settings", name, text, false);
   }
   std::string Stored(const std::string& name) {
-    return RegistrySupport(registry_).ReadRegistryValue("Sentrel", "Settings", name, "(none)",
-                                                        false);
+    return support_.ReadRegistryValue("Sentrel", "Settings", name, "(none)", false);
   }
   void Record(Settings& settings) {
     settings.SetChanged([this](const std::string& name, const std::string& value) {
@@ -28,6 +27,7 @@ class SettingsTest : public testing::Test {
   }
 
   FakeRegistry registry_;
+  const RegistrySupport support_{registry_};
   std::vector<std::string> changes_;
 };
 
@@ -119,8 +119,8 @@ TEST_F(SettingsTest, RefreshReplacesAllButPausedAndTellsOfNothing) {
   Record(settings);
   settings.SetPaused(true);
   Store("Raw", "True");
-  RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Device Filters", 1, "10.0.1.1", false);
-  RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Community Strings", 1, "a", false);
+  support_.SaveRegistryValue("Sentrel", "Device Filters", 1, "10.0.1.1", false);
+  support_.SaveRegistryValue("Sentrel", "Community Strings", 1, "a", false);
   const auto filters = settings.DeviceFilters();
   settings.Refresh();
   EXPECT_TRUE(settings.Raw() && settings.Paused());
@@ -138,22 +138,22 @@ TEST_F(SettingsTest, RetrieveOptionGivesTextEvenForADefaultThatIsNone) {
 }
 
 TEST_F(SettingsTest, ReadsWholeKeyPathsAndTheUsersTreeUpToTheFirstNul) {
-  const RegistrySupport support(registry_);
-  support.SaveRegistryValue("Benchwell", "Help", "Directory", std::string("/docs\0junk", 10), true);
-  EXPECT_EQ(support.ReadRegistryKeyValue(RegistryRoot::HKEY_CURRENT_USER,
-                                         "Software\\VarnholtNet\\Benchwell\\Help", "Directory", ""),
-            "/docs");
-  EXPECT_EQ(support.ReadRegistryValue("Benchwell", "Help", "Directory", true, false), "True");
+  support_.SaveRegistryValue("Benchwell", "Help", "Directory", std::string("/docs\0junk", 10),
+                             true);
+  EXPECT_EQ(
+      support_.ReadRegistryKeyValue(RegistryRoot::HKEY_CURRENT_USER,
+                                    "Software\\VarnholtNet\\Benchwell\\Help", "Directory", ""),
+      "/docs");
+  EXPECT_EQ(support_.ReadRegistryValue("Benchwell", "Help", "Directory", true, false), "True");
 }
 
 TEST_F(SettingsTest, DeleteWorksInTheMachinesTreeOnly) {
-  const RegistrySupport support(registry_);
-  for (const bool user : {true, false}) support.SaveRegistryValue("A", "S", "x", "1", user);
-  support.DeleteRegistryValue("A", "S", "x");
-  support.DeleteRegistryValue("A", "S", "x");
-  support.DeleteRegistryValue("A", "T", "x");
-  EXPECT_EQ(support.ReadRegistryValue("A", "S", "x", "", true), "1");
-  EXPECT_EQ(support.ReadRegistryValue("A", "S", "x", "", false), "");
+  for (const bool user : {true, false}) support_.SaveRegistryValue("A", "S", "x", "1", user);
+  support_.DeleteRegistryValue("A", "S", "x");
+  support_.DeleteRegistryValue("A", "S", "x");
+  support_.DeleteRegistryValue("A", "T", "x");
+  EXPECT_EQ(support_.ReadRegistryValue("A", "S", "x", "", true), "1");
+  EXPECT_EQ(support_.ReadRegistryValue("A", "S", "x", "", false), "");
   EXPECT_TRUE(registry_.AllClosed());
 }
 

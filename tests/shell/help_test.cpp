@@ -72,17 +72,16 @@ TEST_F(HelpTest, EachFailureGivesOneMessage) {
   log.failing = "Create";
   help.ShowHelpContents();
   EXPECT_THAT(log.calls, ElementsAre("Create", "MessageBox"));
-  EXPECT_EQ(messageBox.text, "Varnholt Browser is not installed.\rVisit " +
-                                 std::string(kMakersSite) + " for a copy.");
-  EXPECT_EQ(messageBox.title, "Sentrel");
-  EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+  EXPECT_EQ(messageBox.Shown(), std::tuple("Sentrel",
+                                           "Varnholt Browser is not installed.\rVisit " +
+                                               std::string(kMakersSite) + " for a copy.",
+                                           MessageIcon::Exclamation));
 
   log = {{}, "Browse file:///opt/sentrel\\Help\\" + kContents};
   help.ShowHelpContents();
   EXPECT_THAT(log.calls, ElementsAre("Create", log.failing, "MessageBox"));
-  EXPECT_EQ(messageBox.text, "Web Page not Opened");
-  EXPECT_EQ(messageBox.title, "URL Failed");
-  EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+  EXPECT_EQ(messageBox.Shown(),
+            std::tuple("URL Failed", "Web Page not Opened", MessageIcon::Exclamation));
 }
 
 }  // namespace
