@@ -111,9 +111,9 @@ TEST(CommaDelimitedFile, GuardsFormulasAndLeavesNumbersAlone) {
   const struct {
     const char* cell;
     bool guarded;
-  } cells[] = {{"=1", true},   {"+1", false},     {"-1.5", false}, {"-1-1", true}, {"@x", true},
-               {"\t=1", true}, {"\r\n =1", true}, {"＠x", true},   {"a=1", false}, {"", false},
-               {"-", true},    {"1.2.3", false},  {"-1.2.3", true}};
+  } cells[] = {{"=1", true},   {"+1", false},     {"-1.5", false},  {"-1-1", true},  {"@x", true},
+               {"\t=1", true}, {"\r\n =1", true}, {"＠x", true},    {"a=1", false},  {"a,b", false},
+               {"", false},    {"-", true},       {"1.2.3", false}, {"-1.2.3", true}};
   for (const auto& [cell, guarded] : cells) {
     content.rows = {{cell}};
     const std::string expected = (guarded ? "'" : "") + std::string(cell);

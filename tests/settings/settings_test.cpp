@@ -129,15 +129,11 @@ TEST_F(SettingsTest, RefreshReplacesAllButPausedAndTellsOfNothing) {
   EXPECT_THAT(changes_, IsEmpty());
 }
 
-TEST_F(SettingsTest, RetrieveOptionGivesTextEvenForADefaultThatIsNone) {
+TEST_F(SettingsTest, OptionsAreReadAsTextUpToTheFirstNulFromWholeKeyPathsAndTheUsersTreeToo) {
   Settings settings(registry_);
-  EXPECT_EQ(settings.RetrieveOption("Never Written", 5), "5");
   EXPECT_EQ(settings.RetrieveOption("Never Written", false), "False");
   settings.SaveOption("Other", 12);
   EXPECT_EQ(settings.RetrieveOption("other", ""), "12");
-}
-
-TEST_F(SettingsTest, ReadsWholeKeyPathsAndTheUsersTreeUpToTheFirstNul) {
   support_.SaveRegistryValue("Benchwell", "Help", "Directory", std::string("/docs\0junk", 10),
                              true);
   EXPECT_EQ(
