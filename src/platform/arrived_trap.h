@@ -19,7 +19,7 @@ using BindingReader = void (*)(std::string_view encoded, Trap& trap);
 /// piece of memory besides, because a storm moves it from thread to thread and from row to row.
 class ArrivedTrap {
  public:
-  /// Room for a trap.
+  /// Holds nothing yet.
   ArrivedTrap() = default;
   ArrivedTrap(Trap read) : read_(std::make_shared<Trap>(std::move(read))) {}
 

@@ -119,7 +119,7 @@ TEST_F(RowScrollerTest, TheScrollBarReachesEveryPlace) {
   SetRows({30, 90, 30, 70, 30});
   for (int value = 0; value <= scroller.Maximum(); ++value) {
     scroller.SetValue(value);
-    EXPECT_NEAR(scroller.Value(), value, RowScroller::kUnits / 30 + 1);
+    EXPECT_NEAR(scroller.Value(), value, RowScroller::kUnits / 30.0 + 1);
   }
   EXPECT_EQ(scroller.BottomRow(), 5);
 }

@@ -17,7 +17,7 @@ inline constexpr int kMostLines = 1000;
 struct CellLine {
   QString text;
   /// In pixels.
-  int width;
+  int width = 0;
 };
 
 /// The lines to paint for the text of a cell, each at most `width` pixels wide. Characters that

@@ -68,7 +68,7 @@ void RowScroller::Measure() {
 
 void RowScroller::SetValue(int value) {
   if (lastRow_ == 0) return;
-  if (value >= maximum_) return ScrollToEnd();
+  if (value > 0 && value >= maximum_) return ScrollToEnd();
   top_ = std::clamp(value / kUnits + 1, 1, lastRow_);
   above_ = value % kUnits * heightOf_(top_) / kUnits;
   Clamp();
