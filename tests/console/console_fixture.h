@@ -5,7 +5,6 @@
 #include "console/trap_gate.h"
 #include "console/trap_texts.h"
 #include "fakes/fake_console.h"
-#include "fakes/fake_log_file.h"
 #include "fakes/fake_mib_library.h"
 #include "fakes/fake_registry.h"
 

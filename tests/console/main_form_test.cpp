@@ -1,11 +1,5 @@
-#include "console/main_form.h"
-
-#include <gmock/gmock.h>
-
 #include "console/globals.h"
-#include "fakes/fake_console.h"
-#include "fakes/fake_registry.h"
-#include "fakes/fake_tools.h"
+#include "window_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -13,35 +7,18 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
+constexpr const char* kPath = "/opt/sentrel/Sentrel.Toolbars";
 constexpr const char* kSave = "SaveLayout /opt/sentrel/Sentrel.Toolbars";
+constexpr const char* kLoad = "LoadLayout /opt/sentrel/Sentrel.Toolbars";
+constexpr const char* kHints = "SetHintTime 10000";
 
-struct MainFormTest : testing::Test {
-  MainFormTest() {
-    window.SetEvents(form);
-    tools.SetView(&toolView);
-  }
-
-  CallLog log;
-  FakeMainWindow window{log};
-  FakeSNMP snmp{log};
-  FakeMessageBox messageBox{log};
-  FakeApplication application;
-  Table table;
-  FakeRegistry registry;
-  Settings settings{registry};
-  ToolBars tools;
-  FakeToolBarsView toolView{log};
-  StatusBar statusBar;
-  FakeFileSystem files;
-  Toggles toggles{settings, tools, statusBar};
-  ToolbarLayout layout{application, files, tools};
+struct MainFormTest : WindowTest {
   std::function<void()> offerTip = [this] { log.Note("Tip"); };
-  MainForm form{window, table, snmp, messageBox, toggles, layout};
 };
 
 TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
   Main(application, form, offerTip);
-  EXPECT_THAT(log.calls, ElementsAre("SetHintTime 10000", "StartListening", "Show", "Tip"));
+  EXPECT_THAT(log.calls, ElementsAre(kHints, "StartListening", "Show", "Tip"));
   EXPECT_EQ(application.helpFile, "/opt/sentrel/Help/Varnholt.chm");
   EXPECT_EQ(window.caption, "SNMP Sentrel");
   EXPECT_EQ(window.helpContext, 9100);
@@ -59,7 +36,7 @@ TEST_F(MainFormTest, TheRawToolShowsTheStoredOptionAndANegativeResultIsNoFailure
 TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
   snmp.startResult = 1;
   Main(application, form, offerTip);
-  EXPECT_THAT(log.calls, ElementsAre("SetHintTime 10000", "StartListening", "MessageBox", "Unload",
+  EXPECT_THAT(log.calls, ElementsAre(kHints, "StartListening", "MessageBox", "Unload",
                                      "StopListening", "CloseListener", kSave));
   EXPECT_EQ(messageBox.text,
             "Cannot enable trap reception. Did you install the Microsoft SNMP Trap service and is "
@@ -105,6 +82,32 @@ TEST_F(MainFormTest, TheTableLeavesRoomForTheStatusBar) {
   window.inner.height = 10;
   form.Form_Resize();
   EXPECT_EQ(window.table.height, 580) << "a window that is too small leaves the table as it was";
+}
+
+TEST_F(MainFormTest, OnlyALayoutFromBeforeTheFirstDayIsDeleted) {
+  const std::pair<FakeFileSystem::File, bool> cases[] = {
+      {{{2004, 8, 24, 23, 59, 59}}, false}, {{{2004, 8, 25, 0, 0, 0}}, true},
+      {{{2003, 12, 31, 0, 0, 0}}, false},   {{{2004, 9, 1, 0, 0, 0}}, true},
+      {{{2005, 1, 1, 0, 0, 0}}, true},      {{{2004, 8, 24, 0, 0, 0}, true}, true}};
+  for (const auto& [file, survives] : cases) {
+    files.files = {{kPath, file}};
+    log.calls.clear();
+    layout.LoadToolbarLayout();
+    EXPECT_EQ(files.Exists(kPath), survives) << file.created.year << file.created.day;
+    EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints)) << "loading is asked for all the same";
+  }
+}
+
+TEST_F(MainFormTest, AMissingLayoutAndAStepThatFailsArePassedOver) {
+  layout.LoadToolbarLayout();
+  EXPECT_THAT(log.calls, ElementsAre(kHints));
+  log.calls.clear();
+  files.files = {{kPath, {{2004, 8, 24, 0, 0, 0}}}};
+  files.datesFail = true;
+  log.failing = kLoad;
+  layout.LoadToolbarLayout();
+  EXPECT_TRUE(files.Exists(kPath));
+  EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints));
 }
 
 }  // namespace

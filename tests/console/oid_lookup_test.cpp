@@ -25,17 +25,13 @@ struct OidLookupTest : ConsoleTest {
 };
 
 TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
-  struct Case {
+  const struct {
     const char *oid, *value, *line;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {kUpTime, "12345", "sysUpTime = 12345"},
       {kUpTime, "", "sysUpTime = "},
       {"1.3.6.1.6.3.1.1.4.1.0", kLinkDown, "1.3.6.1.6.3.1.1.4.1 = linkDown"},
       {kUpTime, "1.3.8.0", "sysUpTime = scalar.0"},
-      {kUpTime, "1.3", "sysUpTime = 1.3"},
-      {kUpTime, ".1.3.8.0", "sysUpTime = .1.3.8.0"},
-      {kUpTime, "2.5.4.3", "sysUpTime = 2.5.4.3"},
       {kStatus, "2", "ifOperStatus.7 = down(2)"},
       {kStatus, "9", "ifOperStatus.7 = 9"},
       {kStatus, "1.5", "ifOperStatus.7 = down(2)"},
@@ -51,24 +47,20 @@ TEST_F(OidLookupTest, DecodesNamesAndNamedValues) {
       {kStatus, "1e999", "ifOperStatus.7 = "},
       {"1.3.9", "text", "odd.0 = text"},
   };
-  for (const Case& c : cases) EXPECT_EQ(Details(c.oid, c.value), c.line) << c.value;
+  for (const auto& c : cases) EXPECT_EQ(Details(c.oid, c.value), c.line) << c.value;
 }
 
 TEST_F(OidLookupTest, OnlyWhatLooksLikeAnOidIsLookedUpAsAValue) {
-  EXPECT_EQ(lookup.LookupOIDValue(kLinkDown), "linkDown");
-  EXPECT_EQ(lookup.LookupOIDValue("1.3.8.0"), "scalar.0");
-  const int made = mibs.made;
-  for (const char* text : {"1.3", ".1.3.6", "2.5.4.3", ""}) {
+  for (const char* text : {"1.3", ".1.3.8.0", "2.5.4.3", ""}) {
     EXPECT_EQ(lookup.LookupOIDValue(text), text);
   }
-  EXPECT_EQ(mibs.made, made);
+  EXPECT_EQ(mibs.made, 0);
 }
 
 TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {
-  struct Case {
+  const struct {
     const char *failing, *failingOid, *oid, *value, *line;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"MakeOIDObject", "", kStatus, "2", " = "},
       {"Name", kStatus, kStatus, "2", " = down(2)"},
       {"EnumerationList", "", kStatus, "2", "ifOperStatus.7 = down(2)"},
@@ -76,7 +68,7 @@ TEST_F(OidLookupTest, AFailingStepLeavesItsPartEmpty) {
       {"Name", kLinkDown, kUpTime, kLinkDown, "sysUpTime = "},
       {"SetOID", kLinkDown, kUpTime, kLinkDown, "sysUpTime = 1.3.6.1.6.3.1.1.5.3"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     decoder.Forget();
     mibs.failing = c.failing;
     mibs.failingOid = c.failingOid;

@@ -1,6 +1,6 @@
 #include "console/row_record.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <random>
 
@@ -9,8 +9,6 @@
 
 namespace sentrel {
 namespace {
-
-using testing::ElementsAre;
 
 void Add(Trap& trap, const std::string& oid, int type, const std::string& value) {
   trap.OIDs.push_back(oid);
@@ -21,22 +19,9 @@ void Add(Trap& trap, const std::string& oid, int type, const std::string& value)
 void ExpectSurvives(const Trap& trap) {
   const std::string record = RowRecord(trap);
   const Trap read = ReadRowRecord(record);
-  EXPECT_EQ(read.SourceAddress, trap.SourceAddress) << record;
-  EXPECT_EQ(read.Community, trap.Community) << record;
-  EXPECT_EQ(read.OIDs, trap.OIDs) << record;
-  EXPECT_EQ(read.DataTypes, trap.DataTypes) << record;
-  EXPECT_EQ(read.Values, trap.Values) << record;
-}
-
-TEST(RowRecord, ReadsTheRecordAsItIsWritten) {
-  const Trap trap = ReadRowRecord(
-      "SOURCEIP=192.0.2.7::COMMUNITY=public::1.3.6.1.2.1.1.3.0=67=12345"
-      "::1.3.6.1.4.1.9.1=4=a=b:c");
-  EXPECT_EQ(trap.SourceAddress, "192.0.2.7");
-  EXPECT_EQ(trap.Community, "public");
-  EXPECT_THAT(trap.OIDs, ElementsAre("1.3.6.1.2.1.1.3.0", "1.3.6.1.4.1.9.1"));
-  EXPECT_THAT(trap.DataTypes, ElementsAre(67, 4));
-  EXPECT_THAT(trap.Values, ElementsAre("12345", "a=b:c"));
+  EXPECT_EQ(std::tie(read.SourceAddress, read.Community, read.OIDs, read.DataTypes, read.Values),
+            std::tie(trap.SourceAddress, trap.Community, trap.OIDs, trap.DataTypes, trap.Values))
+      << record;
 }
 
 TEST(RowRecord, EscapesOnlyWhatWouldBreakIt) {
@@ -59,8 +44,16 @@ TEST(RowRecord, EveryTextSurvivesAtEveryPlace) {
   constexpr std::string_view kHard =
       "|=|::|:|:::|a::b|=:|\\|\\:|:\\|\\\\|::1|:a|a:|2001:db8::|a\r\n::|fe80::1%eth0:|\\::\\|ü:|"
       "=4=x|::1.3=4=x|COMMUNITY=x::";
-  for (const std::string_view hard : Split(kHard, "|")) {
-    const std::string text(hard);
+  std::vector<std::string> texts{std::string(60 * 1024, ':')};
+  for (const std::string_view hard : Split(kHard, "|")) texts.emplace_back(hard);
+  std::mt19937 random(20261205);
+  const std::string letters = "::==\\\\\r\n1a\t";
+  for (int i = 0; i < 20'000; ++i) {
+    std::string& text = texts.emplace_back();
+    for (unsigned length = random() % 9; length > 0; --length)
+      text += letters[random() % letters.size()];
+  }
+  for (const std::string& text : texts) {
     Trap trap{text, text, {}, {}, {}};
     ExpectSurvives(trap);
     Add(trap, "1.3.6.1", 4, text);
@@ -68,24 +61,6 @@ TEST(RowRecord, EveryTextSurvivesAtEveryPlace) {
     Add(trap, "1.3.6.3", 2147483647, text);
     ExpectSurvives(trap);
   }
-}
-
-TEST(RowRecord, ArbitraryTextsSurvive) {
-  std::mt19937 random(20261205);
-  const std::string letters = "::==\\\\\r\n1a\t";
-  const auto text = [&](size_t length) {
-    std::string value;
-    while (value.size() < length) value += letters[random() % letters.size()];
-    return value;
-  };
-  for (int round = 0; round < 20'000; ++round) {
-    Trap trap{text(random() % 6), text(random() % 6), {}, {}, {}};
-    for (unsigned i = random() % 4; i > 0; --i) Add(trap, "1.3", 4, text(random() % 9));
-    ExpectSurvives(trap);
-  }
-  Trap large{"::1", "public", {}, {}, {}};
-  for (int i = 0; i < 2; ++i) Add(large, "1.3.6.1", 4, text(60 * 1024));
-  ExpectSurvives(large);
 }
 
 TEST(RowRecord, WhatIsNoRecordIsRefused) {

@@ -2,7 +2,6 @@
 
 #include "console_fixture.h"
 #include "fakes/fake_file_dialog.h"
-#include "fakes/fake_trap_writer.h"
 
 namespace sentrel {
 namespace {
@@ -11,11 +10,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct SavedTrapTest : ConsoleTest {
-  const SavedTrap& Saved() {
-    command.SaveSelectedTrap();
-    return writer.files.at("a name");
-  }
-
   FakeSNMP snmp{calls};
   FakeFileDialog dialog;
   FakeTrapWriter writer;
@@ -29,7 +23,8 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   table.SetRow(2);
   table.SetRowSel(3);
   dialog.choice = "a name";
-  const SavedTrap& saved = Saved();
+  command.SaveSelectedTrap();
+  const SavedTrap& saved = writer.files.at("a name");
   EXPECT_EQ(saved.StationText1, "noc");
   EXPECT_EQ(saved.StationText2, "Linux");
   EXPECT_EQ(saved.SourceIP, "192.0.2.7");
@@ -41,24 +36,7 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   EXPECT_EQ(request.title, "Save SNMP Trap ...");
   EXPECT_EQ(request.filter, "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "");
-  EXPECT_TRUE(request.promptBeforeOverwrite);
-  EXPECT_TRUE(request.refuseReadOnly);
-}
-
-TEST_F(SavedTrapTest, RawAndDecodedRowsSaveTheSameAndOneWithoutBindingsSavesToo) {
-  dialog.choice = "a name";
-  mibs.entries["1.3.6.1.4.1.9.1"] = {"ifOperStatus", {{2, "down(2)"}}};
-  for (const bool raw : {true, false}) {
-    settings.SetRaw(raw);
-    builder.AddTrap(TrapOf({{"1.3.6.1.4.1.9.1", "2"}, {"1.3.6.1.4.1.9.2", ""}}));
-    table.SetRow(1);
-    EXPECT_THAT(Saved().Values, ElementsAre("2", ""));
-    EXPECT_THAT(Saved().OIDs, ElementsAre("1.3.6.1.4.1.9.1", "1.3.6.1.4.1.9.2"));
-  }
-  builder.AddTrap(TrapOf({}));
-  table.SetRow(1);
-  EXPECT_EQ(Saved().SourceIP, "192.0.2.7");
-  EXPECT_THAT(Saved().OIDs, IsEmpty());
+  EXPECT_TRUE(request.promptBeforeOverwrite && request.refuseReadOnly);
 }
 
 TEST_F(SavedTrapTest, WithoutASelectedTrapThereIsNoDialog) {

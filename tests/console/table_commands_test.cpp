@@ -1,11 +1,7 @@
-#include "console/table_commands.h"
-
-#include <gmock/gmock.h>
-
 #include <algorithm>
 
 #include "common/failure.h"
-#include "fakes/fake_tools.h"
+#include "window_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -14,10 +10,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// Rows 1 to 5 hold A to E; the details of a trap have two lines.
-struct TableCommandsTest : testing::Test {
+struct TableCommandsTest : WindowTest {
   TableCommandsTest() {
-    tools.SetView(&view);
-    table.SetEvents(&commands);
+    table.SetEvents(&tableCommands);
     Fill("ABCDE");
   }
   void Fill(const std::string& letters) {
@@ -39,22 +34,13 @@ struct TableCommandsTest : testing::Test {
     for (int row = 1; row < table.Rows(); ++row) letters += table.Cell(row, 0);
     return letters;
   }
-
-  CallLog log;
-  Table table;
-  FakeClipboard clipboard;
-  ToolBars tools;
-  FakeToolBarsView view{log};
-  TableCommands commands{table, clipboard, tools};
 };
 
 TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
-  struct Case {
+  const struct {
     int row, rowSel;
-    const char* copied;
-    const char* left;
-  };
-  const Case cases[] = {
+    const char *copied, *left;
+  } cases[] = {
       {0, 0, "Title\tDetails", "ABCDE"},
       {1, 1, "A\ta\r\nb", "BCDE"},
       {2, 4, "B\ta\r\nb\r\nC\ta\r\nb\r\nD\ta\r\nb", "AE"},
@@ -62,48 +48,45 @@ TEST_F(TableCommandsTest, WorkOnTheSelectionWhereverItBegan) {
       {5, 5, "E\ta\r\nb", "ABCD"},
       {1, 0, "Title\tDetails\r\nA\ta\r\nb", "BCDE"},
   };
-  for (const Case& c : cases) {
-    Fill("ABCDE");
-    Select(c.row, c.rowSel);
-    commands.CopyTraps();
-    EXPECT_EQ(clipboard.text, c.copied);
-    EXPECT_EQ(Left(), "ABCDE");
-    commands.DeleteTraps();
-    EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
-
-    Fill("ABCDE");
-    Select(c.row, c.rowSel);
-    commands.CutTraps();
-    EXPECT_EQ(clipboard.text, c.copied);
-    EXPECT_EQ(Left(), c.left) << c.row << " to " << c.rowSel;
+  for (const auto& c : cases) {
+    for (const bool cut : {false, true}) {
+      SCOPED_TRACE(testing::Message() << c.row << " to " << c.rowSel);
+      Fill("ABCDE");
+      Select(c.row, c.rowSel);
+      cut ? tableCommands.CutTraps() : tableCommands.CopyTraps();
+      EXPECT_EQ(clipboard.text, c.copied);
+      EXPECT_EQ(Left(), cut ? c.left : "ABCDE");
+      if (!cut) tableCommands.DeleteTraps();
+      EXPECT_EQ(Left(), c.left);
+    }
   }
 }
 
 TEST_F(TableCommandsTest, DeletingTwiceDoesNotTakeAsManyRowsAgain) {
   Select(2, 4);
-  commands.DeleteTraps();
-  commands.DeleteTraps();
+  tableCommands.DeleteTraps();
+  tableCommands.DeleteTraps();
   EXPECT_EQ(Left(), "A");
 }
 
 TEST_F(TableCommandsTest, SelectAllBeginsWithTheHeader) {
   Select(3, 4);
-  commands.SelectAllTraps();
+  tableCommands.SelectAllTraps();
   EXPECT_EQ(table.Row(), 0);
   EXPECT_EQ(table.RowSel(), 5);
   EXPECT_EQ(table.ColSel(), 1);
-  commands.CutTraps();
+  tableCommands.CutTraps();
   EXPECT_EQ(table.Rows(), 1);
   EXPECT_THAT(clipboard.text, testing::StartsWith("Title\tDetails\r\nA\ta\r\nb\r\nB\t"));
-  commands.SelectAllTraps();
-  commands.CutTraps();
+  tableCommands.SelectAllTraps();
+  tableCommands.CutTraps();
   EXPECT_EQ(clipboard.text, "Title\tDetails") << "without traps the titles alone";
 }
 
 TEST_F(TableCommandsTest, AFullTableIsCopiedWhole) {
   Fill(std::string(999, 'X'));
-  commands.SelectAllTraps();
-  commands.CopyTraps();
+  tableCommands.SelectAllTraps();
+  tableCommands.CopyTraps();
   EXPECT_EQ(std::count(clipboard.text.begin(), clipboard.text.end(), '\t'), 1000);
   EXPECT_EQ(clipboard.text.size(), std::string("Title\tDetails").size() + 999 * 8);
   EXPECT_EQ(std::count(clipboard.html.begin(), clipboard.html.end(), '\n'), 1000);
@@ -113,7 +96,7 @@ TEST_F(TableCommandsTest, HtmlKeepsCellsTogetherAndObeysNoValue) {
   table.SetCell(1, 0, "<b>&amp;");
   table.SetCell(1, 1, "=1\r\n2\n3\r4");
   Select(1, 1);
-  commands.CopyTraps();
+  tableCommands.CopyTraps();
   EXPECT_THAT(clipboard.html, HasSubstr("'\\@'\">&lt;b&gt;&amp;amp;</td>"));
   EXPECT_THAT(clipboard.html, HasSubstr("'\\@'\">=1<br style"));
   EXPECT_EQ(std::count(clipboard.html.begin(), clipboard.html.end(), '\n'), 1);
@@ -122,7 +105,7 @@ TEST_F(TableCommandsTest, HtmlKeepsCellsTogetherAndObeysNoValue) {
 TEST_F(TableCommandsTest, WhatCannotBeCopiedIsNotCut) {
   clipboard.reachable = false;
   Select(1, 5);
-  EXPECT_THROW(commands.CutTraps(), Failure);
+  EXPECT_THROW(tableCommands.CutTraps(), Failure);
   EXPECT_EQ(Left(), "ABCDE");
 }
 
@@ -135,16 +118,14 @@ TEST_F(TableCommandsTest, OnlyTheRightButtonOpensTheMenu) {
 }
 
 TEST(FixLineEnds, CompletesLoneCarriageReturns) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"", ""},
-      {"a\rb", "a\r\nb"},
-      {"a\r\nb", "a\r\nb"},
-      {"a\nb", "a\nb"},
-      {"\r\ra", "\r\n\r\na"},
-      {"a\r", "a\r"},
-      {"\r\n\r", "\r\n\r"},
-      {"a\r\r\nb", "a\r\n\r\nb"},
-  };
+  const std::pair<const char*, const char*> cases[] = {{"", ""},
+                                                       {"a\rb", "a\r\nb"},
+                                                       {"a\r\nb", "a\r\nb"},
+                                                       {"a\nb", "a\nb"},
+                                                       {"\r\ra", "\r\n\r\na"},
+                                                       {"a\r", "a\r"},
+                                                       {"\r\n\r", "\r\n\r"},
+                                                       {"a\r\r\nb", "a\r\n\r\nb"}};
   for (const auto& [text, fixed] : cases) EXPECT_EQ(FixLineEnds(text), fixed);
 }
 

@@ -16,15 +16,22 @@ class MockObserver : public TableObserver {
   MOCK_METHOD(void, TableChanged, (), (override));
 };
 
-Table FiveRows() {
-  Table table;
-  table.SetCols(2);
-  for (int i = 0; i < 4; ++i) table.AddItem(std::to_string(i) + "\tx", table.Rows());
-  return table;
-}
+/// A header and the rows "0" to "3".
+struct TableTest : testing::Test {
+  TableTest() {
+    table.SetCols(2);
+    for (const char* row : {"0\tx", "1\tx", "2\tx", "3\tx"}) table.AddItem(row, table.Rows());
+  }
+  void Select(int row, int rowSel) {
+    table.SetRow(row);
+    table.SetRowSel(rowSel);
+  }
+  std::pair<int, int> Selected() const { return {table.Row(), table.RowSel()}; }
 
-TEST(Table, KeepsItsHeaderWhateverIsDropped) {
-  Table table = FiveRows();
+  Table table;
+};
+
+TEST_F(TableTest, KeepsItsHeaderWhateverIsDropped) {
   table.SetCell(0, 0, "Title");
   table.SetRows(1);
   EXPECT_EQ(table.Rows(), 1);
@@ -33,8 +40,7 @@ TEST(Table, KeepsItsHeaderWhateverIsDropped) {
   EXPECT_THROW(table.RemoveItem(0), Failure);
 }
 
-TEST(Table, InsertsUnderTheHeaderAndTakesRowDataAlong) {
-  Table table = FiveRows();
+TEST_F(TableTest, InsertsUnderTheHeaderAndTakesRowDataAlong) {
   table.SetRowData(1, "first");
   table.AddItem("", 1);
   EXPECT_EQ(table.Cell(1, 0), "");
@@ -44,8 +50,7 @@ TEST(Table, InsertsUnderTheHeaderAndTakesRowDataAlong) {
   EXPECT_EQ(table.RowData(2), "first");
 }
 
-TEST(Table, RefusesPlacesThatDoNotExist) {
-  Table table = FiveRows();
+TEST_F(TableTest, RefusesPlacesThatDoNotExist) {
   for (const int row : {-1, 5}) {
     EXPECT_THROW(table.SetRow(row), Failure);
     EXPECT_THROW(table.SetRowSel(row), Failure);
@@ -63,12 +68,9 @@ TEST(Table, RefusesPlacesThatDoNotExist) {
   EXPECT_THROW(table.AddItem("", 6), Failure);
 }
 
-TEST(Table, TheCursorTakesTheCornerAlongAndNotTheOtherWayRound) {
-  Table table = FiveRows();
-  table.SetRow(1);
-  table.SetRowSel(3);
-  EXPECT_EQ(table.Row(), 1);
-  EXPECT_EQ(table.RowSel(), 3);
+TEST_F(TableTest, TheCursorTakesTheCornerAlongAndNotTheOtherWayRound) {
+  Select(1, 3);
+  EXPECT_EQ(Selected(), std::pair(1, 3));
   table.SetRow(4);
   EXPECT_EQ(table.RowSel(), 4);
   table.SetColSel(1);
@@ -76,8 +78,7 @@ TEST(Table, TheCursorTakesTheCornerAlongAndNotTheOtherWayRound) {
   EXPECT_EQ(table.ColSel(), 0);
 }
 
-TEST(Table, WholeRowsAlwaysSpanAllColumns) {
-  Table table = FiveRows();
+TEST_F(TableTest, WholeRowsAlwaysSpanAllColumns) {
   table.SetWholeRows(true);
   table.SetRow(2);
   table.SetCol(1);
@@ -85,37 +86,31 @@ TEST(Table, WholeRowsAlwaysSpanAllColumns) {
   EXPECT_EQ(table.ColSel(), 1);
 }
 
-TEST(Table, TheSelectionStaysInsideWhenRowsGo) {
-  Table table = FiveRows();
-  table.SetRow(4);
-  table.RemoveItem(4);
-  EXPECT_EQ(table.Row(), 3);
-  EXPECT_EQ(table.RowSel(), 3);
+TEST_F(TableTest, TheSelectionStaysOnItsRowsOrAtLeastInsideWhenRowsGo) {
+  const struct {
+    std::pair<int, int> before;
+    int removed;
+    std::pair<int, int> after;
+  } cases[] = {{{3, 3}, 1, {2, 2}},
+               {{2, 2}, 3, {2, 2}},
+               {{2, 4}, 3, {2, 3}},
+               {{4, 2}, 2, {3, 2}},
+               {{4, 4}, 4, {3, 3}}};
+  for (const auto& [before, removed, after] : cases) {
+    Select(before.first, before.second);
+    table.RemoveItem(removed);
+    EXPECT_EQ(Selected(), after) << "row " << removed << " of " << before.first;
+    table.AddItem("", table.Rows());
+  }
   table.SetRows(1);
   EXPECT_EQ(table.Row(), 0);
 }
 
-TEST(Table, TheSelectionStaysOnItsRowsWhenRowsAboveOrWithinGo) {
-  struct Case {
-    int row, rowSel, removed, rowAfter, rowSelAfter;
-  };
-  for (const Case& c : {Case{3, 3, 1, 2, 2}, {2, 2, 3, 2, 2}, {2, 4, 3, 2, 3}, {4, 2, 2, 3, 2}}) {
-    Table table = FiveRows();
-    table.SetRow(c.row);
-    table.SetRowSel(c.rowSel);
-    table.RemoveItem(c.removed);
-    EXPECT_EQ(table.Row(), c.rowAfter) << "row " << c.removed << " of " << c.row;
-    EXPECT_EQ(table.RowSel(), c.rowSelAfter) << "row " << c.removed << " of " << c.row;
-  }
-}
-
-TEST(Table, ClipsTheRectangleFromEitherEnd) {
-  Table table = FiveRows();
+TEST_F(TableTest, ClipsTheRectangleFromEitherEnd) {
   EXPECT_EQ(table.Clip(), "");
   for (const auto& [row, rowSel] : {std::pair{1, 3}, {3, 1}}) {
-    table.SetRow(row);
     table.SetCol(0);
-    table.SetRowSel(rowSel);
+    Select(row, rowSel);
     EXPECT_EQ(table.Clip(), "0\r1\r2");
     table.SetColSel(1);
     EXPECT_EQ(table.Clip(), "0\tx\r1\tx\r2\tx");
@@ -124,8 +119,7 @@ TEST(Table, ClipsTheRectangleFromEitherEnd) {
   }
 }
 
-TEST(Table, ARowVersionIsNeverUsedTwice) {
-  Table table = FiveRows();
+TEST_F(TableTest, ARowVersionIsNeverUsedTwice) {
   const auto before = table.RowVersion(1);
   table.SetCell(1, 0, "new");
   EXPECT_NE(table.RowVersion(1), before);
@@ -136,8 +130,7 @@ TEST(Table, ARowVersionIsNeverUsedTwice) {
   }
 }
 
-TEST(Table, TellsOfRowsAtOnceAndOfPaintingOnlyWhileItIsOn) {
-  Table table = FiveRows();
+TEST_F(TableTest, TellsOfRowsAtOnceAndOfPaintingOnlyWhileItIsOn) {
   MockObserver observer;
   table.SetObserver(&observer);
   {
@@ -155,9 +148,8 @@ TEST(Table, TellsOfRowsAtOnceAndOfPaintingOnlyWhileItIsOn) {
   table.SetRedraw(1);
 }
 
-TEST(Table, ARowIsMadeOnceAndOnlyWhenItIsLookedAt) {
-  Table table;
-  table.SetCols(2);
+TEST_F(TableTest, ARowIsMadeOnceAndOnlyWhenItIsLookedAt) {
+  table.SetRows(1);
   int made = 0;
   const RowMaker make = [&made] {
     ++made;

@@ -24,23 +24,15 @@ struct ToolBarsTest : testing::Test, ToolBarsEvents {
 };
 
 TEST_F(ToolBarsTest, AChosenCheckToolHasItsNewStateBeforeTheEvent) {
-  tools.Choose(tools.Tools("Edit:Raw"));
-  tools.Choose(tools.Tools("Edit:Raw"));
-  tools.Choose(tools.Tools("Edit:Copy"));
-  EXPECT_THAT(events, ElementsAre("Edit:Raw 1", "Edit:Raw 0", "Edit:Copy 0"));
+  for (const char* id : {"Edit:Raw", "Edit:Raw", "Edit:Copy", "Menu:File"})
+    tools.Choose(tools.Tools(id));
+  EXPECT_THAT(events, ElementsAre("Edit:Raw 1", "Edit:Raw 0", "Edit:Copy 0"))
+      << "opening a submenu is no choice";
 }
 
 TEST_F(ToolBarsTest, OnlyAWriteThatDiffersRaisesTheEvent) {
-  Tool& pause = tools.Tools("Edit:Pause");
-  pause.SetState(0);
-  pause.SetState(1);
-  pause.SetState(1);
+  for (const int state : {0, 1, 1}) tools.Tools("Edit:Pause").SetState(state);
   EXPECT_THAT(events, ElementsAre("Edit:Pause 1"));
-}
-
-TEST_F(ToolBarsTest, OpeningASubmenuIsNoChoice) {
-  tools.Choose(tools.Tools("Menu:File"));
-  EXPECT_THAT(events, ElementsAre());
 }
 
 TEST_F(ToolBarsTest, ToolsAreFoundWhateverTheCase) {
@@ -48,38 +40,25 @@ TEST_F(ToolBarsTest, ToolsAreFoundWhateverTheCase) {
   EXPECT_THROW(tools.Tools("Edit:Paste"), Failure);
 }
 
-std::set<std::string> Placed() {
-  std::set<std::string> placed;
+TEST(ToolTable, EveryPlaceNamesAToolAndEveryToolHasAPlaceButTheFilterTools) {
+  std::set<std::string_view> placed;
   for (const auto* lists : {&AllMenus(), &AllBands()}) {
     for (const ToolList& list : *lists) {
-      for (const ToolPlace& place : list.places) placed.emplace(place.tool);
+      for (const ToolPlace& place : list.places) placed.insert(place.tool);
     }
   }
-  return placed;
+  std::set<std::string_view> known{"", "Edit:ApplyFilter", "Edit:RemoveFilter"};
+  placed.insert(known.begin(), known.end());
+  for (const ToolDesign& tool : AllTools()) known.insert(tool.id);
+  EXPECT_EQ(placed, known);
+  EXPECT_EQ(AllTools().size(), known.size() - 1) << "a tool stands twice";
 }
 
-TEST(ToolTable, EveryPlaceNamesAToolAndOnlyTheFilterToolsHaveNone) {
-  const std::set<std::string> placed = Placed();
-  std::set<std::string> unplaced;
-  std::set<std::string> known{""};
-  for (const ToolDesign& tool : AllTools()) {
-    EXPECT_TRUE(known.emplace(tool.id).second) << tool.id << " stands twice";
-    if (!placed.contains(std::string(tool.id))) unplaced.emplace(tool.id);
-  }
-  EXPECT_THAT(unplaced, ElementsAre("Edit:ApplyFilter", "Edit:RemoveFilter"));
-  for (const std::string& id : placed) EXPECT_TRUE(known.contains(id)) << id;
-}
-
-TEST(ToolTable, EverySubmenuHasAMenu) {
+TEST(ToolTable, EverySubmenuHasAMenuAndEveryCaptionOneAccessLetter) {
   std::set<std::string_view> menus;
   for (const ToolList& menu : AllMenus()) menus.insert(menu.name);
   for (const ToolDesign& tool : AllTools()) {
     EXPECT_EQ(menus.contains(tool.id), tool.kind == ToolKind::Submenu) << tool.id;
-  }
-}
-
-TEST(ToolTable, EveryCaptionHasOneAccessLetter) {
-  for (const ToolDesign& tool : AllTools()) {
     EXPECT_EQ(Split(tool.caption, "&").size(), 2) << tool.caption;
     EXPECT_NE(tool.caption.back(), '&');
   }

@@ -3,11 +3,9 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
-#include <functional>
 
 #include "common/failure.h"
 #include "shell.h"
@@ -15,42 +13,12 @@
 namespace sentrel {
 namespace {
 
-using testing::HasSubstr;
+using testing::EndsWith;
+using testing::ThrowsMessage;
 
-std::string FailureOf(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const Failure& failure) {
-    return failure.what();
-  }
-  return "no failure";
+unsigned Mode(const std::string& path) {
+  return static_cast<unsigned>(std::filesystem::status(path).permissions());
 }
-
-mode_t Mode(const std::string& path) {
-  struct stat status {};
-  stat(path.c_str(), &status);
-  return status.st_mode & 07777;
-}
-
-/// The disk is full, as far as this process can see, while this object lives.
-class FullDisk {
- public:
-  FullDisk() {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    rlimit small = before_;
-    small.rlim_cur = 1000;
-    setrlimit(RLIMIT_FSIZE, &small);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  rlimit before_{};
-  void (*handler_)(int) = nullptr;
-};
 
 class AtomicFile : public testing::Test {
  protected:
@@ -80,11 +48,14 @@ TEST_F(AtomicFile, WritesThroughALink) {
 
 TEST_F(AtomicFile, AFullDiskLeavesTheOldFileAndNothingElse) {
   WriteFile(path_, "old");
-  {
-    const FullDisk full;
-    EXPECT_EQ(FailureOf([&] { WriteFile(path_, std::string(100000, 'x')); }),
-              "Cannot write the file " + path_ + ": File too large.");
-  }
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{1000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_THAT([&] { WriteFile(path_, std::string(100000, 'x')); },
+              ThrowsMessage<Failure>("Cannot write the file " + path_ + ": File too large."));
+  setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(ReadFile(path_), "old");
   EXPECT_EQ(folder_.Files(), 1);
 }
@@ -92,12 +63,16 @@ TEST_F(AtomicFile, AFullDiskLeavesTheOldFileAndNothingElse) {
 TEST_F(AtomicFile, RefusesWhatIsNoPlaceForAFile) {
   WriteFile(path_, "old");
   chmod(path_.c_str(), 0444);
-  EXPECT_THAT(FailureOf([&] { WriteFile(path_, "new"); }), HasSubstr("it is write-protected."));
+  const std::pair<std::string, const char*> cases[] = {
+      {path_, "it is write-protected."},
+      {folder_ / "gone/x.csv", "No such file or directory."},
+      {folder_ / "", "it is a folder."},
+      {"/dev/full", "it is not a file."}};
+  for (const auto& refused : cases) {
+    EXPECT_THAT([&] { WriteFile(refused.first, "new"); },
+                ThrowsMessage<Failure>(EndsWith(refused.second)));
+  }
   EXPECT_EQ(ReadFile(path_), "old");
-  EXPECT_THAT(FailureOf([&] { WriteFile(folder_ / "gone/x.csv", "x"); }),
-              HasSubstr("No such file or directory."));
-  EXPECT_THAT(FailureOf([&] { WriteFile(folder_ / "", "x"); }), HasSubstr("it is a folder."));
-  EXPECT_THAT(FailureOf([&] { WriteFile("/dev/full", "x"); }), HasSubstr("it is not a file."));
   EXPECT_EQ(folder_.Files(), 1);
 }
 

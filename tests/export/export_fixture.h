@@ -20,6 +20,7 @@ class ExportFixture : public testing::Test {
   FakeMessageBox messageBox_{log_};
   FakePrinters printers_;
   Table table_;
+  ExportEngine engine_{Services()};
 };
 
 }  // namespace sentrel

@@ -9,9 +9,13 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// All three kinds of menu in one: each notes what is done to it, with the id that it bears.
-class NotedMenu : public ToolMenu, public CommandList, public CommandPopup, public PlainMenu {
+class NotedMenu : public ToolMenu,
+                  public CommandList,
+                  public CommandPopup,
+                  public PlainMenu,
+                  protected Noting {
  public:
-  explicit NotedMenu(CallLog& log) : log_(log) {}
+  using Noting::Noting;
 
   MenuTool& AddTool(const std::string& id) override { return NewEntry("AddTool", id); }
   CommandButton& AddToolButton(const std::string& id, const std::string& caption) override {
@@ -51,7 +55,6 @@ class NotedMenu : public ToolMenu, public CommandList, public CommandPopup, publ
     return entries_.emplace_back(log_, id.substr(0, id.find('|')));
   }
 
-  CallLog& log_;
   std::list<Entry> entries_;
   Entry item_{log_, ""};
 };
@@ -60,7 +63,6 @@ class ExportMenusTest : public ExportFixture {
  protected:
   CallLog menuLog_;
   NotedMenu menu_{menuLog_};
-  ExportEngine engine_{Services()};
 };
 
 TEST_F(ExportMenusTest, HandsOnTheAnswersOfTheEngineAndPushesNothing) {
@@ -70,7 +72,9 @@ TEST_F(ExportMenusTest, HandsOnTheAnswersOfTheEngineAndPushesNothing) {
   EXPECT_THAT(log_.calls, ElementsAre("Create", "ExportMethods(2)", "Create", "Create"));
 }
 
-TEST_F(ExportMenusTest, WithoutAnEngineAllEndsQuietly) {
+TEST_F(ExportMenusTest, WithoutAnEngineOrAParentAllEndsQuietly) {
+  engine_.LoadExportsMenu(static_cast<CommandPopup*>(&menu_));
+  engine_.LoadSendToMenu(static_cast<CommandPopup*>(nullptr), &menu_);
   log_.failing = "Create";
   EXPECT_THAT(engine_.ExportMethods(), IsEmpty());
   EXPECT_EQ(engine_.MethodName("PDF"), "");
@@ -86,13 +90,11 @@ TEST_F(ExportMenusTest, FillsTheSubMenuOfATool) {
   EXPECT_THAT(log_.calls, ElementsAre("Create", "ExportMethods(3)"));
   EXPECT_THAT(menuLog_.calls, ElementsAre("AddTool Export:HTML", "Export:HTML.Name=Web page",
                                           "AddTool Export:PDF", "Export:PDF.Name=PDF file"));
-}
-
-TEST_F(ExportMenusTest, AFailingStepStopsNothing) {
-  menuLog_.failing = "AddTool Export:HTML";
+  menuLog_ = {{}, "AddTool Export:HTML"};
   engine_.LoadExportsMenu(static_cast<ToolMenu*>(&menu_));
   EXPECT_THAT(menuLog_.calls,
-              ElementsAre("AddTool Export:HTML", "AddTool Export:PDF", "Export:PDF.Name=PDF file"));
+              ElementsAre("AddTool Export:HTML", "AddTool Export:PDF", "Export:PDF.Name=PDF file"))
+      << "a step that fails stops nothing";
 }
 
 TEST_F(ExportMenusTest, FillsAPopUpAndFallsBackToThePictureOfTheKey) {
@@ -102,12 +104,6 @@ TEST_F(ExportMenusTest, FillsAPopUpAndFallsBackToThePictureOfTheKey) {
   EXPECT_THAT(menuLog_.calls,
               ElementsAre("AddToolButton X:PDF|PDF file", "X:PDF.Tag=PDF", "AddControl X:PDF",
                           "FindImage X:PDF", "FindImage PDF", "Image(0)=7"));
-}
-
-TEST_F(ExportMenusTest, APopUpWithoutAParentStaysEmpty) {
-  engine_.LoadExportsMenu(static_cast<CommandPopup*>(&menu_));
-  engine_.LoadSendToMenu(static_cast<CommandPopup*>(nullptr), &menu_);
-  EXPECT_THAT(menuLog_.calls, IsEmpty());
 }
 
 TEST_F(ExportMenusTest, ASendToPopUpNamesEntriesByCaptionAndOpensGroups) {
@@ -143,12 +139,12 @@ TEST_F(ExportMenusTest, APlainMenuGetsItsEntriesBehindTheHiddenTemplate) {
 }
 
 TEST_F(ExportMenusTest, PicksTheFormatForATarget) {
-  EXPECT_EQ(engine_.BestExportMethod(0, "x.mapimail"), "MHTML");
-  EXPECT_EQ(engine_.BestExportMethod(3, "x.MapiMail y"), "MHTML");
-  EXPECT_EQ(engine_.BestExportMethod(2, "MailContent"), "HTML");
+  for (const int drawn : {0, 2, 3}) {
+    EXPECT_EQ(engine_.BestExportMethod(drawn, "x.MapiMail y"), "MHTML");
+    EXPECT_EQ(engine_.BestExportMethod(drawn, "MailContent"), "HTML");
+  }
   EXPECT_EQ(engine_.BestExportMethod(1, "x.mapimail"), "TXT");
-  EXPECT_EQ(engine_.BestExportMethod(4, ""), "");
-  EXPECT_EQ(engine_.BestExportMethod(-1, ""), "");
+  for (const int unknown : {-1, 4}) EXPECT_EQ(engine_.BestExportMethod(unknown, ""), "");
 }
 
 }  // namespace

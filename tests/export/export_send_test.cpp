@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "export_fixture.h"
 
 namespace sentrel {
@@ -8,44 +6,23 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-/// Keeps what the first engine of an operation was given, which is the one that exports.
-class ExportSendTest : public ExportFixture {
- protected:
-  std::string Exported(const std::string& property) { return firstPush_[property]; }
-  bool Send(const std::function<bool(ExportEngine&)>& send) {
-    log_.calls.clear();
-    // An answer of "not done" stops the flow after the export, with its push still in the script.
-    script_.done = false;
-    send(engine_);
-    firstPush_ = script_.properties;
-    log_.calls.clear();
-    script_.done = true;
-    return send(engine_);
-  }
-
-  std::map<std::string, std::string> firstPush_;
-  ExportEngine engine_{Services()};
-};
+using ExportSendTest = ExportFixture;
 
 TEST_F(ExportSendTest, ObjectsGoInTheFormatThatSuitsTheTarget) {
   const struct {
-    const char* target;
-    const char* method;
-    const char* fileFormat;
-    const char* selectMethod;
+    std::string target, method, fileFormat, selectMethod;
   } targets[] = {{"/usr/bin/viewer", "HTML", "HTML", "true"},
                  {"x.MapiMail", "MHTML", "MHTML", "true"},
                  {"mailcontent", "HTML", "MHTML", "false"}};
-  for (const auto& target : targets) {
-    EXPECT_TRUE(Send([&](ExportEngine& e) { return e.ExportAndSendTable(table_, target.target); }));
-    EXPECT_EQ(Exported("FileFormat"), target.fileFormat);
-    EXPECT_EQ(Exported("SelectMethod"), target.selectMethod);
-    EXPECT_EQ(Exported("SkipFilenameSelection"), "true");
-    EXPECT_EQ(Exported("Quiet"), "true");
-    EXPECT_EQ(Exported("TargetFilename"), "/opt/sentrel/Export");
-    EXPECT_THAT(log_.calls,
-                Contains(std::string("ExportTable(") + target.method + ", /opt/sentrel)"));
-    EXPECT_THAT(log_.calls, Contains(std::string("SendTo(/tmp/produced, ") + target.target + ")"));
+  for (const auto& [target, method, fileFormat, selectMethod] : targets) {
+    EXPECT_TRUE(engine_.ExportAndSendTable(table_, target));
+    EXPECT_EQ(script_.exported["FileFormat"], fileFormat);
+    EXPECT_EQ(script_.exported["SelectMethod"], selectMethod);
+    EXPECT_EQ(script_.exported["SkipFilenameSelection"], "true");
+    EXPECT_EQ(script_.exported["Quiet"], "true");
+    EXPECT_EQ(script_.exported["TargetFilename"], "/opt/sentrel/Export");
+    EXPECT_THAT(log_.calls, Contains("ExportTable(" + method + ", /opt/sentrel)"));
+    EXPECT_EQ(log_.calls.back(), "SendTo(/tmp/produced, " + target + ")");
     EXPECT_EQ(script_.properties["Quiet"], "false");
     EXPECT_EQ(engine_.TargetFilename(), "");
   }
@@ -53,45 +30,36 @@ TEST_F(ExportSendTest, ObjectsGoInTheFormatThatSuitsTheTarget) {
 
 TEST_F(ExportSendTest, EveryObjectHasItsFlow) {
   const struct {
-    std::function<bool(ExportEngine&)> send;
+    bool sent;
     const char* call;
   } kinds[] = {
-      {[](ExportEngine& e) { return e.ExportAndSendChart({}, "t"); },
-       "ExportChart(HTML, /opt/sentrel)"},
-      {[](ExportEngine& e) { return e.ExportAndSendMap({}, "t"); }, "ExportMap(HTML)"},
-      {[](ExportEngine& e) { return e.ExportAndSendPicture({}, "t"); },
-       "ExportPicture(HTML, /opt/sentrel)"},
-      {[](ExportEngine& e) { return e.ExportAndSendEMFFile("f", "t"); },
-       "ExportEMFFile(f, HTML, /opt/sentrel)"},
-      {[](ExportEngine& e) { return e.ExportAndSendRTF("r", "t"); },
-       "ExportRTF(r, txt, /opt/sentrel)"},
-      {[](ExportEngine& e) { return e.ExportAndSendText("x", "t"); },
-       "ExportText(x, txt, /opt/sentrel)"},
+      {engine_.ExportAndSendChart({}, "t"), "ExportChart(HTML, /opt/sentrel)"},
+      {engine_.ExportAndSendMap({}, "t"), "ExportMap(HTML)"},
+      {engine_.ExportAndSendPicture({}, "t"), "ExportPicture(HTML, /opt/sentrel)"},
+      {engine_.ExportAndSendEMFFile("f", "t"), "ExportEMFFile(f, HTML, /opt/sentrel)"},
+      {engine_.ExportAndSendRTF("r", "t"), "ExportRTF(r, txt, /opt/sentrel)"},
+      {engine_.ExportAndSendText("x", "t"), "ExportText(x, txt, /opt/sentrel)"},
   };
-  for (const auto& kind : kinds) {
-    EXPECT_TRUE(Send(kind.send));
-    EXPECT_THAT(log_.calls, Contains(kind.call));
-    EXPECT_THAT(log_.calls, Contains("SendTo(/tmp/produced, t)"));
+  for (const auto& [sent, call] : kinds) {
+    EXPECT_TRUE(sent) << call;
+    EXPECT_THAT(log_.calls, Contains(call));
   }
+  EXPECT_EQ(std::count(log_.calls.begin(), log_.calls.end(), "SendTo(/tmp/produced, t)"), 6);
 }
 
 TEST_F(ExportSendTest, TextGoesInTheFormatThatWasSet) {
   const struct {
-    const char* format;
-    const char* target;
-    const char* sent;
+    std::string format, target, sent;
   } cases[] = {{"", "x.mapimail", "txt"},
                {"html", "x.MAPIMAIL", "MHTML"},
                {"html", "x", "html"},
                {"PDF", "x.mapimail", "PDF"}};
-  for (const auto& c : cases) {
-    Send([&](ExportEngine& e) {
-      e.SetFileFormat(c.format);
-      return e.ExportAndSendText("x", c.target);
-    });
-    EXPECT_EQ(Exported("FileFormat"), c.sent);
-    EXPECT_EQ(Exported("SelectMethod"), "true");
-    EXPECT_THAT(log_.calls, Contains(std::string("ExportText(x, ") + c.sent + ", /opt/sentrel)"));
+  for (const auto& [format, target, sent] : cases) {
+    engine_.SetFileFormat(format);
+    engine_.ExportAndSendText("x", target);
+    EXPECT_EQ(script_.exported["FileFormat"], sent);
+    EXPECT_EQ(script_.exported["SelectMethod"], "true");
+    EXPECT_THAT(log_.calls, Contains("ExportText(x, " + sent + ", /opt/sentrel)"));
   }
 }
 

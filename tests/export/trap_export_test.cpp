@@ -1,6 +1,8 @@
 #include "export/trap_export.h"
 
+#include "export/stored_export_memory.h"
 #include "export_fixture.h"
+#include "fakes/fake_registry.h"
 
 namespace sentrel {
 namespace {
@@ -45,6 +47,18 @@ TEST_F(TrapExportTest, ThePointerComesBackWhateverFails) {
     EXPECT_EQ(log_.calls.back(), "pointer");
     EXPECT_EQ(std::count(log_.calls.begin(), log_.calls.end(), "MessageBox"), 1);
   }
+}
+
+TEST(StoredExportMemory, KeepsTheColumnsForTheNextRunOfThisUser) {
+  FakeRegistry registry;
+  EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), "");
+  StoredExportMemory(registry).SetLeftOutColumns("Community\nIP Address");
+  EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), "Community\nIP Address");
+  for (const auto& [place, values] : registry.contents) {
+    EXPECT_EQ(place.first, RegistryRoot::HKEY_CURRENT_USER);
+  }
+  StoredExportMemory(registry).SetLeftOutColumns("");
+  EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), "");
 }
 
 }  // namespace

@@ -3,14 +3,17 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "common/failure.h"
 #include "platform/clock.h"
+#include "platform/log_file.h"
 #include "platform/main_window.h"
 #include "platform/message_box.h"
 #include "platform/snmp.h"
 #include "platform/timer.h"
+#include "platform/trap_writer.h"
 
 namespace sentrel {
 
@@ -23,6 +26,15 @@ struct CallLog {
     calls.push_back(call);
     if (call == failing) throw Failure(call + " fails");
   }
+};
+
+/// A fake that notes its calls.
+class Noting {
+ public:
+  explicit Noting(CallLog& log) : log_(log) {}
+
+ protected:
+  CallLog& log_;
 };
 
 class FakeClock : public Clock {
@@ -38,9 +50,9 @@ class FakeLocale : public Locale {
 };
 
 /// Every letter is 7 wide and 10 high.
-class FakeMainWindow : public MainWindow {
+class FakeMainWindow : public MainWindow, protected Noting {
  public:
-  explicit FakeMainWindow(CallLog& log) : log_(log) {}
+  using Noting::Noting;
 
   void SetEvents(MainWindowEvents& events) { events_ = &events; }
   void SetCaption(const std::string& text) override { caption = text; }
@@ -69,13 +81,12 @@ class FakeMainWindow : public MainWindow {
   Area table;
 
  private:
-  CallLog& log_;
   MainWindowEvents* events_ = nullptr;
 };
 
-class FakeSNMP : public SNMP {
+class FakeSNMP : public SNMP, protected Noting {
  public:
-  explicit FakeSNMP(CallLog& log) : log_(log) {}
+  using Noting::Noting;
 
   std::int16_t StartListening() override {
     log_.Note("StartListening");
@@ -111,14 +122,11 @@ class FakeSNMP : public SNMP {
   std::vector<std::string> sentOids;
   std::vector<std::string> sentValues;
   std::vector<std::int16_t> sentTypes;
-
- private:
-  CallLog& log_;
 };
 
-class FakeMessageBox : public MessageBox {
+class FakeMessageBox : public MessageBox, protected Noting {
  public:
-  explicit FakeMessageBox(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   void Show(const std::string& message, MessageIcon messageIcon,
             const std::string& boxTitle) override {
     log_.Note("MessageBox");
@@ -126,13 +134,11 @@ class FakeMessageBox : public MessageBox {
     icon = messageIcon;
     title = boxTitle;
   }
+  std::tuple<std::string, std::string, MessageIcon> Shown() const { return {title, text, icon}; }
 
   std::string text;
   std::string title;
   MessageIcon icon = MessageIcon::Exclamation;
-
- private:
-  CallLog& log_;
 };
 
 /// A timer whose time passes when the test says so.
@@ -162,6 +168,28 @@ class FakeTimer : public Timer {
  private:
   std::function<void()> onExpiry_;
   std::chrono::milliseconds elapsed_{0};
+};
+
+/// Log files in memory, by path. An empty path cannot be opened.
+class FakeLogFile : public LogFile {
+ public:
+  bool failing = false;
+  std::map<std::string, std::string> contents;
+
+  void Append(const std::string& path, std::string_view entry) override {
+    if (failing || path.empty()) throw Failure("The log cannot be written.");
+    contents[path].append(entry);
+  }
+};
+
+/// Saved traps in memory, by file name. An empty name cannot be written.
+class FakeTrapWriter : public TrapWriter {
+ public:
+  void Write(const std::string& fileName, const SavedTrap& trap) override {
+    if (fileName.empty()) throw Failure("The file cannot be written.");
+    files[fileName] = trap;
+  }
+  std::map<std::string, SavedTrap> files;
 };
 
 class FakeApplication : public Application {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "common/failure.h"
 #include "fakes/fake_console.h"
 #include "platform/engine.h"
 #include "platform/export_memory.h"
@@ -20,19 +19,18 @@ struct EngineScript {
 
   CallLog& log;
   std::map<std::string, std::string> properties;
+  std::map<std::string, std::string> exported;  // the properties of the last export
   const Table* table = nullptr;
   std::string produced = "/tmp/produced";
   bool done = true;
   std::string sendAnswer = kSentAnswer;
   std::vector<EngineChoice> choices = {{"HTML", "Web page"}, {"PDF", "PDF file"}};
-  int alive = 0;
 };
 
 /// Notes each call as its name and arguments. A property is noted by its name alone.
 class FakeEngine : public Engine {
  public:
-  explicit FakeEngine(EngineScript& script) : script_(script) { ++script_.alive; }
-  ~FakeEngine() override { --script_.alive; }
+  explicit FakeEngine(EngineScript& script) : script_(script) {}
 
   void SetProgramName(const std::string& name) override { Set("ProgramName", name); }
   void SetProgramVersion(const std::string& version) override { Set("ProgramVersion", version); }
@@ -112,6 +110,7 @@ class FakeEngine : public Engine {
     script_.properties[name] = value;
   }
   bool Do(const std::string& call) {
+    script_.exported = script_.properties;
     script_.log.Note(call);
     return script_.done;
   }
@@ -145,13 +144,10 @@ class FakeExportMemory : public ExportMemory {
   std::string leftOut;
 };
 
-class FakeMousePointer : public MousePointer {
+class FakeMousePointer : public MousePointer, protected Noting {
  public:
-  explicit FakeMousePointer(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   void SetHourglass(bool on) override { log_.Note(on ? "hourglass" : "pointer"); }
-
- private:
-  CallLog& log_;
 };
 
 }  // namespace sentrel

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <map>
-#include <set>
 #include <string>
 #include <utility>
-#include <variant>
-#include <vector>
 
 #include "common/text.h"
 #include "platform/registry.h"
@@ -15,8 +12,7 @@ namespace sentrel {
 /// A registry in memory. Make another on the same contents to see what a next start would see.
 class FakeRegistry : public Registry {
  public:
-  using Value = std::variant<std::string, int>;
-  using Values = std::map<std::string, Value>;
+  using Values = std::map<std::string, std::string>;
   /// Keys by root and path, paths and value names in upper case.
   using Contents = std::map<std::pair<RegistryRoot, std::string>, Values>;
 
@@ -29,17 +25,12 @@ class FakeRegistry : public Registry {
   Contents contents;
 
   std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override {
-    if (path.empty() || unreachable) return std::nullopt;
-    for (auto end = path.find('\\'); !Has(root, path); end = path.find('\\', end + 1)) {
-      if (readOnly) return std::nullopt;
-      contents.try_emplace({root, UpperCase(path.substr(0, end))});
-      if (end == std::string::npos) break;
-    }
+    if (!unreachable && !readOnly) contents.try_emplace({root, UpperCase(path)});
     return OpenKey(root, path);
   }
 
   std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override {
-    if (unreachable || !Has(root, path)) return std::nullopt;
+    if (unreachable || !contents.contains({root, UpperCase(path)})) return std::nullopt;
     open_.emplace(++lastKey_, std::pair(root, UpperCase(path)));
     return lastKey_;
   }
@@ -49,8 +40,7 @@ class FakeRegistry : public Registry {
   std::optional<std::string> QueryStringValue(RegistryKey key, const std::string& name) override {
     const Values* values = ValuesOf(key);
     if (!values || !values->contains(UpperCase(name))) return std::nullopt;
-    const auto* text = std::get_if<std::string>(&values->at(UpperCase(name)));
-    return text ? std::optional(*text) : std::nullopt;
+    return values->at(UpperCase(name));
   }
 
   bool SetStringValue(RegistryKey key, const std::string& name, const std::string& text) override {
@@ -78,20 +68,13 @@ class FakeRegistry : public Registry {
   bool AllClosed() const { return open_.empty() && !inBatch_; }
 
  private:
-  bool Has(RegistryRoot root, const std::string& path) const {
-    return contents.contains({root, UpperCase(path)});
-  }
-
   Values* ValuesOf(RegistryKey key) {
     return unreachable || !open_.contains(key) ? nullptr : &contents[open_.at(key)];
   }
 
   void CountChange() {
-    if (inBatch_) {
-      batchChanged_ = true;
-    } else {
-      ++changes;
-    }
+    batchChanged_ = inBatch_;
+    changes += inBatch_ ? 0 : 1;
   }
 
   std::map<RegistryKey, std::pair<RegistryRoot, std::string>> open_;

@@ -16,31 +16,25 @@ namespace sentrel {
 
 /// Makes dialogs and browsers that note what is asked of them. Making one is noted too.
 template <typename Made, typename Factory>
-class FakeFactory : public Factory {
+class FakeFactory : public Factory, protected Noting {
  public:
-  explicit FakeFactory(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   auto Create() -> decltype(std::declval<Factory&>().Create()) override {
     log_.Note("Create");
     return std::make_unique<Made>(log_);
   }
-
- private:
-  CallLog& log_;
 };
 
-class FakeBrowser : public Browser {
+class FakeBrowser : public Browser, protected Noting {
  public:
-  explicit FakeBrowser(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   void Browse(const std::string& address) override { log_.Note("Browse " + address); }
-
- private:
-  CallLog& log_;
 };
 using FakeBrowserFactory = FakeFactory<FakeBrowser, BrowserFactory>;
 
-class FakeAboutDialog : public AboutDialog {
+class FakeAboutDialog : public AboutDialog, protected Noting {
  public:
-  explicit FakeAboutDialog(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   void SetProgramName(const std::string& text) override { log_.Note("ProgramName " + text); }
   void SetPackageName(const std::string& text) override { log_.Note("PackageName " + text); }
   void SetPackage(const std::string& text) override { log_.Note("Package " + text); }
@@ -48,21 +42,15 @@ class FakeAboutDialog : public AboutDialog {
   void SetVersionInfo(const std::string& text) override { log_.Note("VersionInfo " + text); }
   void SetProgIcon(const Icon& icon) override { log_.Note("ProgIcon " + icon.name); }
   void Show() override { log_.Note("Show"); }
-
- private:
-  CallLog& log_;
 };
 using FakeAboutDialogFactory = FakeFactory<FakeAboutDialog, AboutDialogFactory>;
 
-class FakeTipDialog : public TipDialog {
+class FakeTipDialog : public TipDialog, protected Noting {
  public:
-  explicit FakeTipDialog(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   void SetProgramName(const std::string& text) override { log_.Note("ProgramName " + text); }
   void SetPath(const std::string& folder) override { log_.Note("Path " + folder); }
   void Show(const std::string& tipSet) override { log_.Note("Show " + tipSet); }
-
- private:
-  CallLog& log_;
 };
 using FakeTipDialogFactory = FakeFactory<FakeTipDialog, TipDialogFactory>;
 

@@ -11,9 +11,9 @@
 
 namespace sentrel {
 
-class FakeToolBarsView : public ToolBarsView {
+class FakeToolBarsView : public ToolBarsView, protected Noting {
  public:
-  explicit FakeToolBarsView(CallLog& log) : log_(log) {}
+  using Noting::Noting;
   void StateChanged(const Tool&) override {}
   void PopupMenu(const Tool& submenu) override {
     log_.Note("PopupMenu " + std::string(submenu.Id()));
@@ -23,9 +23,6 @@ class FakeToolBarsView : public ToolBarsView {
   void SetHintTime(std::chrono::milliseconds time) override {
     log_.Note("SetHintTime " + std::to_string(time.count()));
   }
-
- private:
-  CallLog& log_;
 };
 
 class FakeClipboard : public Clipboard {

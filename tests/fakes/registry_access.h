@@ -8,11 +8,6 @@
 
 namespace sentrel {
 
-inline bool HasKey(Registry& registry, RegistryRoot root, const std::string& path) {
-  const auto key = registry.OpenKey(root, path);
-  return key && registry.CloseKey(*key);
-}
-
 inline bool SetText(Registry& registry, RegistryRoot root, const std::string& path,
                     const std::string& name, const std::string& text) {
   const auto key = registry.CreateKey(root, path);

@@ -1,4 +1,12 @@
-#include "send_form_fixture.h"
+#include "sending/send_form.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+#include "fakes/fake_console.h"
+#include "fakes/fake_registry.h"
+#include "sending/test_trap.h"
 
 namespace sentrel {
 namespace {
@@ -7,6 +15,77 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 using Calls = std::vector<std::string>;
+
+/// A dialog of 300 by 200 whose user is a function.
+class FakeSendFormView : public SendFormView, protected Noting {
+ public:
+  using Noting::Noting;
+
+  void ShowModal() override {
+    open = true;
+    form->Form_Resize();
+    user();
+    if (open) Unload();
+  }
+  void SetHelpContext(int number) override { helpContext = number; }
+  Area InnerArea() const override { return {5, 5, 300, 200}; }
+  void FocusTarget() override { log_.Note("FocusTarget"); }
+  void MoveMessage(const Area& area) override {
+    message = area;
+    log_.Note("MoveMessage");
+  }
+  void ShowMessage(const std::string& caption) override { log_.Note("message: " + caption); }
+  void HideMessage() override { log_.Note("HideMessage"); }
+  void SetHourglass(bool on) override { log_.Note(on ? "hourglass" : "arrow"); }
+  void ProcessEvents() override {
+    log_.Note("ProcessEvents");
+    if (pending) pending();
+  }
+  void Unload() override {
+    open = false;
+    log_.Note("Unload");
+    form->Form_Unload();
+  }
+
+  std::function<void()> user = [] {};
+  /// What happens while pending events are handled.
+  std::function<void()> pending;
+  SendForm* form = nullptr;
+  int helpContext = 0;
+  Area message;
+  bool open = false;
+};
+
+struct SendFormTest : testing::Test {
+  /// Shows the dialog to a user and returns what was called from then on.
+  Calls Run(const std::function<void()>& user) {
+    view.user = [&, user] {
+      calls.calls.clear();
+      user();
+    };
+    Show(trap);
+    return calls.calls;
+  }
+  void Show(const TrapObject& object) {
+    SendForm made(view, snmp, messageBox, registry);
+    view.form = &made;
+    made.SendTrap(object);
+  }
+  void SendTo(const std::string& target, const std::string& community = "public") {
+    Target().SetText(target);
+    Community().SetText(community);
+    view.form->cmdSend_Click();
+  }
+  AutoCombo& Target() { return view.form->Target(); }
+  AutoCombo& Community() { return view.form->Community(); }
+
+  CallLog calls;
+  FakeSendFormView view{calls};
+  FakeSNMP snmp{calls};
+  FakeMessageBox messageBox{calls};
+  FakeRegistry registry;
+  TrapObject trap;
+};
 
 Calls operator+(Calls calls, const Calls& more) {
   calls.insert(calls.end(), more.begin(), more.end());
@@ -24,10 +103,8 @@ TEST_F(SendFormTest, LoadsWithHelpDefaultsAndThePanelInPlace) {
     EXPECT_EQ(view.helpContext, 9100);
     EXPECT_EQ(Target().Text(), "");
     EXPECT_EQ(Community().Text(), "public");
-    EXPECT_EQ(view.message.left, 0);
-    EXPECT_EQ(view.message.top, 0);
-    EXPECT_EQ(view.message.width, 300);
-    EXPECT_EQ(view.message.height, 200);
+    const auto& [left, top, width, height] = view.message;
+    EXPECT_EQ(std::tuple(left, top, width, height), std::tuple(0, 0, 300, 200));
   });
   calls.failing = "MoveMessage";
   EXPECT_THAT(Run([] {}), ElementsAre("Unload")) << "a panel that cannot be moved stays";
@@ -40,9 +117,9 @@ TEST_F(SendFormTest, AnEmptyTargetIsAskedFor) {
                   EXPECT_EQ(Target().Text(), "");
                 }),
                 ElementsAre("MessageBox", "FocusTarget", "Unload"));
-    EXPECT_EQ(messageBox.text, "Please enter a Hostname or IP Address first.");
-    EXPECT_EQ(messageBox.title, "Send Trap");
-    EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+    EXPECT_EQ(messageBox.Shown(),
+              std::tuple("Send Trap", "Please enter a Hostname or IP Address first.",
+                         MessageIcon::Exclamation));
   }
 }
 
@@ -89,9 +166,9 @@ TEST_F(SendFormTest, AFailureIsToldAndTheSameTrapCanBeSentAgain) {
   snmp.statusText = "Network unreachable";
   const Calls made = Run([&] {
     SendTo("192.0.2.1");
-    EXPECT_EQ(messageBox.text, "Network unreachable");
-    EXPECT_EQ(messageBox.title, "Send Trap Error");
-    EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+    EXPECT_EQ(messageBox.Shown(),
+              std::tuple("Send Trap Error", "Network unreachable", MessageIcon::Exclamation));
+    snmp.sendResult = 1;
     snmp.statusText = "OK";
     SendTo("192.0.2.1");
     EXPECT_EQ(messageBox.text, "Can't send trap");
@@ -107,16 +184,11 @@ TEST_F(SendFormTest, AFailureIsToldAndTheSameTrapCanBeSentAgain) {
 }
 
 TEST_F(SendFormTest, CancelSendsAndRemembersNothing) {
-  snmp.sendResult = 1;
-  EXPECT_THAT(Run([&] {
-                Target().SetText("192.0.2.1");
-                view.form->cmdCancel_Click();
-              }),
-              ElementsAre("Unload"));
-  Run([&] {
-    SendTo("192.0.2.1");
+  const auto cancel = [&] {
+    Target().SetText("192.0.2.1");
     view.form->cmdCancel_Click();
-  });
+  };
+  EXPECT_THAT(Run(cancel), ElementsAre("Unload"));
   EXPECT_EQ(registry.changes, 0);
 }
 
@@ -125,6 +197,30 @@ TEST_F(SendFormTest, ADialogThatClosesAmongThePendingEventsSendsNothing) {
   EXPECT_THAT(
       Run([&] { SendTo("192.0.2.1"); }),
       ElementsAre("message: Sending SNMP Trap ...", "hourglass", "ProcessEvents", "Unload"));
+}
+
+struct TestTrapTest : SendFormTest {
+  FakeClock clock;
+  FakeLocale locale;
+  TestTrap command{snmp, clock, locale, [this](const TrapObject& made) { Show(made); }};
+};
+
+TEST_F(TestTrapTest, HasItsFourBindingsAndTheTimeOfTheCommand) {
+  view.user = [&] {
+    clock.now.hour = 3;  // it is the time of the command that counts, not of Send
+    SendTo("192.0.2.1", "private");
+  };
+  command.SendTestTrap();
+  EXPECT_THAT(calls.calls, testing::Contains("SendTrap 192.0.2.1 private"));
+  EXPECT_THAT(snmp.sentOids, ElementsAre("1.3.6.1.2.1.1.3.0", "1.3.6.1.6.3.1.1.4.1.0",
+                                         "1.3.6.1.6.3.1.1.4.3.0", "1.3.6.1.4.1.58213.10.1"));
+  EXPECT_THAT(snmp.sentTypes, ElementsAre(67, 6, 6, 4));
+  EXPECT_THAT(snmp.sentValues, ElementsAre("0", "1.3.6.1.4.1.58213.10", "1.3.6.1.4.1.58213",
+                                           "Test trap at 03:49 PM"));
+  locale.texts.pm = "";
+  clock.now.hour = 15;
+  command.SendTestTrap();
+  EXPECT_EQ(snmp.sentValues.back(), "Test trap at 15:49");
 }
 
 }  // namespace

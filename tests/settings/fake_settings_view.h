@@ -19,11 +19,7 @@ class FakeSettingsView : public SettingsView {
   void Close() override { closed = true; }
 
   void SetVisible(SettingsControl control, bool visible) override {
-    if (visible) {
-      hidden.erase(control.name);
-    } else {
-      hidden.insert(control.name);
-    }
+    Put(control.name, !visible, hidden);
   }
   void SetEnabled(SettingsControl control, bool on) override { enabled[control.name] = on; }
   void SetFocus(SettingsControl control) override { focus = control.name; }
@@ -31,23 +27,15 @@ class FakeSettingsView : public SettingsView {
   bool Checked(SettingsCheck check) const override { return checked.contains(check.name); }
   void SetChecked(SettingsCheck check, bool on) override {
     if (Checked(check) == on) return;
-    if (on) {
-      checked.insert(check.name);
-    } else {
-      checked.erase(check.name);
-    }
+    Put(check.name, on, checked);
     if (onClick.contains(check.name)) onClick.at(check.name)();
   }
 
-  std::string Text(SettingsText box) const override {
-    return texts.contains(box.name) ? texts.at(box.name) : "";
-  }
+  std::string Text(SettingsText box) const override { return texts[box.name]; }
   void SetText(SettingsText box, const std::string& text) override { texts[box.name] = text; }
   void SelectText(SettingsText box) override { selectedText = box.name; }
 
-  std::vector<std::string> Lines(SettingsList list) const override {
-    return lines.contains(list.name) ? lines.at(list.name) : std::vector<std::string>();
-  }
+  std::vector<std::string> Lines(SettingsList list) const override { return lines[list.name]; }
   void AddLine(SettingsList list, const std::string& line) override {
     lines[list.name].push_back(line);
   }
@@ -58,8 +46,7 @@ class FakeSettingsView : public SettingsView {
   }
   void ClearLines(SettingsList list) override { lines[list.name].clear(); }
   std::optional<std::size_t> SelectedLine(SettingsList list) const override {
-    return selectedLine.contains(list.name) ? std::optional(selectedLine.at(list.name))
-                                            : std::nullopt;
+    return selectedLine[list.name];
   }
 
   int helpContext = 0;
@@ -71,10 +58,16 @@ class FakeSettingsView : public SettingsView {
   std::set<std::string> checked;
   /// What a click on a check box runs.
   std::map<std::string, std::function<void()>> onClick;
-  std::map<std::string, std::string> texts;
+  mutable std::map<std::string, std::string> texts;
   std::string selectedText;
-  std::map<std::string, std::vector<std::string>> lines;
-  std::map<std::string, std::size_t> selectedLine;
+  mutable std::map<std::string, std::vector<std::string>> lines;
+  mutable std::map<std::string, std::optional<std::size_t>> selectedLine;
+
+ private:
+  static void Put(const std::string& name, bool in, std::set<std::string>& names) {
+    names.erase(name);
+    if (in) names.insert(name);
+  }
 };
 
 }  // namespace sentrel

@@ -9,18 +9,16 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
-const std::string kKey = "SOFTWARE\\VARNHOLTNET\\SENTREL\\SETTINGS";
+using testing::Pair;
+using testing::SizeIs;
 
 class SettingsTest : public testing::Test {
  protected:
   void Store(const std::string& name, const std::string& text) {
-    RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Settings", name, text, false);
+    support_.SaveRegistryValue("Sentrel", "Settings", name, text, false);
   }
   std::string Stored(const std::string& name) {
-    return RegistrySupport(registry_).ReadRegistryValue("Sentrel", "Settings", name, "(none)",
-                                                        false);
+    return support_.ReadRegistryValue("Sentrel", "Settings", name, "(none)", false);
   }
   void Record(Settings& settings) {
     settings.SetChanged([this](const std::string& name, const std::string& value) {
@@ -29,6 +27,7 @@ class SettingsTest : public testing::Test {
   }
 
   FakeRegistry registry_;
+  const RegistrySupport support_{registry_};
   std::vector<std::string> changes_;
 };
 
@@ -57,7 +56,9 @@ TEST_F(SettingsTest, EachOptionIsStoredWhenItChangesAndFoundByTheNextStart) {
   EXPECT_THAT(changes_, ElementsAre("Raw=True", "Device Filter Active=True", "Logging Enabled=True",
                                     "Log Filename=x.log", "OID Cache Size=250"));
   EXPECT_EQ(registry_.changes, 5);
-  EXPECT_EQ(registry_.contents.at({kMachine, kKey}).size(), 5U);
+  EXPECT_THAT(registry_.contents, ElementsAre(Pair(Pair(RegistryRoot::HKEY_LOCAL_MACHINE,
+                                                        "SOFTWARE\\VARNHOLTNET\\SENTREL\\SETTINGS"),
+                                                   SizeIs(5))));
   EXPECT_TRUE(registry_.AllClosed());
 
   const Settings next(registry_);
@@ -76,25 +77,20 @@ TEST_F(SettingsTest, ThePresentValueIsNotWrittenAgain) {
   settings.SetOIDCacheSize(1000);
   std::string blanks = "   ";
   settings.SetLogFilename(blanks);
-  EXPECT_EQ(blanks, "");
   EXPECT_THAT(changes_, IsEmpty());
   EXPECT_EQ(registry_.changes, 0);
 }
 
 TEST_F(SettingsTest, LogFilenameIsTrimmedInTheCallersVariableToo) {
   Settings settings(registry_);
-  std::string filename = "  x.log  ";
-  settings.SetLogFilename(filename);
-  EXPECT_EQ(filename, "x.log");
-  EXPECT_EQ(settings.LogFilename(), "x.log");
-  EXPECT_EQ(Stored("Log Filename"), "x.log");
-  std::string otherCase = "X.log";
-  settings.SetLogFilename(otherCase);
-  EXPECT_EQ(Stored("Log Filename"), "X.log");
-  std::string blanks = "  ";
-  settings.SetLogFilename(blanks);
-  EXPECT_EQ(settings.LogFilename(), "");
-  EXPECT_EQ(Stored("Log Filename"), "");
+  for (const auto& [text, trimmed] :
+       {std::pair("  x.log  ", "x.log"), {"X.log", "X.log"}, {"  ", ""}}) {
+    std::string filename = text;
+    settings.SetLogFilename(filename);
+    EXPECT_EQ(filename, trimmed);
+    EXPECT_EQ(settings.LogFilename(), trimmed);
+    EXPECT_EQ(Stored("Log Filename"), trimmed);
+  }
 }
 
 TEST_F(SettingsTest, ATextThatDoesNotConvertIsTheDefault) {
@@ -102,12 +98,10 @@ TEST_F(SettingsTest, ATextThatDoesNotConvertIsTheDefault) {
   Store("Logging Enabled", "");
   Store("Device Filter Active", "1");
   Store("OID Cache Size", "99999999999");
-  registry_.contents.at({kMachine, kKey})["LOG FILENAME"] = 5;
   const Settings settings(registry_);
   EXPECT_FALSE(settings.Raw() || settings.LoggingEnabled());
   EXPECT_TRUE(settings.DeviceFilterActive());
   EXPECT_EQ(settings.OIDCacheSize(), 1000);
-  EXPECT_EQ(settings.LogFilename(), "");
 }
 
 TEST_F(SettingsTest, AWriteThatFailsKeepsTheValueForThisRunAndStillTellsOfIt) {
@@ -125,8 +119,8 @@ TEST_F(SettingsTest, RefreshReplacesAllButPausedAndTellsOfNothing) {
   Record(settings);
   settings.SetPaused(true);
   Store("Raw", "True");
-  RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Device Filters", 1, "10.0.1.1", false);
-  RegistrySupport(registry_).SaveRegistryValue("Sentrel", "Community Strings", 1, "a", false);
+  support_.SaveRegistryValue("Sentrel", "Device Filters", 1, "10.0.1.1", false);
+  support_.SaveRegistryValue("Sentrel", "Community Strings", 1, "a", false);
   const auto filters = settings.DeviceFilters();
   settings.Refresh();
   EXPECT_TRUE(settings.Raw() && settings.Paused());
@@ -135,32 +129,45 @@ TEST_F(SettingsTest, RefreshReplacesAllButPausedAndTellsOfNothing) {
   EXPECT_THAT(changes_, IsEmpty());
 }
 
-TEST_F(SettingsTest, RetrieveOptionGivesTextEvenForADefaultThatIsNone) {
+TEST_F(SettingsTest, OptionsAreReadAsTextUpToTheFirstNulFromWholeKeyPathsAndTheUsersTreeToo) {
   Settings settings(registry_);
-  EXPECT_EQ(settings.RetrieveOption("Never Written", 5), "5");
   EXPECT_EQ(settings.RetrieveOption("Never Written", false), "False");
   settings.SaveOption("Other", 12);
   EXPECT_EQ(settings.RetrieveOption("other", ""), "12");
-}
-
-TEST_F(SettingsTest, ReadsWholeKeyPathsAndTheUsersTreeUpToTheFirstNul) {
-  const RegistrySupport support(registry_);
-  support.SaveRegistryValue("Benchwell", "Help", "Directory", std::string("/docs\0junk", 10), true);
-  EXPECT_EQ(support.ReadRegistryKeyValue(RegistryRoot::HKEY_CURRENT_USER,
-                                         "Software\\VarnholtNet\\Benchwell\\Help", "Directory", ""),
-            "/docs");
-  EXPECT_EQ(support.ReadRegistryValue("Benchwell", "Help", "Directory", true, false), "True");
+  support_.SaveRegistryValue("Benchwell", "Help", "Directory", std::string("/docs\0junk", 10),
+                             true);
+  EXPECT_EQ(
+      support_.ReadRegistryKeyValue(RegistryRoot::HKEY_CURRENT_USER,
+                                    "Software\\VarnholtNet\\Benchwell\\Help", "Directory", ""),
+      "/docs");
+  EXPECT_EQ(support_.ReadRegistryValue("Benchwell", "Help", "Directory", true, false), "True");
 }
 
 TEST_F(SettingsTest, DeleteWorksInTheMachinesTreeOnly) {
-  const RegistrySupport support(registry_);
-  for (const bool user : {true, false}) support.SaveRegistryValue("A", "S", "x", "1", user);
-  support.DeleteRegistryValue("A", "S", "x");
-  support.DeleteRegistryValue("A", "S", "x");
-  support.DeleteRegistryValue("A", "T", "x");
-  EXPECT_EQ(support.ReadRegistryValue("A", "S", "x", "", true), "1");
-  EXPECT_EQ(support.ReadRegistryValue("A", "S", "x", "", false), "");
+  for (const bool user : {true, false}) support_.SaveRegistryValue("A", "S", "x", "1", user);
+  support_.DeleteRegistryValue("A", "S", "x");
+  support_.DeleteRegistryValue("A", "S", "x");
+  support_.DeleteRegistryValue("A", "T", "x");
+  EXPECT_EQ(support_.ReadRegistryValue("A", "S", "x", "", true), "1");
+  EXPECT_EQ(support_.ReadRegistryValue("A", "S", "x", "", false), "");
   EXPECT_TRUE(registry_.AllClosed());
+}
+
+TEST(ReadBoolean, TakesWordsAndNumbers) {
+  for (const char* text : {"True", "TRUE", "true", " True ", "1", "-1", "250"})
+    EXPECT_EQ(ReadBoolean(text), true) << text;
+  for (const char* text : {"False", "fAlSe", "0", "-0", " 00 "})
+    EXPECT_EQ(ReadBoolean(text), false) << text;
+  for (const char* text : {"", " ", "yes", "Tru", "Truee", "1x", "0.5", "99999999999"})
+    EXPECT_EQ(ReadBoolean(text), std::nullopt) << text;
+}
+
+TEST(ReadLong, TakesWholeNumbersOf32Bits) {
+  const std::pair<const char*, std::int32_t> numbers[] = {
+      {"250", 250}, {" 0250 ", 250}, {"+7", 7}, {"-5", -5}, {"2147483647", INT32_MAX}};
+  for (const auto& [text, number] : numbers) EXPECT_EQ(ReadLong(text), number) << text;
+  for (const char* text : {"", "+", "-", "+-5", "1e3", "0x10", "12 3", "2147483648", "1.5", "True"})
+    EXPECT_EQ(ReadLong(text), std::nullopt) << text;
 }
 
 }  // namespace

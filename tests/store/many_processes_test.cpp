@@ -1,7 +1,5 @@
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
-#include <array>
 #include <csignal>
 #include <random>
 
@@ -11,87 +9,58 @@
 namespace sentrel {
 namespace {
 
-constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
-
-void Fill(DeviceFilters& filters, int network) {
-  filters.Clear();
-  for (int i = 1; i <= 200; ++i) filters.AddFilter(fmt::format("10.{}.0.{}", network, i));
-}
-
-TEST(ManyProcesses, EveryWriteOfEveryOneArrives) {
-  constexpr int kWriters = 2;
-  constexpr int kValues = 50;
-  const StoreFolder folder;
-  std::array<pid_t, kWriters> children;
-  for (int writer = 0; writer < kWriters; ++writer) {
-    children[static_cast<std::size_t>(writer)] = fork();
-    if (children[static_cast<std::size_t>(writer)] != 0) continue;
-    auto registry = folder.Registry();
-    bool done = true;
-    for (int i = 0; i < kValues; ++i)
-      done = SetText(registry, kMachine, "a", fmt::format("{}.{}", writer, i), "x") && done;
-    _exit(done ? 0 : 1);
+/// A stored list of device filters, which are all of one network.
+class ManyProcesses : public StoreTest {
+ protected:
+  ManyProcesses() {
+    Rewrite(0, [] {});
   }
-  for (const pid_t child : children) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-  }
-  auto registry = folder.Registry();
-  for (int writer = 0; writer < kWriters; ++writer)
-    for (int i = 0; i < kValues; ++i)
-      EXPECT_EQ(GetText(registry, kMachine, "a", fmt::format("{}.{}", writer, i)), "x");
-}
 
-TEST(ManyProcesses, AListIsReadWholeWhileAnotherProcessRewritesIt) {
-  const StoreFolder folder;
-  auto registry = folder.Registry();
-  DeviceFilters filters{RegistrySupport(registry)};
-  Fill(filters, 0);
-  filters.Sync();
-  const pid_t child = fork();
-  if (child == 0) {
-    auto own = folder.Registry();
-    DeviceFilters theirs{RegistrySupport(own)};
-    for (int network = 1; network <= 20; ++network) {
-      Fill(theirs, network);
-      theirs.Sync();
-    }
-    _exit(0);
-  }
-  while (waitpid(child, nullptr, WNOHANG) == 0) {
-    const Settings settings(registry);
-    ASSERT_EQ(settings.DeviceFilters()->Count(), 200);
-    const auto keys = settings.DeviceFilters()->Keys();
-    const std::string network = keys.front().substr(0, keys.front().rfind('.'));
-    for (const std::string& key : keys) ASSERT_EQ(key.substr(0, key.rfind('.')), network);
-  }
-}
-
-/// Rewrites the list for ever, alternating between two contents, and tells of every beginning.
-[[noreturn]] void Rewrite(const StoreFolder& folder, int pipe) {
-  auto registry = folder.Registry();
-  DeviceFilters filters{RegistrySupport(registry)};
-  for (int network = 0;; network = 1 - network) {
-    Fill(filters, network);
-    if (write(pipe, "", 1) != 1) _exit(1);
+  /// Calls the step when all but the write is done.
+  void Rewrite(int network, const std::function<void()>& beforeWrite) {
+    DeviceFilters filters{RegistrySupport(registry_)};
+    for (int i = 1; i <= 200; ++i) filters.AddFilter(fmt::format("10.{}.0.{}", network, i));
+    beforeWrite();
     filters.Sync();
   }
+  void ExpectWholeList() {
+    const auto keys = Settings(registry_).DeviceFilters()->Keys();
+    ASSERT_EQ(keys.size(), 200U);
+    const auto network = keys.front().substr(0, keys.front().rfind('.'));
+    for (const std::string& key : keys) ASSERT_EQ(key.substr(0, key.rfind('.')), network);
+  }
+
+  SqliteRegistry registry_ = folder_.Registry();
+};
+
+TEST_F(ManyProcesses, EveryWriteOfEveryOneArrives) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 50; ++i) names.push_back(std::to_string(i));
+  const auto writeAll = [&](const std::string& writer) {
+    for (const std::string& name : names) EXPECT_TRUE(Set(writer + name, "x"));
+  };
+  const pid_t writers[] = {Start([&] { writeAll("a"); }), Start([&] { writeAll("b"); })};
+  for (const pid_t writer : writers) ExpectSuccess(writer);
+  for (const std::string& name : names) EXPECT_EQ(Get("a" + name) + Get("b" + name), "xx");
 }
 
-TEST(ManyProcesses, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewList) {
-  const StoreFolder folder;
-  auto registry = folder.Registry();
-  DeviceFilters filters{RegistrySupport(registry)};
-  Fill(filters, 0);
-  filters.Sync();
+TEST_F(ManyProcesses, AListIsReadWholeWhileAnotherProcessRewritesIt) {
+  const pid_t child = Start([this] {
+    for (int network = 1; network <= 20; ++network) Rewrite(network, [] {});
+  });
+  while (waitpid(child, nullptr, WNOHANG) == 0) ExpectWholeList();
+}
+
+TEST_F(ManyProcesses, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewList) {
   std::mt19937 random(9);
   int journals = 0;
   for (int round = 0; round < 200; ++round) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    const pid_t child = fork();
-    if (child == 0) Rewrite(folder, ends[1]);
+    const pid_t child = Start([&] {
+      const auto tell = [&] { ASSERT_EQ(write(ends[1], "", 1), 1); };
+      for (int network = 0;; network = 1 - network) Rewrite(network, tell);
+    });
     close(ends[1]);
     char byte = 0;
     for (unsigned writes = 1 + random() % 2; writes > 0; --writes)
@@ -104,14 +73,10 @@ TEST(ManyProcesses, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewList) {
     waitpid(child, nullptr, 0);
     close(ends[0]);
 
-    journals += std::filesystem::exists(folder.Machine().native() + "-journal") ? 1 : 0;
-    filters.Refresh();
-    const auto keys = filters.Keys();
-    ASSERT_EQ(keys.size(), 200U);
-    for (const std::string& key : keys) ASSERT_EQ(key.substr(0, 5), keys.front().substr(0, 5));
-    ASSERT_EQ(RunSql(folder.Machine(), "PRAGMA integrity_check"), "ok");
+    journals += std::filesystem::exists(folder_.Machine().native() + "-journal") ? 1 : 0;
+    ExpectWholeList();
+    ASSERT_EQ(RunSql(folder_.Machine(), "PRAGMA integrity_check"), "ok");
   }
-  RecordProperty("killed_with_a_journal_open", journals);
   EXPECT_GT(journals, 0) << "no kill came in the middle of a write";
 }
 

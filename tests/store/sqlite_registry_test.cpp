@@ -1,61 +1,123 @@
 #include "store/sqlite_registry.h"
 
-#include <fmt/format.h>
-#include <gmock/gmock.h>
+#include <optional>
 
-#include <fstream>
-#include <memory>
-
-#include "fakes/registry_contract.h"
 #include "store_folder.h"
 
 namespace sentrel {
 namespace {
 
 namespace fs = std::filesystem;
-constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
-constexpr auto kUser = RegistryRoot::HKEY_CURRENT_USER;
+using std::chrono::seconds;
 
-class OnDisk {
+/// A file that another process keeps for itself while this object lives.
+class Occupied {
  public:
-  Registry& registry() { return registry_; }
-  Registry& Reopened() {
-    reopened_ = std::make_unique<SqliteRegistry>(folder_.Machine(), folder_.User(), clock_);
-    return *reopened_;
-  }
-  void SetNumber(RegistryRoot root, const std::string& path, const std::string& name) {
-    const bool machine = root == kMachine;
-    RunSql(machine ? folder_.Machine() : folder_.User(),
-           fmt::format("INSERT OR REPLACE INTO options VALUES ('{}\\{}', '{}', 1)",
-                       machine ? "HKEY_LOCAL_MACHINE" : "HKEY_CURRENT_USER", path, name)
-               .c_str());
+  explicit Occupied(const fs::path& file) : database_(file, none_) {
+    database_.Execute("BEGIN EXCLUSIVE");
   }
 
  private:
-  StoreFolder folder_;
-  FakeClock clock_;
-  SqliteRegistry registry_{folder_.Machine(), folder_.User(), clock_};
-  std::unique_ptr<SqliteRegistry> reopened_;
+  const Patience none_{seconds(0)};
+  Database database_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Sqlite, RegistryContract, OnDisk);
+class SqliteRegistryTest : public StoreTest {
+ protected:
+  bool HasKey(RegistryRoot root, const std::string& path) {
+    const auto key = registry_.OpenKey(root, path);
+    return key && registry_.CloseKey(*key);
+  }
 
-using SqliteRegistryTest = StoreTest;
+  SqliteRegistry registry_ = folder_.Registry();
+};
+
+TEST_F(SqliteRegistryTest, OpenFindsOnlyWhatCreateHasMade) {
+  EXPECT_FALSE(registry_.OpenKey(kMachine, "a\\b\\c"));
+  EXPECT_FALSE(registry_.CreateKey(kMachine, ""));
+  const auto key = registry_.CreateKey(kMachine, "a\\b\\c");
+  ASSERT_TRUE(key);
+  EXPECT_TRUE(registry_.CloseKey(*key));
+  for (const char* path : {"a\\b\\c", "a\\b", "a", "A\\B\\C"})
+    EXPECT_TRUE(HasKey(kMachine, path)) << path;
+  for (const char* path : {"a\\b\\d", "b", "a\\", "c"})
+    EXPECT_FALSE(HasKey(kMachine, path)) << path;
+  EXPECT_FALSE(HasKey(kUser, "a"));
+
+  EXPECT_FALSE(registry_.CloseKey(*key)) << "a closed key serves nothing";
+  EXPECT_FALSE(registry_.SetStringValue(*key, "x", "1"));
+  EXPECT_FALSE(registry_.QueryStringValue(*key, "x"));
+  EXPECT_FALSE(registry_.DeleteValue(*key, "x"));
+}
+
+TEST_F(SqliteRegistryTest, KeepsAnyText) {
+  using namespace std::string_literals;
+  const std::string texts[] = {
+      "",   " blanks ", "M\xC3\xA4rz \xF0\x9F\x94\xA5", "it's; --%", "a\r\nb",
+      "12", "a\0b"s,    std::string(100000, 'x')};
+  for (const std::string& text : texts) {
+    EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", text));
+    EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), text);
+    EXPECT_EQ(Get("x"), text);
+  }
+}
+
+TEST_F(SqliteRegistryTest, NamesIgnoreCaseAndRootsAreApart) {
+  const std::string path = "Software\\One";
+  EXPECT_TRUE(SetText(registry_, kMachine, path, "Log Filename", "x.log"));
+  EXPECT_TRUE(SetText(registry_, kUser, path, "Log Filename", "y.log"));
+  EXPECT_EQ(GetText(registry_, kMachine, "SOFTWARE\\one", "LOG filename"), "x.log");
+  EXPECT_TRUE(SetText(registry_, kMachine, "SOFTWARE\\one", "LOG filename", "z.log"));
+  EXPECT_EQ(GetText(registry_, kMachine, path, "Log Filename"), "z.log");
+  EXPECT_EQ(GetText(registry_, kUser, path, "Log Filename"), "y.log");
+}
+
+TEST_F(SqliteRegistryTest, DeleteTakesOneValueAndLeavesTheKey) {
+  Set("x", "1");
+  Set("y", "2");
+  EXPECT_TRUE(Delete("X"));
+  EXPECT_FALSE(Delete("x"));
+  EXPECT_EQ(Get("x") + Get("y"), "-2");
+  EXPECT_TRUE(Delete("y"));
+  EXPECT_TRUE(HasKey(kMachine, "a"));
+}
+
+TEST_F(SqliteRegistryTest, AValueOfAnotherTypeIsNoTextButCanBeReplacedAndDeleted) {
+  Set("x", "1");
+  for (const bool replace : {true, false}) {
+    RunSql(folder_.Machine(), "UPDATE options SET value = 1");
+    EXPECT_EQ(Get("x"), "-");
+    EXPECT_TRUE(replace ? Set("x", "True") : Delete("x"));
+    EXPECT_EQ(Get("x"), replace ? "True" : "-");
+  }
+}
+
+TEST_F(SqliteRegistryTest, ABatchSeesItsOwnWrites) {
+  Set("x", "1");
+  registry_.BeginBatch(RegistryBatch::Write);
+  EXPECT_TRUE(SetText(registry_, kMachine, "a\\b", "y", "2"));
+  EXPECT_EQ(GetText(registry_, kMachine, "a\\b", "y"), "2");
+  EXPECT_TRUE(DeleteText(registry_, kMachine, "a", "x"));
+  registry_.EndBatch();
+  registry_.BeginBatch(RegistryBatch::Read);
+  EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "-");
+  EXPECT_EQ(GetText(registry_, kMachine, "a\\b", "y"), "2");
+  registry_.EndBatch();
+  EXPECT_EQ(Get("x"), "-");
+}
 
 TEST_F(SqliteRegistryTest, ReadingLeavesNothingOnDisk) {
-  auto registry = folder_.Registry();
-  registry.BeginBatch(RegistryBatch::Read);
-  EXPECT_EQ(GetText(registry, kMachine, "a", "x"), "-");
-  registry.EndBatch();
-  EXPECT_FALSE(DeleteText(registry, kUser, "a", "x"));
+  registry_.BeginBatch(RegistryBatch::Read);
+  EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "-");
+  registry_.EndBatch();
+  EXPECT_FALSE(DeleteText(registry_, kUser, "a", "x"));
   EXPECT_TRUE(fs::is_empty(folder_.Root()));
 }
 
 TEST_F(SqliteRegistryTest, OnlyTheOwnerWritesAndOnlyTheMachinesFileIsForAll) {
   const mode_t before = umask(0);
-  auto registry = folder_.Registry();
-  SetText(registry, kMachine, "a", "x", "1");
-  SetText(registry, kUser, "a", "x", "1");
+  SetText(registry_, kMachine, "a", "x", "1");
+  SetText(registry_, kUser, "a", "x", "1");
   umask(before);
   const auto mode = [](const fs::path& path) {
     return static_cast<unsigned>(fs::status(path).permissions());
@@ -70,8 +132,7 @@ TEST_F(SqliteRegistryTest, WhatAnAdministratorSetsIsFoundWithoutAKeyOfItsOwn) {
   Set("x", "1");
   RunSql(folder_.Machine(),
          "INSERT INTO options VALUES ('hkey_local_machine\\NEW', 'Y', 'hand-written')");
-  auto registry = folder_.Registry();
-  EXPECT_EQ(GetText(registry, kMachine, "new", "y"), "hand-written");
+  EXPECT_EQ(GetText(registry_, kMachine, "new", "y"), "hand-written");
 }
 
 TEST_F(SqliteRegistryTest, AnOrdinaryUsersWritesLieOverTheMachines) {
@@ -106,106 +167,84 @@ TEST_F(SqliteRegistryTest, WithoutAMachineFileAnOrdinaryUserKeepsEverythingInThe
   fs::create_directory(folder_.Machine().parent_path());
   folder_.LockMachine();
   AsOrdinaryUser([&] {
-    auto registry = folder_.Registry();
-    registry.BeginBatch(RegistryBatch::Write);
-    EXPECT_TRUE(SetText(registry, kMachine, "a", "x", "1"));
-    EXPECT_TRUE(SetText(registry, kMachine, "a", "y", "2"));
-    EXPECT_TRUE(DeleteText(registry, kMachine, "a", "y"));
-    registry.EndBatch();
+    registry_.BeginBatch(RegistryBatch::Write);
+    EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", "1"));
+    EXPECT_TRUE(SetText(registry_, kMachine, "a", "y", "2"));
+    EXPECT_TRUE(DeleteText(registry_, kMachine, "a", "y"));
+    registry_.EndBatch();
     EXPECT_EQ(Get("x") + Get("y"), "1-");
   });
   EXPECT_TRUE(fs::is_empty(folder_.Machine().parent_path()));
 }
 
-TEST_F(SqliteRegistryTest, AUserWhoCanWriteNowhereLosesTheWriteInSilence) {
-  fs::permissions(folder_.Root(), fs::perms(0555));
-  AsOrdinaryUser([&] {
+TEST_F(SqliteRegistryTest, WhereNothingCanBeWrittenTheWriteIsLostInSilence) {
+  const auto losesWrites = [this] {
     EXPECT_FALSE(Set("x", "1"));
     EXPECT_EQ(Get("x"), "-");
-  });
+  };
+  fs::permissions(folder_.Root(), fs::perms(0555));
+  AsOrdinaryUser(losesWrites);
   fs::permissions(folder_.Root(), fs::perms::all);
-}
 
-TEST_F(SqliteRegistryTest, PathsThatAreNoFilesHoldNothingAndTakeNothing) {
   fs::create_directories(folder_.Machine());
   fs::create_directory(folder_.User().parent_path());
   ASSERT_EQ(mkfifo(folder_.User().c_str(), 0600), 0);
-  EXPECT_EQ(Get("x"), "-");
-  EXPECT_FALSE(Set("x", "1"));
+  losesWrites();
   EXPECT_TRUE(fs::is_directory(folder_.Machine()));
   EXPECT_TRUE(fs::is_fifo(folder_.User()));
 }
 
-TEST_F(SqliteRegistryTest, ABusyFileCostsLessThanASecondAndTheUsersFileTakesTheWrite) {
+TEST_F(SqliteRegistryTest, ABusyFileIsWaitedForOnceAndTheUsersFileTakesTheWrite) {
   Set("x", "old");
-  const Patience none{std::chrono::milliseconds(0)};
-  Database other(folder_.Machine(), none);
-  other.Execute("BEGIN EXCLUSIVE");
-  const auto start = std::chrono::steady_clock::now();
+  std::optional<Occupied> other(folder_.Machine());
+  auto start = std::chrono::steady_clock::now();
+  registry_.BeginBatch(RegistryBatch::Read);
+  for (int i = 0; i < 400; ++i) EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "-");
+  registry_.EndBatch();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(1));
+  start = std::chrono::steady_clock::now();
   EXPECT_TRUE(Set("x", "new"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-  other.Execute("ROLLBACK");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(1));
+  other.reset();
   EXPECT_EQ(Get("x"), "new");
-}
-
-TEST_F(SqliteRegistryTest, ABatchOfReadsOnABusyFileWaitsOnceOnly) {
-  Set("x", "old");
-  const Patience none{std::chrono::milliseconds(0)};
-  Database other(folder_.Machine(), none);
-  other.Execute("BEGIN EXCLUSIVE");
-  auto registry = folder_.Registry();
-  const auto start = std::chrono::steady_clock::now();
-  registry.BeginBatch(RegistryBatch::Read);
-  for (int i = 0; i < 400; ++i) EXPECT_EQ(GetText(registry, kMachine, "a", "x"), "-");
-  registry.EndBatch();
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
 }
 
 TEST_F(SqliteRegistryTest, AFileThatStaysBusyIsWaitedForOnceInAWhile) {
   Set("x", "old");
   fs::create_directories(folder_.User().parent_path());
   fs::copy_file(folder_.Machine(), folder_.User());
-  const Patience none{std::chrono::milliseconds(0)};
-  Database machine(folder_.Machine(), none);
-  Database user(folder_.User(), none);
-  for (Database* other : {&machine, &user}) other->Execute("BEGIN EXCLUSIVE");
-  auto registry = folder_.Registry();
+  std::optional<Occupied> machine(folder_.Machine());
+  std::optional<Occupied> user(folder_.User());
   const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < 20; ++i) EXPECT_FALSE(SetText(registry, kMachine, "a", "x", "new"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
-  for (Database* other : {&machine, &user}) other->Execute("ROLLBACK");
-  EXPECT_TRUE(SetText(registry, kMachine, "a", "x", "at once"));
-  EXPECT_EQ(GetText(registry, kMachine, "a", "x"), "at once");
+  for (int i = 0; i < 20; ++i) EXPECT_FALSE(SetText(registry_, kMachine, "a", "x", "new"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(3));
+  machine.reset();
+  user.reset();
+  EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", "at once"));
+  EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "at once");
 }
 
 TEST_F(SqliteRegistryTest, ABatchOfReadsTakesNoWrites) {
   Set("x", "old");
-  auto reader = folder_.Registry();
-  reader.BeginBatch(RegistryBatch::Read);
-  EXPECT_EQ(GetText(reader, kMachine, "a", "x"), "old");
-  EXPECT_FALSE(SetText(reader, kMachine, "a", "x", "mine"));
-  reader.EndBatch();
+  registry_.BeginBatch(RegistryBatch::Read);
+  EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "old");
+  EXPECT_FALSE(SetText(registry_, kMachine, "a", "x", "mine"));
+  registry_.EndBatch();
   EXPECT_EQ(Get("x"), "old");
 }
 
 TEST_F(SqliteRegistryTest, AFailedWriteInABatchUndoesTheWhole) {
   Set("x", "old");
-  auto registry = folder_.Registry();
-  registry.BeginBatch(RegistryBatch::Write);
-  EXPECT_TRUE(SetText(registry, kMachine, "a", "x", "new"));
-  EXPECT_FALSE(SetText(registry, kMachine, "a", "y", std::string(2 << 20, 'x')));
-  registry.EndBatch();
+  registry_.BeginBatch(RegistryBatch::Write);
+  EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", "new"));
+  EXPECT_FALSE(SetText(registry_, kMachine, "a", "y", std::string(2 << 20, 'x')));
+  registry_.EndBatch();
   EXPECT_EQ(Get("x") + Get("y"), "old-");
 }
 
 TEST_F(SqliteRegistryTest, AnUnchangedValueWritesNothing) {
   Set("x", "1");
-  const auto changeCounter = [this] {
-    std::ifstream file(folder_.Machine(), std::ios::binary);
-    std::string header(28, ' ');
-    file.read(header.data(), 28);
-    return header.substr(24);
-  };
+  const auto changeCounter = [this] { return Bytes(folder_.Machine()).substr(24, 4); };
   const std::string before = changeCounter();
   EXPECT_TRUE(Set("x", "1"));
   EXPECT_EQ(changeCounter(), before);

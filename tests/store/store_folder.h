@@ -1,11 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
 
@@ -13,8 +15,12 @@
 #include "fakes/registry_access.h"
 #include "store/database.h"
 #include "store/sqlite_registry.h"
+#include "store/write_signals.h"
 
 namespace sentrel {
+
+inline constexpr auto kMachine = RegistryRoot::HKEY_LOCAL_MACHINE;
+inline constexpr auto kUser = RegistryRoot::HKEY_CURRENT_USER;
 
 /// A folder that everybody may use and that goes with all that is in it, with the paths of a
 /// machine's and a user's file.
@@ -52,19 +58,42 @@ class StoreFolder {
   FakeClock clock_;
 };
 
-/// Runs a step in a process of its own, as a user without privileges. Its standard output, as far
-/// as GoogleTest writes there, is this test's. Fails the test if an expectation fails in it.
-inline void AsOrdinaryUser(const std::function<void()>& step) {
+/// Starts a step in a process of its own, which ends with 0 unless an expectation failed in it.
+inline pid_t Start(const std::function<void()>& step) {
   const pid_t child = fork();
-  if (child == 0) {
+  if (child != 0) return child;
+  step();
+  _exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+inline void ExpectSuccess(pid_t child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0) << "in a process of its own";
+}
+
+/// Runs a step in a process of its own, as a user without privileges.
+inline void AsOrdinaryUser(const std::function<void()>& step) {
+  ExpectSuccess(Start([&] {
     constexpr uid_t kNobody = 65534;
     if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(2);
     step();
-    _exit(testing::Test::HasFailure() ? 1 : 0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0) << "in the process of the ordinary user";
+  }));
+}
+
+/// Runs a step in a process of its own, for which files end at this size.
+inline void OnAFullDisk(rlim_t size, const std::function<void()>& step) {
+  ExpectSuccess(Start([&] {
+    IgnoreWriteSignals();
+    const rlimit limit{size, RLIM_INFINITY};
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    step();
+  }));
+}
+
+inline std::string Bytes(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// Runs SQL on a file, as an administrator might; returns the first column of the first row.
@@ -80,15 +109,15 @@ class StoreTest : public testing::Test {
  protected:
   std::string Get(const std::string& name) const {
     auto registry = folder_.Registry();
-    return GetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name);
+    return GetText(registry, kMachine, "a", name);
   }
   bool Set(const std::string& name, const std::string& text) const {
     auto registry = folder_.Registry();
-    return SetText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name, text);
+    return SetText(registry, kMachine, "a", name, text);
   }
   bool Delete(const std::string& name) const {
     auto registry = folder_.Registry();
-    return DeleteText(registry, RegistryRoot::HKEY_LOCAL_MACHINE, "a", name);
+    return DeleteText(registry, kMachine, "a", name);
   }
 
   StoreFolder folder_;

@@ -1,9 +1,9 @@
-#include "settings/device_filters.h"
-
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include "fakes/fake_registry.h"
+#include "settings/community_strings.h"
+#include "settings/device_filters.h"
 
 namespace sentrel {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class DeviceFiltersTest : public testing::Test {
+class FilterListsTest : public testing::Test {
  protected:
   void Store(int index, const std::string& text) {
     support_.SaveRegistryValue("Sentrel", "Device Filters", index, text, false);
@@ -23,9 +23,10 @@ class DeviceFiltersTest : public testing::Test {
   FakeRegistry registry_;
   RegistrySupport support_{registry_};
   DeviceFilters filters_{support_};
+  CommunityStrings strings_{support_};
 };
 
-TEST_F(DeviceFiltersTest, AddsOnlyWhatIsUnderstood) {
+TEST_F(FilterListsTest, AddsOnlyWhatIsUnderstood) {
   for (const char* text : {"", "   ", "10.0.1", "router"}) {
     EXPECT_EQ(filters_.AddFilter(text), nullptr) << text;
     EXPECT_FALSE(filters_.ValidFilter(text)) << text;
@@ -35,7 +36,7 @@ TEST_F(DeviceFiltersTest, AddsOnlyWhatIsUnderstood) {
   EXPECT_EQ(filters_.Count(), 0);
 }
 
-TEST_F(DeviceFiltersTest, KeepsOneFilterForEachNormalForm) {
+TEST_F(FilterListsTest, KeepsOneFilterForEachNormalForm) {
   const auto first = filters_.AddFilter("10.0.1.0/24");
   EXPECT_EQ(filters_.AddFilter("10.0.1.5/255.255.255.0"), first);
   EXPECT_EQ(filters_.AddFilter("Subnet            : 10.0.1.0/255.255.255.0"), first);
@@ -46,7 +47,7 @@ TEST_F(DeviceFiltersTest, KeepsOneFilterForEachNormalForm) {
                                            "10.0.0.1-10.0.0.9"));
 }
 
-TEST_F(DeviceFiltersTest, FindsAndRemovesByExactKey) {
+TEST_F(FilterListsTest, FindsAndRemovesByExactKey) {
   filters_.AddFilter("10.0.1.1");
   const auto second = filters_.AddFilter("10.0.1.2");
   filters_.AddFilter("10.0.1.3");
@@ -62,7 +63,7 @@ TEST_F(DeviceFiltersTest, FindsAndRemovesByExactKey) {
   EXPECT_FALSE(filters_.Exists("10.0.1.2"));
 }
 
-TEST_F(DeviceFiltersTest, TellsWhetherAnyFilterHoldsTheAddress) {
+TEST_F(FilterListsTest, TellsWhetherAnyFilterHoldsTheAddress) {
   EXPECT_FALSE(filters_.AddressInFilters("10.0.1.1"));
   filters_.AddFilter("192.0.2.7");
   filters_.AddFilter("10.0.1.0/24");
@@ -72,7 +73,7 @@ TEST_F(DeviceFiltersTest, TellsWhetherAnyFilterHoldsTheAddress) {
     EXPECT_FALSE(filters_.AddressInFilters(address)) << address;
 }
 
-TEST_F(DeviceFiltersTest, LoadsInIndexOrderWithoutHolesDuplicatesAndNonsense) {
+TEST_F(FilterListsTest, LoadsInIndexOrderWithoutHolesDuplicatesAndNonsense) {
   Store(200, "10.0.1.200");
   Store(1, "10.0.1.1");
   Store(3, "nonsense");
@@ -91,7 +92,7 @@ TEST_F(DeviceFiltersTest, LoadsInIndexOrderWithoutHolesDuplicatesAndNonsense) {
   for (int index = 4; index <= 200; ++index) EXPECT_EQ(Stored(index), "(none)");
 }
 
-TEST_F(DeviceFiltersTest, KeepsTheFirstTwoHundred) {
+TEST_F(FilterListsTest, KeepsTheFirstTwoHundred) {
   for (int i = 1; i <= 201; ++i) filters_.AddFilter(fmt::format("10.0.1.{}", i));
   const int before = registry_.changes;
   filters_.Sync();
@@ -104,13 +105,19 @@ TEST_F(DeviceFiltersTest, KeepsTheFirstTwoHundred) {
   EXPECT_TRUE(registry_.AllClosed());
 }
 
-TEST_F(DeviceFiltersTest, AStoreOutOfReachIsAnEmptyOneThatForgets) {
-  registry_.unreachable = true;
-  filters_.AddFilter("10.0.1.1");
-  filters_.Sync();
-  EXPECT_EQ(filters_.Count(), 1);
-  filters_.Refresh();
-  EXPECT_EQ(filters_.Count(), 0);
+TEST_F(FilterListsTest, CommunityStringsAreTrimmedAndComparedExactly) {
+  support_.SaveRegistryValue("Sentrel", "Community Strings", 7, " stored ", false);
+  strings_.Add("old");
+  strings_.Refresh();
+  for (const char* text : {"  public  ", "public", "Public", "with blank", "\ttab"})
+    strings_.Add(text);
+  EXPECT_THAT(strings_.CStrings(),
+              ElementsAre("stored", "public", "Public", "with blank", "\ttab"));
+  EXPECT_TRUE(strings_.Exists("public"));
+  for (const char* text : {"public ", "PUBLIC", "", "tab"})
+    EXPECT_FALSE(strings_.Exists(text)) << text;
+  for (int i = 0; i < 40000; ++i) strings_.Add(std::to_string(i));
+  EXPECT_EQ(strings_.Count(), 32767) << "it stays positive however long the list";
 }
 
 }  // namespace
