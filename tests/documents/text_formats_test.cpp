@@ -99,7 +99,7 @@ std::vector<std::vector<std::string>> ReadCsv(const std::string& text) {
 
 TEST(CommaDelimitedFile, GivesBackEveryCellOfAFullTable) {
   TableContent content = FullTable();
-  content.rows[500][4] = std::string(60 * 1024, '"');
+  content.rows[500][4] = std::string(61'440, '"');
   const auto records = ReadCsv(Write("CDF", content));
   ASSERT_EQ(records.size(), 1000u);
   EXPECT_TRUE(std::equal(content.rows.begin(), content.rows.end(), records.begin() + 1));
@@ -123,7 +123,7 @@ TEST(CommaDelimitedFile, GuardsFormulasAndLeavesNumbersAlone) {
 
 TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
   TableContent content = HardTable();
-  content.rows = {{"t", std::string(60 * 1024, 'x'), "next", "", "end"}};
+  content.rows = {{"t", std::string(61'440, 'x'), "next", "", "end"}};
   const std::string text = Write("Text", content);
   std::size_t letters = 0;
   for (const std::string_view line : Split(text, "\r\n")) {
@@ -135,8 +135,7 @@ TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
 
 TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
   TableContent content = FullTable();
-  content.rows[3][4] =
-      "</td></tr></table><script>alert(1)</script>\r\n" + std::string(60 * 1024, '<');
+  content.rows[3][4] = "</td></tr></table><script>alert(1)</script>\r\n" + std::string(61'440, '<');
   const TemporaryFolder folder;
   const std::string path = folder / "page.html";
   std::ofstream(path, std::ios::binary) << Write("HTML", content);
