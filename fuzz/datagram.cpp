@@ -81,7 +81,8 @@ struct Parser {
   sentrel::Trap last;
   Folder folder;
   sentrel::SnmpLibrary library{folder.Path(), folder.Path()};
-  sentrel::NotificationParser parser{[this](const sentrel::ArrivedTrap& trap) {
+  sentrel::NotificationParser parser{library.Guard(),
+                                     [this](const sentrel::ArrivedTrap& trap) {
                                        trap.Read(last);
                                        return rows.Take(last);
                                      },

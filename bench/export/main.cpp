@@ -10,7 +10,7 @@
 
 #include "desktop/export/print.h"
 #include "desktop/export/table_pages.h"
-#include "documents/atomic_file.h"
+#include "common/atomic_file.h"
 #include "documents/file_formats.h"
 
 namespace sentrel {

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "common/failure.h"
-#include "documents/atomic_file.h"
+#include "common/atomic_file.h"
 
 namespace sentrel {
 namespace {

@@ -13,6 +13,8 @@ enum class Outcome : std::size_t {
   kAccepted,
   /// A good notification that found the queue full.
   kQueueFull,
+  /// Was taken before: an inform whose answer was lost, or a recording that someone plays back.
+  kRepeated,
   /// Does not begin as an SNMP message does.
   kNotSnmp,
   /// Shorter than the length that it declares.
@@ -27,6 +29,8 @@ enum class Outcome : std::size_t {
   kUnknownUser,
   /// Asks for authentication or privacy that the user has no key for.
   kUnsupportedLevel,
+  /// Not authenticated or not encrypted, where the user's keys allow it.
+  kLevelTooLow,
   kWrongDigest,
   kNotDecrypted,
   kNotInTimeWindow,

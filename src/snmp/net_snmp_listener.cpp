@@ -52,7 +52,7 @@ std::int16_t NetSnmpListener::StartListening() {
   }
   try {
     receiver_ = std::make_unique<Receiver>(
-        socket, queue_, counters_, [this] { SetUpLibrary(); }, wake_);
+        socket, queue_, counters_, [this]() -> SnmpLibrary& { return SetUpLibrary(); }, wake_);
     return 0;
   } catch (const std::exception& error) {
     failure_ = {std::string("The system refuses what reception needs: ") + error.what() + ".",
@@ -61,9 +61,11 @@ std::int16_t NetSnmpListener::StartListening() {
   }
 }
 
-void NetSnmpListener::SetUpLibrary() {
-  if (library_) return;
-  library_ = std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath);
+SnmpLibrary& NetSnmpListener::SetUpLibrary() {
+  if (!library_) {
+    library_ = std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath);
+  }
+  return *library_;
 }
 
 void NetSnmpListener::StopListening() {

@@ -78,7 +78,7 @@ class NetSnmpListener final : public SNMP {
 
  private:
   int OpenSocket() const;
-  void SetUpLibrary();
+  SnmpLibrary& SetUpLibrary();
   /// Null where none waits.
   const ArrivedTrap* TakeNext();
 

@@ -79,8 +79,8 @@ int LeaveOpen(netsnmp_transport* transport) {
 
 }  // namespace
 
-NotificationParser::NotificationParser(Sink sink, Reply reply)
-    : sink_(std::move(sink)), reply_(std::move(reply)) {
+NotificationParser::NotificationParser(Version3Guard& guard, Sink sink, Reply reply)
+    : guard_(guard), sink_(std::move(sink)), reply_(std::move(reply)) {
   netsnmp_session settings;
   snmp_sess_init(&settings);
   settings.version = SNMP_DEFAULT_VERSION;
@@ -131,10 +131,11 @@ Outcome NotificationParser::ParseByLibrary(const Datagram& datagram) {
   if (frame != Outcome::kAccepted) return frame;
   current_ = &datagram;
   outcome_ = Outcome::kMalformed;
+  guard_.Expect(datagram.peer);
   netsnmp_large_fd_setfd(kToken, &ready_);
   snmp_sess_read2(session_, &ready_);
   current_ = nullptr;
-  return outcome_;
+  return guard_.Refusal().value_or(outcome_);
 }
 
 int NotificationParser::Receive(netsnmp_transport* transport, void* buffer, int size, void** opaque,
@@ -176,10 +177,12 @@ int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, 
 }
 
 Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
+  const bool repeated = guard_.IsRepeated();
   ArrivedTrap trap = ToTrap(pdu, current_->peer);
-  if (!sink_(trap)) return Outcome::kQueueFull;
+  if (!repeated && !sink_(trap)) return Outcome::kQueueFull;
+  guard_.Take();
   if (pdu.command == SNMP_MSG_INFORM) Acknowledge(pdu);
-  return Outcome::kAccepted;
+  return repeated ? Outcome::kRepeated : Outcome::kAccepted;
 }
 
 void NotificationParser::Acknowledge(netsnmp_pdu& inform) {

@@ -8,6 +8,7 @@
 #include "snmp/datagram.h"
 #include "snmp/listener_counters.h"
 #include "snmp/net_snmp.h"
+#include "snmp/version3_guard.h"
 
 namespace sentrel {
 
@@ -23,8 +24,8 @@ class NotificationParser {
   /// Sends an answer; returns whether that went well.
   using Reply = std::function<bool(const Peer&, std::span<const std::uint8_t>)>;
 
-  /// Throws std::bad_alloc when the library has no session to give.
-  NotificationParser(Sink sink, Reply reply);
+  /// Throws std::bad_alloc when the library has no session to give. The guard must outlive this.
+  NotificationParser(Version3Guard& guard, Sink sink, Reply reply);
   ~NotificationParser();
   NotificationParser(const NotificationParser&) = delete;
   NotificationParser& operator=(const NotificationParser&) = delete;
@@ -55,6 +56,7 @@ class NotificationParser {
   Outcome Handle(netsnmp_pdu& pdu);
   void Acknowledge(netsnmp_pdu& inform);
 
+  Version3Guard& guard_;
   const Sink sink_;
   const Reply reply_;
   /// One session outside the library's list, whose calls are not safe among threads.

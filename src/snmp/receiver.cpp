@@ -36,7 +36,7 @@ void BlockSignals(sigset_t& before) {
 }  // namespace
 
 Receiver::Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
-                   std::function<void()> setUpLibrary, std::function<void()> wake)
+                   std::function<SnmpLibrary&()> setUpLibrary, std::function<void()> wake)
     : socket_(descriptor),
       queue_(queue),
       counters_(counters),
@@ -58,11 +58,12 @@ Receiver::~Receiver() {
 }
 
 void Receiver::Run() {
-  setUpLibrary_();
-  NotificationParser parser([this](ArrivedTrap& trap) { return queue_.Push(trap); },
-                            [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
-                              return socket_.Send(peer, bytes);
-                            });
+  Version3Guard& guard = setUpLibrary_().Guard();
+  NotificationParser parser(
+      guard, [this](ArrivedTrap& trap) { return queue_.Push(trap); },
+      [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
+        return socket_.Send(peer, bytes);
+      });
   while (WaitForDatagrams()) {
     const auto batch = socket_.ReadBatch();
     Handle(batch, parser);

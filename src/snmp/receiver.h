@@ -6,6 +6,7 @@
 #include "snmp/datagram_socket.h"
 #include "snmp/listener_counters.h"
 #include "snmp/notification_parser.h"
+#include "snmp/snmp_library.h"
 #include "snmp/trap_queue.h"
 
 namespace sentrel {
@@ -21,7 +22,7 @@ class Receiver {
   /// before anything is read; it takes some milliseconds, for which no window needs to wait. `wake`
   /// once the queue has gone from empty to non-empty, at most once for each batch of datagrams.
   Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
-           std::function<void()> setUpLibrary, std::function<void()> wake);
+           std::function<SnmpLibrary&()> setUpLibrary, std::function<void()> wake);
   /// Ends the thread, which takes no longer than the batch in hand.
   ~Receiver();
   Receiver(const Receiver&) = delete;
@@ -40,7 +41,7 @@ class Receiver {
   DatagramSocket socket_;
   TrapQueue& queue_;
   SharedCounters& counters_;
-  const std::function<void()> setUpLibrary_;
+  const std::function<SnmpLibrary&()> setUpLibrary_;
   const std::function<void()> wake_;
   const std::uint16_t port_;
   const bool mayRest_;

@@ -1,13 +1,29 @@
 #include "snmp/snmp_library.h"
 
+#include <unistd.h>
+
+#include <filesystem>
 #include <vector>
 
+#include "common/atomic_file.h"
+#include "common/failure.h"
+#include "snmp/engine_state.h"
 #include "snmp/net_snmp.h"
+#include "snmp/version3_users.h"
 
 namespace sentrel {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr char kName[] = "sentrel";
+constexpr char kStateHeader[] =
+    "# Sentrel writes this file anew while it runs and at its end. Edit it while it does not "
+    "run.\n";
+/// Keys stand in it.
+constexpr mode_t kStateMode = 0600;
+/// RFC 5591: for transports that a trap socket does not have.
+constexpr int kTransportSecurityModel = 4;
 
 /// createUser lines, kept until all files are read: the library reads its state last, and the
 /// keys in there must not win over a passphrase that was changed since.
@@ -20,25 +36,35 @@ void KeepCreateUser(const char*, char* line) {
   CreateUserLines().emplace_back(line);
 }
 
+/// The library changes the line that it reads.
 void CreateUsers() {
-  for (std::string& line : CreateUserLines()) usm_parse_create_usmUser("createUser", line.data());
-  CreateUserLines().clear();
+  for (std::string line : CreateUserLines()) usm_parse_create_usmUser("createUser", line.data());
+}
+
+LeastLevels& AuthUserLines() {
+  static LeastLevels levels;
+  return levels;
+}
+
+void KeepAuthUser(const char*, char* line) {
+  TakeAuthUser(line, AuthUserLines());
 }
 
 void Ignore(const char*, char*) {}
 
-/// Called when the library has registered its own tokens and has yet to read a file: no logOption
-/// of an administrator's snmp.conf may bring the output back.
-int IgnoreLogOption(int, int, void*, void*) {
+/// Called when the library has registered its own words and has yet to read a file.
+int RegisterWords(int, int, void*, void*) {
+  // No logOption of an administrator's snmp.conf may bring the output back.
   register_prenetsnmp_mib_handler("snmp", "logOption", Ignore, nullptr, nullptr);
+  register_config_handler(kName, "createUser", KeepCreateUser, nullptr, nullptr);
+  register_config_handler(kName, "authUser", KeepAuthUser, nullptr, nullptr);
+  ReadKeptState();
   return SNMPERR_SUCCESS;
 }
 
 void Silence() {
   // With no handler at all the library would write to the standard error stream.
   netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
-  snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_PRE_PREMIB_READ_CONFIG,
-                         IgnoreLogOption, nullptr);
 }
 
 void LoadNoMibs() {
@@ -53,23 +79,76 @@ void KeepStateIn(const std::string& folder) {
   set_persistent_directory(folder.empty() ? "/dev/null" : folder.c_str());
 }
 
+/// What is there and cannot be read must not be replaced.
+std::string StateFileIn(const std::string& folder) {
+  if (folder.empty()) return "";
+  std::error_code ignored;
+  if (fs::create_directories(folder, ignored)) {
+    fs::permissions(folder, fs::perms::owner_all, ignored);
+  }
+  const std::string path = folder + "/" + kName + ".conf";
+  const bool isMissing = access(path.c_str(), F_OK) != 0;
+  return isMissing || access(path.c_str(), R_OK) == 0 ? path : "";
+}
+
+void Set(int option, bool value) {
+  netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, option, value ? 1 : 0);
+}
+
 }  // namespace
 
-SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath) {
+SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath)
+    : stateFile_(StateFileIn(stateFolder)) {
   Silence();
   LoadNoMibs();
+  // Set by the object before this one.
+  Set(NETSNMP_DS_LIB_DONT_PERSIST_STATE, false);
   KeepStateIn(stateFolder);
   if (!configurationPath.empty()) set_configuration_directory(configurationPath.c_str());
+  CreateUserLines().clear();
+  AuthUserLines().clear();
+  snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_PRE_PREMIB_READ_CONFIG, RegisterWords,
+                         nullptr);
   init_usm_conf(kName);
-  register_config_handler(kName, "createUser", KeepCreateUser, nullptr, nullptr);
   init_snmp(kName);
-  CreateUsers();
-  // The boots count must rise even if the program does not come to its end.
-  snmp_store(kName);
+  unregister_sec_mod(kTransportSecurityModel);
+  // Nobody asks a receiver of traps which engines it knows (RFC 5343).
+  Set(NETSNMP_DS_LIB_NO_DISCOVERY, true);
+  SetUpEngine();
+}
+
+void SnmpLibrary::SetUpEngine() {
+  const auto createUsers = [this] {
+    CreateUsers();
+    engineLines_ = EngineLines();
+  };
+  createUsers();
+  clocks_ = std::make_unique<EngineClocks>(OwnEngineId(), HeardBefore());
+  if (WriteState()) {
+    snmp_clean_persistent(kName);
+  } else {
+    stateFile_.clear();
+    TakeEngineIdOfThisRun();
+    createUsers();
+    clocks_ = std::make_unique<EngineClocks>(OwnEngineId(), HeardBefore());
+  }
+  // From here on the library keeps its hands off the file.
+  Set(NETSNMP_DS_LIB_DONT_PERSIST_STATE, true);
+  writer_ = std::make_unique<StateWriter>([this] { WriteState(); });
+  guard_ = std::make_unique<Version3Guard>(Version3Users(OwnEngineId(), AuthUserLines()), *clocks_,
+                                           [this] { writer_->Changed(); });
+}
+
+bool SnmpLibrary::WriteState() const {
+  return !stateFile_.empty() && Attempt([this] {
+    WriteFile(stateFile_, kStateHeader + engineLines_ + HeardLines(clocks_->Newest()), kStateMode);
+  });
 }
 
 SnmpLibrary::~SnmpLibrary() {
-  // Writes the state too.
+  guard_.reset();
+  writer_.reset();
+  WriteState();
   snmp_shutdown(kName);
 }
 

@@ -6,7 +6,7 @@
 #include "common/text.h"
 #include "documents/file_formats.h"
 #include "hard_table.h"
-#include "shell.h"
+#include "fakes/shell.h"
 
 namespace sentrel {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/failure.h"
-#include "shell.h"
+#include "fakes/shell.h"
 
 namespace sentrel {
 namespace {

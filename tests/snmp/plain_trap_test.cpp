@@ -63,7 +63,8 @@ class PlainTrapTest : public testing::Test {
   /// Used again and again, as by the receiver and by the log.
   ArrivedTrap arrived_;
   Trap plain_;
-  NotificationParser parser_{[this](ArrivedTrap& trap) {
+  NotificationParser parser_{library_.Guard(),
+                             [this](ArrivedTrap& trap) {
                                trap.Read(read_.emplace());
                                return true;
                              },

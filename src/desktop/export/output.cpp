@@ -11,7 +11,7 @@
 #include "desktop/export/filename.h"
 #include "desktop/export/progress.h"
 #include "desktop/export/send.h"
-#include "documents/atomic_file.h"
+#include "common/atomic_file.h"
 
 namespace sentrel {
 namespace {

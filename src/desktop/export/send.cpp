@@ -9,7 +9,7 @@
 #include <QTextDocument>
 
 #include "common/failure.h"
-#include "documents/atomic_file.h"
+#include "common/atomic_file.h"
 
 namespace sentrel {
 namespace {

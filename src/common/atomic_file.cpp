@@ -1,4 +1,4 @@
-#include "documents/atomic_file.h"
+#include "common/atomic_file.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -16,7 +16,6 @@
 namespace sentrel {
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kAnyoneWrites = 0222;
 
 [[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
@@ -27,12 +26,12 @@ void Check(bool succeeded, const std::string& path) {
   if (!succeeded) Refuse(path, std::strerror(errno));
 }
 
-mode_t ModeFor(const std::string& path) {
+mode_t ModeFor(const std::string& path, mode_t newFileMode) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) {
     const mode_t mask = umask(0);
     umask(mask);
-    return kNewFileMode & ~mask;
+    return newFileMode & ~mask;
   }
   if (S_ISDIR(status.st_mode)) Refuse(path, "it is a folder");
   if (!S_ISREG(status.st_mode)) Refuse(path, "it is not a file");
@@ -98,9 +97,9 @@ void SyncFolderOf(const std::string& path) {
 
 }  // namespace
 
-void WriteFile(const std::string& path, std::string_view bytes) {
+void WriteFile(const std::string& path, std::string_view bytes, mode_t newFileMode) {
   const std::string target = FileBehind(path);
-  const mode_t mode = ModeFor(target);
+  const mode_t mode = ModeFor(target, newFileMode);
   NewFile file(target);
   file.Write(bytes);
   file.TakePlace(mode);

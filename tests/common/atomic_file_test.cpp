@@ -1,4 +1,4 @@
-#include "documents/atomic_file.h"
+#include "common/atomic_file.h"
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "common/failure.h"
-#include "shell.h"
+#include "fakes/shell.h"
 
 namespace sentrel {
 namespace {

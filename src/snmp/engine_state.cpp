@@ -1,0 +1,148 @@
+#include "snmp/engine_state.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <random>
+#include <set>
+#include <sstream>
+
+#include "snmp/net_snmp.h"
+
+namespace sentrel {
+namespace {
+
+constexpr char kName[] = "sentrel";
+/// RFC 3411, section 5.
+constexpr std::size_t kLongestEngineId = 32;
+
+HeardEngines& Heard() {
+  static HeardEngines heard;
+  return heard;
+}
+
+std::set<std::string>& Forgotten() {
+  static std::set<std::string> forgotten;
+  return forgotten;
+}
+
+/// Reads the octets at the front of a line, as the library writes them, and moves behind them.
+/// Empty where they are not an engine ID.
+std::string TakeEngineId(const char*& line) {
+  std::array<u_char, kLongestEngineId + 1> buffer;
+  u_char* octets = buffer.data();
+  std::size_t length = buffer.size();
+  line = read_config_read_octet_string_const(line, &octets, &length);
+  if (length > kLongestEngineId) return "";
+  return {buffer.begin(), buffer.begin() + length};
+}
+
+/// The library adds one, without a look at the end of the numbers.
+void ReadBoots(const char* word, char* line) {
+  const long boots = std::strtol(line, nullptr, 10);
+  const long highest = EngineClocks::kMostBoots - 1;
+  std::string kept = std::to_string(boots < 0 ? highest : std::min(boots, highest));
+  engineBoots_conf(word, kept.data());
+}
+
+void ReadHeard(const char*, char* line) {
+  const char* rest = line;
+  const std::string engine = TakeEngineId(rest);
+  if (engine.empty() || rest == nullptr) return;
+  EngineMoment newest{};
+  std::istringstream numbers(rest);
+  if (numbers >> newest.boots >> newest.time) Heard()[engine] = newest;
+}
+
+void ReadForgotten(const char*, char* line) {
+  const char* rest = line;
+  Forgotten().insert(TakeEngineId(rest));
+}
+
+std::string Octets(const void* octets, std::size_t length) {
+  std::string text(2 * length + sizeof "0x\"\"", '\0');
+  char* const end =
+      read_config_save_octet_string(text.data(), static_cast<const u_char*>(octets), length);
+  text.resize(end - text.data());
+  return text;
+}
+
+std::string Text(const char* text) {
+  return Octets(text, text == nullptr ? 0 : std::strlen(text));
+}
+
+std::string Oid(const oid* id, std::size_t length) {
+  constexpr std::size_t kLongestPart = sizeof ".18446744073709551615";
+  std::string text(kLongestPart * length + sizeof "NULL", '\0');
+  char* const end = read_config_save_objid(text.data(), const_cast<oid*>(id), length);
+  text.resize(end - text.data());
+  return text;
+}
+
+/// As the library's own reader of usmUser lines wants it.
+std::string UserLine(const usmUser& user) {
+  return fmt::format(
+      "usmUser {} {} {} {} {} {} {} {} {} {} {}\n", user.userStatus, user.userStorageType,
+      Octets(user.engineID, user.engineIDLen), Text(user.name), Text(user.secName),
+      Oid(user.cloneFrom, user.cloneFromLen), Oid(user.authProtocol, user.authProtocolLen),
+      Octets(user.authKey, user.authKeyLen), Oid(user.privProtocol, user.privProtocolLen),
+      Octets(user.privKey, user.privKeyLen),
+      Octets(user.userPublicString, user.userPublicStringLen));
+}
+
+}  // namespace
+
+void ReadKeptState() {
+  Heard().clear();
+  Forgotten().clear();
+  register_config_handler(kName, "engineBoots", ReadBoots, nullptr, nullptr);
+  register_config_handler(kName, "heardEngine", ReadHeard, nullptr, nullptr);
+  register_config_handler(kName, "forgetEngine", ReadForgotten, nullptr, nullptr);
+}
+
+HeardEngines HeardBefore() {
+  HeardEngines heard = Heard();
+  std::erase_if(heard, [](const auto& engine) { return Forgotten().contains(engine.first); });
+  return heard;
+}
+
+std::string OwnEngineId() {
+  std::string id(kLongestEngineId + 1, '\0');
+  id.resize(snmpv3_get_engineID(reinterpret_cast<u_char*>(id.data()), id.size()));
+  return id;
+}
+
+void TakeEngineIdOfThisRun() {
+  // The SNMP library's own form (RFC 3411, section 5: its enterprise, then a format of its own).
+  std::array<u_char, 17> id = {0x80, 0x00, 0x1F, 0x88, 0x80};
+  std::random_device random;
+  std::generate(id.begin() + 5, id.end(), [&] { return static_cast<u_char>(random()); });
+  set_exact_engineID(id.data(), id.size());
+  set_enginetime(id.data(), id.size(), snmpv3_local_snmpEngineBoots(),
+                 snmpv3_local_snmpEngineTime(), 1);
+}
+
+std::string EngineLines() {
+  const std::string engine = OwnEngineId();
+  std::string lines =
+      fmt::format("engineBoots {}\noldEngineID {}\n", snmpv3_local_snmpEngineBoots(),
+                  Octets(engine.data(), engine.size()));
+  for (const usmUser* user = usm_get_userList(); user != nullptr; user = user->next) {
+    if (user->userStorageType == ST_NONVOLATILE) lines += UserLine(*user);
+  }
+  return lines;
+}
+
+std::string HeardLines(const HeardEngines& engines) {
+  std::string lines;
+  for (const auto& [engine, newest] : engines) {
+    lines += fmt::format("heardEngine {} {} {}\n", Octets(engine.data(), engine.size()),
+                         newest.boots, newest.time);
+  }
+  return lines;
+}
+
+}  // namespace sentrel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "snmp/engine_clocks.h"
+
+namespace sentrel {
+
+/// Engines by their IDs, and the newest moment that each has told.
+using HeardEngines = std::map<EngineClocks::EngineId, EngineMoment>;
+
+/// Makes the SNMP library read what an earlier run has kept: the boots count, to which it adds one
+/// up to its highest value (RFC 3414, section 2.2.2), and heardEngine lines. For the moment when
+/// the library has registered its own words and has yet to read a file.
+void ReadKeptState();
+/// What was read, less the engines that forgetEngine lines name.
+HeardEngines HeardBefore();
+
+/// The ID of this program's engine.
+std::string OwnEngineId();
+/// Gives this run an engine of its own, with an ID of chance: a run that cannot keep its boots
+/// count must not be taken for another one (RFC 3414, section 2.2.2).
+void TakeEngineIdOfThisRun();
+
+/// The lines that bring this run's engine back: ID, boots count, users with their keys.
+std::string EngineLines();
+/// The lines from which HeardBefore comes.
+std::string HeardLines(const HeardEngines& engines);
+
+}  // namespace sentrel

@@ -1,0 +1,42 @@
+#include "snmp/report_limit.h"
+
+#include <algorithm>
+#include <functional>
+#include <random>
+#include <string>
+
+namespace sentrel {
+namespace {
+
+constexpr std::size_t kBuckets = 4'096;
+constexpr double kSavedSeconds = 2;
+
+/// The network that the sender belongs to, as far as it is one's to choose: the whole of an IPv4
+/// address, mapped into IPv6 or not, and the upper half of an IPv6 address.
+std::string NetworkOf(const Peer& peer) {
+  const auto* const v4 = reinterpret_cast<const char*>(&peer.remote.v4.sin_addr);
+  if (peer.remote.any.sa_family == AF_INET) return {v4, 4};
+  const in6_addr& v6 = peer.remote.v6.sin6_addr;
+  const auto* const bytes = reinterpret_cast<const char*>(&v6);
+  return IN6_IS_ADDR_V4MAPPED(&v6) ? std::string(bytes + 12, 4) : std::string(bytes, 8);
+}
+
+}  // namespace
+
+ReportLimit::ReportLimit() : secret_(std::random_device()()), sources_(kBuckets) {}
+
+bool ReportLimit::Bucket::Take(double perSecond, Clock::time_point now) {
+  const std::chrono::duration<double> since = now - filledAt;
+  reports = std::min(reports + since.count() * perSecond, kSavedSeconds * perSecond);
+  filledAt = now;
+  if (reports < 1) return false;
+  reports -= 1;
+  return true;
+}
+
+bool ReportLimit::Allows(const Peer& peer, Clock::time_point now) {
+  const std::size_t hash = std::hash<std::string>()(std::to_string(secret_) + NetworkOf(peer));
+  return sources_[hash % kBuckets].Take(kOfOneSource, now) && all_.Take(kInAll, now);
+}
+
+}  // namespace sentrel

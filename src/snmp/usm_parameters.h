@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "snmp/engine_clocks.h"
+
+namespace sentrel {
+
+/// The security parameters of a version 3 message (RFC 3414, section 2.4).
+struct UsmParameters {
+  /// msgAuthoritativeEngineID and msgUserName, any bytes.
+  std::string engine;
+  std::string user;
+  EngineMoment moment;
+  /// msgAuthenticationParameters, where they came.
+  std::span<const std::uint8_t> digest;
+  /// Bytes from msgSecurityParameters up to msgData.
+  std::size_t length;
+};
+
+/// `bytes` begin with msgSecurityParameters and may go on behind them. Nothing where they are not
+/// encoded as they must be.
+std::optional<UsmParameters> ReadUsmParameters(std::span<const std::uint8_t> bytes);
+
+}  // namespace sentrel

@@ -1,0 +1,126 @@
+#include "snmp/version3_guard.h"
+
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+namespace sentrel {
+namespace {
+
+snmp_secmod_def& UserSecurityModel() {
+  return *find_sec_mod(SNMP_SEC_MODEL_USM);
+}
+
+/// From msgSecurityParameters on.
+std::span<const std::uint8_t> Rest(const snmp_secmod_incoming_params& message) {
+  return {message.secParams, message.wholeMsg + message.wholeMsgLen};
+}
+
+/// The PDU tells what to answer, where an answer is asked for.
+void ShowPlainPdu(const snmp_secmod_incoming_params& message, const UsmParameters& parameters) {
+  const bool asked = (message.msg_flags & SNMP_MSG_FLAG_RPRT_BIT) != 0;
+  if (!asked || message.secLevel == SNMP_SEC_LEVEL_AUTHPRIV) return;
+  *message.scopedPdu = message.secParams + parameters.length;
+  *message.scopedPduLen = Rest(message).size() - parameters.length;
+}
+
+/// The library has read the parameters once more.
+bool SaysTheSame(const snmp_secmod_incoming_params& message, const UsmParameters& parameters) {
+  return std::string_view(reinterpret_cast<const char*>(message.secEngineID),
+                          *message.secEngineIDLen) == parameters.engine &&
+         std::string_view(message.secName, *message.secNameLen) == parameters.user;
+}
+
+}  // namespace
+
+Version3Guard* Version3Guard::current_ = nullptr;
+
+Version3Guard::Version3Guard(Version3Users users, EngineClocks& clocks, std::function<void()> heard)
+    : library_(UserSecurityModel()),
+      original_(library_),
+      users_(std::move(users)),
+      clocks_(clocks),
+      heard_(std::move(heard)) {
+  current_ = this;
+  library_.decode = &Decode;
+  library_.handle_report = &Report;
+}
+
+Version3Guard::~Version3Guard() {
+  library_ = original_;
+  current_ = nullptr;
+}
+
+void Version3Guard::Expect(const Peer& peer) {
+  peer_ = &peer;
+  refusal_.reset();
+  repeated_ = false;
+  authentic_.reset();
+}
+
+int Version3Guard::Decode(snmp_secmod_incoming_params* message) {
+  return current_->Check(*message);
+}
+
+void Version3Guard::Report(session_list* list, netsnmp_transport* transport,
+                           netsnmp_session* session, int error, netsnmp_pdu* pdu) {
+  if (!current_->reports_.Allows(*current_->peer_, ReportLimit::Clock::now())) return;
+  current_->original_.handle_report(list, transport, session, error, pdu);
+}
+
+int Version3Guard::Refuse(Outcome outcome, int error) {
+  refusal_ = outcome;
+  return error;
+}
+
+int Version3Guard::Check(snmp_secmod_incoming_params& message) {
+  auto parameters = ReadUsmParameters(Rest(message));
+  if (!parameters) return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
+  ShowPlainPdu(message, *parameters);
+  if (const int error = CheckSender(*parameters, message.secLevel)) return error;
+  // The library blanks the digest.
+  digest_.assign(parameters->digest.begin(), parameters->digest.end());
+  if (const int error = original_.decode(&message)) return error;
+  if (!SaysTheSame(message, *parameters)) {
+    return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
+  }
+  if (message.secLevel == SNMP_SEC_LEVEL_NOAUTH) return SNMPERR_SUCCESS;
+  authentic_ = std::move(parameters);
+  return CheckFreshness();
+}
+
+int Version3Guard::CheckSender(const UsmParameters& parameters, int level) {
+  if (!users_.HasEngine(parameters.engine)) {
+    return Refuse(Outcome::kUnknownEngine, SNMPERR_USM_UNKNOWNENGINEID);
+  }
+  const SecurityLevel* const least = users_.Find(parameters.engine, parameters.user);
+  if (least == nullptr) {
+    return Refuse(Outcome::kUnknownUser, SNMPERR_USM_UNKNOWNSECURITYNAME);
+  }
+  if (level < static_cast<int>(*least)) {
+    return Refuse(Outcome::kLevelTooLow, SNMPERR_USM_UNSUPPORTEDSECURITYLEVEL);
+  }
+  return SNMPERR_SUCCESS;
+}
+
+int Version3Guard::CheckFreshness() {
+  switch (
+      clocks_.Judge(authentic_->engine, authentic_->moment, digest_, EngineClocks::Clock::now())) {
+    case Freshness::kStale:
+      return Refuse(Outcome::kNotInTimeWindow, SNMPERR_USM_NOTINTIMEWINDOW);
+    case Freshness::kRepeated:
+      repeated_ = true;
+      break;
+    case Freshness::kFresh:
+      break;
+  }
+  return SNMPERR_SUCCESS;
+}
+
+void Version3Guard::Take() {
+  if (!authentic_ || repeated_) return;
+  clocks_.Take(authentic_->engine, authentic_->moment, digest_, EngineClocks::Clock::now());
+  heard_();
+}
+
+}  // namespace sentrel

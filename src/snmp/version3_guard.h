@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "snmp/datagram.h"
+#include "snmp/engine_clocks.h"
+#include "snmp/listener_counters.h"
+#include "snmp/net_snmp.h"
+#include "snmp/report_limit.h"
+#include "snmp/usm_parameters.h"
+#include "snmp/version3_users.h"
+
+namespace sentrel {
+
+/// Stands before and behind the SNMP library's security model (USM, RFC 3414), which decrypts and
+/// checks digests, and asks more of a version 3 message than the library does:
+/// - it comes from a known user of a known engine. Of others the library would remember the engine,
+///   so that whoever sends ever new ones would fill its tables;
+/// - it is protected as well as the user's keys allow, or as an authUser line says. The library
+///   takes an unprotected message from anyone who knows a user's name;
+/// - it is fresh, as EngineClocks sees it, and is not taken twice;
+/// and it lets only so many reports leave.
+///
+/// The library has one security model for the process, so one guard at a time. Belongs to the
+/// thread that parses.
+class Version3Guard {
+ public:
+  /// `heard` is called whenever an engine has told a new moment. The clocks must outlive this.
+  Version3Guard(Version3Users users, EngineClocks& clocks, std::function<void()> heard);
+  /// Gives the library back what is its own.
+  ~Version3Guard();
+  Version3Guard(const Version3Guard&) = delete;
+  Version3Guard& operator=(const Version3Guard&) = delete;
+
+  /// The library is about to read a message of the peer.
+  void Expect(const Peer& peer);
+  /// Why the guard refused the message that the library has read; nothing where it did not.
+  std::optional<Outcome> Refusal() const { return refusal_; }
+  /// Whether the very message was taken before: an inform whose answer was lost, or a recording.
+  bool IsRepeated() const { return repeated_; }
+  /// The message that the library has read is taken. It will not be fresh again.
+  void Take();
+
+ private:
+  // What the library calls.
+  static int Decode(snmp_secmod_incoming_params* message);
+  static void Report(session_list* list, netsnmp_transport* transport, netsnmp_session* session,
+                     int error, netsnmp_pdu* pdu);
+
+  int Check(snmp_secmod_incoming_params& message);
+  int CheckSender(const UsmParameters& parameters, int level);
+  int CheckFreshness();
+  int Refuse(Outcome outcome, int error);
+
+  static Version3Guard* current_;
+  snmp_secmod_def& library_;
+  const snmp_secmod_def original_;
+  const Version3Users users_;
+  EngineClocks& clocks_;
+  const std::function<void()> heard_;
+  ReportLimit reports_;
+
+  // Of the message in hand.
+  const Peer* peer_ = nullptr;
+  std::optional<Outcome> refusal_;
+  bool repeated_ = false;
+  /// Where its digest has been found right.
+  std::optional<UsmParameters> authentic_;
+  std::vector<std::uint8_t> digest_;
+};
+
+}  // namespace sentrel
