@@ -9,6 +9,10 @@ constexpr std::uint8_t kInteger = 0x02;
 constexpr std::uint8_t kOctets = 0x04;
 constexpr std::uint8_t kSequence = 0x30;
 
+/// RFC 3411, section 5, and RFC 3414, section 2.4.
+constexpr std::size_t kLongestEngineId = 32;
+constexpr std::size_t kLongestUserName = 32;
+
 /// Cuts the element off the front and returns its content; nothing where it is not whole or has
 /// another tag.
 std::optional<Bytes> Take(std::uint8_t tag, Bytes& bytes) {
@@ -58,6 +62,7 @@ std::optional<UsmParameters> ReadUsmParameters(Bytes bytes) {
   if (!engine || !boots || !time || !user || !digest || !salt || !fields->empty()) {
     return std::nullopt;
   }
+  if (engine->size() > kLongestEngineId || user->size() > kLongestUserName) return std::nullopt;
   return UsmParameters{
       Text(*engine), Text(*user), {*boots, *time}, *digest, bytes.size() - behind.size()};
 }

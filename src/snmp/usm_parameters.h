@@ -12,7 +12,7 @@ namespace sentrel {
 
 /// The security parameters of a version 3 message (RFC 3414, section 2.4).
 struct UsmParameters {
-  /// msgAuthoritativeEngineID and msgUserName, any bytes.
+  /// msgAuthoritativeEngineID and msgUserName, any bytes, at most 32 each.
   std::string engine;
   std::string user;
   EngineMoment moment;

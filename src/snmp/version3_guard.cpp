@@ -16,8 +16,12 @@ std::span<const std::uint8_t> Rest(const snmp_secmod_incoming_params& message) {
   return {message.secParams, message.wholeMsg + message.wholeMsgLen};
 }
 
-/// The PDU tells what to answer, where an answer is asked for.
-void ShowPlainPdu(const snmp_secmod_incoming_params& message, const UsmParameters& parameters) {
+/// A report is made from what the message says of itself.
+void TellLibrary(const snmp_secmod_incoming_params& message, const UsmParameters& parameters) {
+  std::memcpy(message.secEngineID, parameters.engine.data(), parameters.engine.size());
+  *message.secEngineIDLen = parameters.engine.size();
+  std::memcpy(message.secName, parameters.user.c_str(), parameters.user.size() + 1);
+  *message.secNameLen = parameters.user.size();
   const bool asked = (message.msg_flags & SNMP_MSG_FLAG_RPRT_BIT) != 0;
   if (!asked || message.secLevel == SNMP_SEC_LEVEL_AUTHPRIV) return;
   *message.scopedPdu = message.secParams + parameters.length;
@@ -76,8 +80,10 @@ int Version3Guard::Refuse(Outcome outcome, int error) {
 int Version3Guard::Check(snmp_secmod_incoming_params& message) {
   auto parameters = ReadUsmParameters(Rest(message));
   if (!parameters) return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
-  ShowPlainPdu(message, *parameters);
-  if (const int error = CheckSender(*parameters, message.secLevel)) return error;
+  if (const int error = CheckSender(*parameters, message.secLevel)) {
+    TellLibrary(message, *parameters);
+    return error;
+  }
   // The library blanks the digest.
   digest_.assign(parameters->digest.begin(), parameters->digest.end());
   if (const int error = original_.decode(&message)) return error;

@@ -34,7 +34,7 @@ TEST_F(HostileDatagramTest, IsDroppedAndCountedByReason) {
       {"bad-version", Outcome::kUnsupportedVersion},
       {"get-request", Outcome::kUnsupportedPdu},
       {"v3-discovery", Outcome::kUnknownEngine},
-      {"v3-authPriv", Outcome::kUnknownUser},
+      {"v3-authPriv", Outcome::kUnknownEngine},
   };
   Start();
   const UdpSender sender(Listener().Port());

@@ -77,7 +77,18 @@ bool ListenerTest::WaitBlockedUntil(const std::function<bool()>& condition) {
 
 int ListenerTest::Send(const char* tool, const std::vector<std::string>& arguments,
                        const std::string& host) {
-  const std::string address = host + ":" + std::to_string(listener_->Port());
+  return SendTo(listener_->Port(), tool, arguments, host);
+}
+
+std::string ListenerTest::Caught(const char* tool, const std::vector<std::string>& arguments) {
+  const UdpCatcher catcher;
+  SendTo(catcher.Port(), tool, arguments, "127.0.0.1");
+  return catcher.Take();
+}
+
+int ListenerTest::SendTo(std::uint16_t port, const char* tool,
+                         const std::vector<std::string>& arguments, const std::string& host) {
+  const std::string address = host + ":" + std::to_string(port);
   QStringList words;
   for (const std::string& argument : arguments) {
     words << QString::fromStdString(argument == "HOST" ? address : argument);

@@ -45,6 +45,9 @@ class ListenerTest : public testing::Test, public TrapObserver {
   int Send(const char* tool, const std::vector<std::string>& arguments,
            const std::string& host = "127.0.0.1");
 
+  /// The datagram of a sender that is started with these arguments; it goes nowhere else.
+  std::string Caught(const char* tool, const std::vector<std::string>& arguments);
+
   void OnTrap(const ArrivedTrap& trap) override { trap.Read(traps_.emplace_back()); }
 
   const QTemporaryDir temporary_;
@@ -52,6 +55,9 @@ class ListenerTest : public testing::Test, public TrapObserver {
   std::vector<Trap> traps_;
 
  private:
+  int SendTo(std::uint16_t port, const char* tool, const std::vector<std::string>& arguments,
+             const std::string& host);
+
   std::counting_semaphore<> wakes_{0};
   std::unique_ptr<NetSnmpListener> listener_;
 };

@@ -1,6 +1,7 @@
 #include "udp_sender.h"
 
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -9,6 +10,15 @@
 #include <stdexcept>
 
 namespace sentrel::test {
+namespace {
+
+std::string Next(int socket) {
+  std::array<char, 65'536> bytes;
+  const ssize_t length = recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
+  return {bytes.data(), length < 0 ? 0 : static_cast<std::size_t>(length)};
+}
+
+}  // namespace
 
 UdpSender::UdpSender(std::uint16_t port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
   sockaddr_in to{};
@@ -30,11 +40,38 @@ void UdpSender::Send(const std::string& bytes) const {
   }
 }
 
+std::string UdpSender::Answer() const {
+  pollfd waiting{.fd = socket_, .events = POLLIN, .revents = 0};
+  constexpr int kMilliseconds = 10'000;
+  poll(&waiting, 1, kMilliseconds);
+  return Next(socket_);
+}
+
 std::size_t UdpSender::TakeAnswers() const {
   std::array<char, 2048> answer;
   std::size_t count = 0;
   while (recv(socket_, answer.data(), answer.size(), MSG_DONTWAIT) > 0) ++count;
   return count;
+}
+
+UdpCatcher::UdpCatcher() : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+  sockaddr_in own{};
+  own.sin_family = AF_INET;
+  own.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof own;
+  auto* const address = reinterpret_cast<sockaddr*>(&own);
+  if (bind(socket_, address, length) != 0 || getsockname(socket_, address, &length) != 0) {
+    throw std::runtime_error("cannot bind a UDP socket");
+  }
+  port_ = ntohs(own.sin_port);
+}
+
+UdpCatcher::~UdpCatcher() {
+  close(socket_);
+}
+
+std::string UdpCatcher::Take() const {
+  return Next(socket_);
 }
 
 std::string Mutated(std::string datagram, std::size_t mostChanges, std::mt19937& random) {

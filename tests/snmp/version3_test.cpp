@@ -1,11 +1,15 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <sstream>
 
 #include "listener_fixture.h"
 
 namespace sentrel::test {
 namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
 
 const std::string kEngine = "0x8000000001020304";
 const std::string kVendor = "1.3.6.1.4.1.58213";
@@ -42,14 +46,30 @@ std::vector<User> Users() {
 
 class Version3Test : public ListenerTest {
  protected:
-  int SendAs(const char* tool, const std::string& user, const std::vector<std::string>& keys,
-             const std::vector<std::string>& more = {}) {
+  static std::vector<std::string> Arguments(const std::string& user,
+                                            const std::vector<std::string>& keys,
+                                            const std::vector<std::string>& more) {
     std::vector<std::string> arguments = {"-v3", "-r0", "-t5", "-u", user};
     arguments.insert(arguments.end(), keys.begin(), keys.end());
     arguments.insert(arguments.end(), more.begin(), more.end());
     arguments.insert(arguments.end(),
                      {"HOST", "1", kVendor + ".10", kVendor + ".1", "s", "from " + user});
-    return Send(tool, arguments);
+    return arguments;
+  }
+  int SendAs(const char* tool, const std::string& user, const std::vector<std::string>& keys,
+             const std::vector<std::string>& more = {}) {
+    return Send(tool, Arguments(user, keys, more));
+  }
+  /// A trap of the engine at this moment ("boots,time"), recorded on its way.
+  std::string Recorded(const std::string& user, const std::vector<std::string>& keys,
+                       const std::string& moment) {
+    return Caught(SNMPTRAP, Arguments(user, keys, {"-e", kEngine, "-Z", moment}));
+  }
+  void ExpectOutcome(const std::string& datagram, Outcome outcome) {
+    const std::uint64_t before = Listener().Counters().Of(outcome);
+    UdpSender(Listener().Port()).Send(datagram);
+    EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Of(outcome) == before + 1; }))
+        << "not " << OutcomeText(outcome);
   }
   int SendTrapAs(const std::string& user, const std::vector<std::string>& keys) {
     return SendAs(SNMPTRAP, user, keys, {"-e", kEngine});
@@ -96,8 +116,8 @@ TEST_F(Version3Test, RefusalsAreCountedByReason) {
         << OutcomeText(outcome);
   };
   refused(Outcome::kUnknownUser, "mallory", Keys(), kEngine);
-  refused(Outcome::kUnknownUser, "alice", Keys(), "0x80000000ffffffff");
-  refused(Outcome::kWrongDigest, "alice", Keys("SHA", "another-phrase"), kEngine);
+  refused(Outcome::kUnknownEngine, "alice", Keys(), "0x80000000ffffffff");
+  refused(Outcome::kWrongDigest, "bob", Keys("SHA", "another-phrase"), kEngine);
   refused(Outcome::kUnsupportedLevel, "bob", wrongPrivacy, kEngine);
   // What a wrong key makes of an encrypted message is not always the same.
   EXPECT_EQ(SendTrapAs("alice", wrongPrivacy), 0);
@@ -109,16 +129,77 @@ TEST_F(Version3Test, RefusalsAreCountedByReason) {
   EXPECT_EQ(Listener().Counters().Dropped(), 5U);
 }
 
-TEST_F(Version3Test, ReplayedDatagramFromThePastIsRefused) {
-  Start("createUser -e " + kEngine + " sha SHA auth-pass-phrase\n");
-  // The sender's clock starts at its own start: the captured message carries an old boots count
-  // once the engine has been heard with a newer one.
+TEST_F(Version3Test, MessageBelowTheLevelOfTheKeysIsRefused) {
+  const std::string auth = " SHA auth-pass-phrase";
+  std::string lines = "authUser log easy noauth\nauthUser log,execute -s usm half\n";
+  for (const std::string user : {"ann", "easy", "half"}) {
+    const std::string keys = user + auth + " AES priv-pass-phrase\n";
+    lines += "createUser " + keys + "createUser -e " + kEngine + " " + keys;
+  }
+  Start(lines + "createUser -e " + kEngine + " bob" + auth + "\n");
+  const auto signedOnly = Keys("SHA", "auth-pass-phrase");
+  const auto both = Keys("SHA", "auth-pass-phrase", "AES", "priv-pass-phrase");
+  const auto ends = [this](const char* user, const std::vector<std::string>& keys,
+                           Outcome outcome) {
+    const std::uint64_t before = Listener().Counters().Of(outcome);
+    EXPECT_EQ(SendTrapAs(user, keys), 0);
+    EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Of(outcome) == before + 1; }))
+        << user << " not " << OutcomeText(outcome);
+  };
+  ends("ann", Keys(), Outcome::kLevelTooLow);
+  ends("ann", signedOnly, Outcome::kLevelTooLow);
+  ends("ann", both, Outcome::kAccepted);
+  ends("bob", Keys(), Outcome::kLevelTooLow);
+  ends("bob", signedOnly, Outcome::kAccepted);
+  ends("half", Keys(), Outcome::kLevelTooLow);
+  ends("half", signedOnly, Outcome::kAccepted);
+  ends("easy", Keys(), Outcome::kAccepted);
+  // The library takes nobody, too, for a user.
+  std::string nobody = Recorded("u", Keys(), "1,1");
+  const std::string user = "\x04\x01u\x04\x00\x04\x00"s;
+  nobody.replace(nobody.find(user), user.size(), "\x04\x00\x04\x01u\x04\x00"s);
+  ExpectOutcome(nobody, Outcome::kUnknownUser);
+  EXPECT_NE(SendAs(SNMPINFORM, "ann", signedOnly), 0) << "is not acknowledged";
+  EXPECT_EQ(SendAs(SNMPINFORM, "half", signedOnly), 0);
+  EXPECT_EQ(Listener().Counters().Of(Outcome::kLevelTooLow), 5U);
+  EXPECT_EQ(traps_.size(), Listener().Counters().Of(Outcome::kAccepted));
+}
+
+TEST_F(Version3Test, RecordedMessageMakesNoSecondRow) {
+  const std::string user = "createUser -e " + kEngine + " sha SHA auth-pass-phrase\n";
   const auto keys = Keys("SHA", "auth-pass-phrase");
-  EXPECT_EQ(SendAs(SNMPTRAP, "sha", keys, {"-e", kEngine, "-Z", "1000,100"}), 0);
-  ASSERT_TRUE(WaitForTraps(1));
-  EXPECT_EQ(SendAs(SNMPTRAP, "sha", keys, {"-e", kEngine, "-Z", "999,100"}), 0);
-  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Of(Outcome::kNotInTimeWindow) == 1; }));
-  EXPECT_EQ(traps_.size(), 1U);
+  const std::string former = Recorded("sha", keys, "999,500");
+  const std::string old = Recorded("sha", keys, "1000,100");
+  const std::string earlier = Recorded("sha", keys, "1000,950");
+  const std::string newest = Recorded("sha", keys, "1000,1000");
+  Start(user);
+  ExpectOutcome(newest, Outcome::kAccepted);
+  ExpectOutcome(newest, Outcome::kRepeated);
+  ExpectOutcome(earlier, Outcome::kAccepted);
+  ExpectOutcome(earlier, Outcome::kRepeated);
+  ExpectOutcome(old, Outcome::kNotInTimeWindow);
+  ExpectOutcome(former, Outcome::kNotInTimeWindow);
+  Stop();
+
+  Start(user);
+  for (const std::string& recorded : {former, old, earlier, newest}) {
+    ExpectOutcome(recorded, Outcome::kNotInTimeWindow);
+  }
+  ExpectOutcome(Recorded("sha", keys, "1000,1001"), Outcome::kAccepted);
+  Stop();
+
+  // The device was replaced.
+  Start(user + "forgetEngine " + kEngine + "\n");
+  ExpectOutcome(Recorded("sha", keys, "1,7"), Outcome::kAccepted);
+  // Such a count says that the engine can no longer tell messages apart.
+  ExpectOutcome(Recorded("sha", keys, "2147483647,7"), Outcome::kNotInTimeWindow);
+  EXPECT_EQ(traps_.size(), 4U);
+}
+
+TEST_F(Version3Test, WhatWasHeardIsKeptWithoutAnEnd) {
+  Start("createUser -e " + kEngine + " sha SHA auth-pass-phrase\n");
+  ExpectOutcome(Recorded("sha", Keys("SHA", "auth-pass-phrase"), "3,4"), Outcome::kAccepted);
+  EXPECT_TRUE(WaitUntil([&] { return Stored("heardEngine") == kEngine + " 3 4"; }));
 }
 
 TEST_F(Version3Test, EngineIdAndBootsCountPersist) {
@@ -146,6 +227,52 @@ TEST_F(Version3Test, EngineIdAndBootsCountPersist) {
       SendAs(SNMPINFORM, "carol", Keys("SHA", "a-new-auth-phrase", "AES", "a-new-priv-phrase")), 0);
   Stop();
   EXPECT_EQ(Stored("engineBoots"), "3");
+}
+
+TEST_F(Version3Test, BootsStopAtTheirHighestValue) {
+  for (const std::string stored : {"2147483645", "2147483646", "2147483647", "99999999999"}) {
+    fs::create_directories(folder_ / "state");
+    WriteFile(folder_ / "state" / "sentrel.conf",
+              "engineBoots " + stored + "\noldEngineID 0x8000000005060708\n");
+    Start();
+    Stop();
+    EXPECT_EQ(Stored("engineBoots"), stored == "2147483645" ? "2147483646" : "2147483647");
+    EXPECT_EQ(Stored("oldEngineID"), "0x8000000005060708");
+  }
+}
+
+TEST_F(Version3Test, RunThatCannotKeepItsBootsIsAnotherEngine) {
+  const fs::path file = folder_ / "state" / "sentrel.conf";
+  const std::string configuration = "createUser carol SHA auth-pass-phrase\n";
+  const auto discovery = [this] {
+    UdpSender sender(Listener().Port());
+    sender.Send(ReadFile(fs::path(CORPUS) / "v3-discovery"));
+    return QByteArray::fromStdString(sender.Answer()).toHex().toStdString();
+  };
+  Start(configuration);
+  const std::string answer = discovery();
+  Stop();
+  const std::string kept = State();
+  const std::string engine = Stored("oldEngineID").substr(2);
+  EXPECT_THAT(answer, testing::HasSubstr(engine));
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+
+  fs::permissions(file, fs::perms::owner_read);
+  Start(configuration);
+  EXPECT_THAT(discovery(), testing::Not(testing::HasSubstr(engine)));
+  EXPECT_EQ(SendAs(SNMPINFORM, "carol", Keys("SHA", "auth-pass-phrase")), 0);
+  Stop();
+  EXPECT_EQ(State(), kept);
+}
+
+TEST_F(Version3Test, ReportsAreFewHoweverManyAskForThem) {
+  Start();
+  const std::string question = ReadFile(fs::path(CORPUS) / "v3-discovery");
+  UdpSender sender(Listener().Port());
+  constexpr std::uint64_t kQuestions = 2'000;
+  for (std::uint64_t i = 0; i < kQuestions; ++i) sender.Send(question);
+  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == kQuestions; }));
+  EXPECT_THAT(sender.TakeAnswers(), testing::AllOf(testing::Gt(0U), testing::Lt(kQuestions / 2)));
 }
 
 TEST_F(Version3Test, FaultyConfigurationIsPassedOverWithoutAWord) {
