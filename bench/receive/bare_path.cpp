@@ -2,12 +2,13 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 
 namespace sentrel::bench {
 
 using namespace std::chrono_literals;
 
-BarePath::BarePath()
+BarePath::BarePath(const std::string& configuration)
     : state_(std::filesystem::temp_directory_path() / "sentrel-bench-state"),
       listener_({.port = 0,
                  .portHelper = "",
@@ -15,6 +16,8 @@ BarePath::BarePath()
                  .configurationPath = state_,
                  .queue = {}},
                 observer_, [this] { Wake(); }) {
+  std::filesystem::create_directories(state_);
+  std::ofstream(state_ / "sentrel.conf") << configuration;
   if (listener_.StartListening() != 0) std::abort();
   thread_ = std::thread([this] { Run(); });
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <mutex>
+#include <string>
 #include <thread>
 
 #include "snmp/net_snmp_listener.h"
@@ -15,7 +16,8 @@ namespace sentrel::bench {
 /// that only takes the traps off it.
 class BarePath {
  public:
-  BarePath();
+  /// With these lines in sentrel.conf.
+  explicit BarePath(const std::string& configuration = "");
   ~BarePath();
   BarePath(const BarePath&) = delete;
   BarePath& operator=(const BarePath&) = delete;
