@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+
+#include "snmp/ber.h"
+
+namespace sentrel {
+
+/// One binding of a list, as far as it holds to the rules (RFC 3416, section 3).
+struct Binding {
+  /// All of it.
+  ber::Element whole;
+  /// Any element: it may be no object identifier.
+  ber::Element name;
+  /// All behind the name, of which a good binding has one element.
+  ber::Bytes behindName;
+
+  /// Nothing where there is not one element behind the name.
+  std::optional<ber::Element> Value() const;
+};
+
+/// Cuts one binding off the front of a list. Nothing, and no change, where what stands there has no
+/// name.
+std::optional<Binding> TakeBinding(ber::Bytes& list);
+
+}  // namespace sentrel
