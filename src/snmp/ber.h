@@ -26,6 +26,7 @@ enum Tag : std::uint8_t {
   kCounter64 = 0x46,
   kUInteger32 = 0x47,
   kGetRequest = 0xA0,
+  kResponse = 0xA2,
   kTrapV1 = 0xA4,
   kInform = 0xA6,
   kTrapV2 = 0xA7,

@@ -12,15 +12,14 @@ struct Binding {
   ber::Element whole;
   /// Any element: it may be no object identifier.
   ber::Element name;
-  /// All behind the name, of which a good binding has one element.
   ber::Bytes behindName;
-
   /// Nothing where there is not one element behind the name.
-  std::optional<ber::Element> Value() const;
+  std::optional<ber::Element> value;
 };
 
 /// Cuts one binding off the front of a list. Nothing, and no change, where what stands there has no
-/// name.
+/// name. A binding of a wrong length is as long as its name and value, where the next one follows
+/// or the list ends behind them.
 std::optional<Binding> TakeBinding(ber::Bytes& list);
 
 }  // namespace sentrel

@@ -70,8 +70,7 @@ void PutBinding(const Binding& binding, const Place& place) {
   const bool named =
       binding.name.FirstTag() == ber::kOid && OidText(binding.name.content, place.id);
   if (!named) OddText(binding.name, place.id);
-  const auto value = binding.Value();
-  value ? PutValue(*value, place) : PutOdd(binding.whole, place);
+  binding.value ? PutValue(*binding.value, place) : PutOdd(binding.whole, place);
 }
 
 void PutRest(Bytes rest, const Place& place) {

@@ -20,7 +20,6 @@ using ber::Element;
 
 constexpr std::size_t kMostSubidentifiers = 128;
 constexpr std::uint64_t kHighestSubidentifier = std::numeric_limits<std::uint32_t>::max();
-constexpr std::uint8_t kMostUnusedBits = 7;
 
 // Second octets of the tags of numbers in an Opaque; the first is kLongTag.
 constexpr std::uint8_t kLongTag = 0x9F;
@@ -32,38 +31,37 @@ enum OpaqueNumber : std::uint8_t {
   kOpaqueUnsigned64 = 0x7B,
 };
 
-/// The octets as one number, extended by copies of its first bit.
-std::uint64_t Extended(Bytes octets) {
-  std::uint64_t number = octets[0] >= 0x80 ? ~std::uint64_t{0} : 0;
-  for (const std::uint8_t octet : octets) number = number << 8 | octet;
-  return number;
+/// The octets as one number, of which the last eight count.
+std::uint64_t Number(Bytes octets, std::uint64_t inFront = 0) {
+  for (const std::uint8_t octet : octets) inFront = inFront << 8 | octet;
+  return inFront;
 }
 
-template <typename Number>
-std::optional<Number> Signed(Bytes octets) {
+template <typename Type>
+std::optional<Type> Signed(Bytes octets) {
   if (octets.empty() || octets.size() > sizeof(std::int64_t)) return std::nullopt;
-  const auto number = static_cast<std::int64_t>(Extended(octets));
-  if (number != static_cast<Number>(number)) return std::nullopt;
-  return static_cast<Number>(number);
+  const std::uint64_t sign = octets[0] >= 0x80 ? ~std::uint64_t{0} : 0;
+  const auto number = static_cast<std::int64_t>(Number(octets, sign));
+  return number == static_cast<Type>(number) ? std::optional(static_cast<Type>(number))
+                                             : std::nullopt;
 }
 
-/// A number whose first bit is set is negative by the rules, and senders differ on what they mean
-/// by it. Where it has all octets of its type, both readings give the same number.
-template <typename Number>
-std::optional<Number> Unsigned(Bytes octets) {
-  if (octets.empty() || octets.size() > sizeof(std::uint64_t) + 1) return std::nullopt;
-  if (octets[0] >= 0x80 && octets.size() != sizeof(Number)) return std::nullopt;
-  if (octets.size() > sizeof(std::uint64_t) && octets[0] != 0) return std::nullopt;
-  const std::uint64_t number = Extended(octets);
-  const bool negative = octets[0] >= 0x80;
-  if (!negative && number > std::numeric_limits<Number>::max()) return std::nullopt;
-  return static_cast<Number>(number);
+/// A first bit that is set would make the number negative, but many senders leave out the octet
+/// that keeps it positive.
+template <typename Type>
+std::optional<Type> Unsigned(Bytes octets) {
+  constexpr std::size_t kMost = sizeof(std::uint64_t) + 1;
+  if (octets.empty() || octets.size() > kMost) return std::nullopt;
+  if (octets.size() == kMost && octets[0] != 0) return std::nullopt;
+  const std::uint64_t number = Number(octets);
+  return number <= std::numeric_limits<Type>::max() ? std::optional(static_cast<Type>(number))
+                                                    : std::nullopt;
 }
 
 /// Writes where the text is to stand: copying what has just been written takes longer than making
 /// it.
-template <typename Number>
-bool NumberText(std::optional<Number> number, std::string& text) {
+template <typename Type>
+bool NumberText(std::optional<Type> number, std::string& text) {
   constexpr std::size_t kLongestNumber = 32;
   if (!number) return false;
   text.resize(kLongestNumber);
@@ -71,10 +69,10 @@ bool NumberText(std::optional<Number> number, std::string& text) {
   return true;
 }
 
-template <typename Number, typename Bits>
-std::optional<Number> Floating(Bytes octets) {
-  if (octets.size() != sizeof(Number)) return std::nullopt;
-  return std::bit_cast<Number>(static_cast<Bits>(Extended(octets)));
+template <typename Type, typename Bits>
+std::optional<Type> Floating(Bytes octets) {
+  if (octets.size() != sizeof(Type)) return std::nullopt;
+  return std::bit_cast<Type>(static_cast<Bits>(Number(octets)));
 }
 
 bool WrappedNumberText(Bytes content, std::string& text) {
@@ -113,11 +111,6 @@ bool NullText(Bytes content, std::string& text) {
   return content.empty();
 }
 
-/// The first octet tells how many bits of the last one are unused (X.690, section 8.6).
-bool BitsText(Bytes content, std::string& text) {
-  return !content.empty() && content[0] <= kMostUnusedBits && OctetsText(content, text);
-}
-
 bool GoodText(const Element& value, std::string& text) {
   switch (value.FirstTag()) {
     case ber::kInteger:
@@ -129,13 +122,12 @@ bool GoodText(const Element& value, std::string& text) {
       return NumberText(Unsigned<std::uint32_t>(value.content), text);
     case ber::kCounter64:
       return NumberText(Unsigned<std::uint64_t>(value.content), text);
+    case ber::kBitString:
     case ber::kOctets:
     case ber::kNsapAddress:
       return OctetsText(value.content, text);
     case ber::kOpaque:
       return WrappedNumberText(value.content, text) || OctetsText(value.content, text);
-    case ber::kBitString:
-      return BitsText(value.content, text);
     case ber::kOid:
       return OidText(value.content, text);
     case ber::kIpAddress:

@@ -10,14 +10,13 @@ namespace sentrel {
 /// dotted, an Opaque float, double or 64-bit integer as a number, nothing for NULL, and octets as
 /// OctetText gives them.
 ///
-/// Returns false, and leaves an OddText, where the value breaks the rules of its type (X.690,
-/// RFC 2578), has a type that no variable can have, or a number of too few octets to tell whether
-/// it is negative.
+/// Returns false, and leaves an OddText, where the value does not fit its type (RFC 2578) or has a
+/// type that no variable can have.
 bool ValueText(const ber::Element& value, std::string& text);
 
 /// What a value is shown as that cannot be read: its tag and its octets, "tag 0x40: 0xC00002" or
 /// "tag 0x02: empty". Only values that are octets themselves can have the same text, and of those
-/// (OCTET STRING, Opaque, NsapAddress) none is odd.
+/// (OCTET STRING, BIT STRING, Opaque, NsapAddress) none is odd.
 void OddText(const ber::Element& value, std::string& text);
 
 /// Replaces the text by an object identifier in dotted decimal, without a leading dot. Returns

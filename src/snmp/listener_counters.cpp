@@ -5,14 +5,20 @@
 namespace sentrel {
 
 std::string_view OutcomeText(Outcome outcome) {
-  static constexpr std::array<std::string_view, kOutcomes> kTexts = {
-      "accepted",          "queue full",
-      "not SNMP",          "truncated",
-      "malformed",         "unsupported version",
-      "no notification",   "unknown engine",
-      "unknown user",      "unsupported security level",
-      "wrong digest",      "not decrypted",
-      "not in time window"};
+  static constexpr std::array<std::string_view, kOutcomes> kTexts = {"accepted",
+                                                                     "queue full",
+                                                                     "repeated",
+                                                                     "not SNMP",
+                                                                     "truncated",
+                                                                     "malformed",
+                                                                     "unsupported version",
+                                                                     "no notification",
+                                                                     "unknown engine",
+                                                                     "unknown user",
+                                                                     "unsupported security level",
+                                                                     "wrong digest",
+                                                                     "not decrypted",
+                                                                     "not in time window"};
   return kTexts[static_cast<std::size_t>(outcome)];
 }
 

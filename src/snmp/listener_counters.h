@@ -13,6 +13,8 @@ enum class Outcome : std::size_t {
   kAccepted,
   /// A good notification that found the queue full.
   kQueueFull,
+  /// An inform that was accepted before, and is answered again.
+  kRepeated,
   /// Does not begin as an SNMP message does.
   kNotSnmp,
   /// Shorter than the length that it declares.

@@ -7,9 +7,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <string>
 #include <utility>
 
-#include "snmp/plain_trap.h"
+#include "common/coarse_clock.h"
+#include "snmp/octet_text.h"
 #include "snmp/trap_conversion.h"
 
 namespace sentrel {
@@ -18,24 +20,6 @@ namespace {
 /// The library only asks whether its descriptor is ready: it neither reads nor writes it.
 constexpr int kToken = 0;
 constexpr unsigned kLargestMessage = 65'507;
-
-constexpr std::uint8_t kSequence = 0x30;
-
-/// What the outermost header tells (X.690, section 8.1.3): kAccepted where it fits the datagram.
-Outcome CheckFrame(std::span<const std::uint8_t> bytes) {
-  if (bytes.empty() || bytes[0] != kSequence) return Outcome::kNotSnmp;
-  if (bytes.size() < 2) return Outcome::kTruncated;
-  std::size_t length = bytes[1];
-  std::size_t header = 2;
-  if (length >= 0x80) {
-    const std::size_t count = length & 0x7F;
-    if (count == 0 || count > 4) return Outcome::kMalformed;
-    if (bytes.size() < header + count) return Outcome::kTruncated;
-    length = 0;
-    while (header < 2 + count) length = length << 8 | bytes[header++];
-  }
-  return length > bytes.size() - header ? Outcome::kTruncated : Outcome::kAccepted;
-}
 
 Outcome OutcomeOfError(int error) {
   switch (error) {
@@ -64,6 +48,20 @@ Outcome OutcomeOfError(int error) {
     default:
       return Outcome::kMalformed;
   }
+}
+
+std::string_view TextOf(ber::Bytes bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// Differs where the bindings do. No text of a value holds a NUL.
+std::string BindingsText(const Trap& trap) {
+  std::string text;
+  for (std::size_t i = 0; i < trap.OIDs.size(); ++i) {
+    text.append(trap.OIDs[i]).append(1, '\0').append(std::to_string(trap.DataTypes[i]));
+    text.append(1, '\0').append(trap.Values[i]).append(1, '\0');
+  }
+  return text;
 }
 
 bool IsNotification(const netsnmp_pdu& pdu) {
@@ -120,15 +118,44 @@ NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport
 }
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
-  if (TakePlainTrap(datagram, plain_)) {
-    return sink_(plain_) ? Outcome::kAccepted : Outcome::kQueueFull;
-  }
-  return ParseByLibrary(datagram);
+  MessageFrame frame;
+  const Outcome framed = ReadFrame(datagram.bytes, frame);
+  if (framed != Outcome::kAccepted) return framed;
+  if (frame.version == MessageFrame::kVersion3) return ParseVersion3(datagram);
+  CommunityMessage message;
+  const Outcome read = ReadCommunityMessage(frame, message);
+  return read == Outcome::kAccepted ? TakeCommunityMessage(message, datagram.peer) : read;
 }
 
-Outcome NotificationParser::ParseByLibrary(const Datagram& datagram) {
-  const Outcome frame = CheckFrame(datagram.bytes);
-  if (frame != Outcome::kAccepted) return frame;
+Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message,
+                                                 const Peer& peer) {
+  AssignTrap(message.pdu, peer, OctetText(message.community), trap_);
+  if (!message.pdu.IsInform()) return HandOn(trap_);
+  const InformIdentity identity{.peer = peer,
+                                .engine = {},
+                                .user = TextOf(message.community),
+                                .requestId = TextOf(message.pdu.requestId),
+                                .bindings = TextOf(message.pdu.bindings)};
+  const Outcome outcome = HandOnOnce(identity, trap_);
+  const bool answered = outcome != Outcome::kQueueFull && reply_(peer, ResponseTo(message));
+  if (answered) ++answeredInforms_;
+  return outcome;
+}
+
+Outcome NotificationParser::HandOn(ArrivedTrap& trap) {
+  return sink_(trap) ? Outcome::kAccepted : Outcome::kQueueFull;
+}
+
+Outcome NotificationParser::HandOnOnce(const InformIdentity& inform, ArrivedTrap& trap) {
+  const auto digest = informs_.DigestOf(inform);
+  const auto now = CoarseClock::now();
+  if (digest && informs_.Has(*digest, now)) return Outcome::kRepeated;
+  const Outcome outcome = HandOn(trap);
+  if (digest && outcome == Outcome::kAccepted) informs_.Add(*digest, now);
+  return outcome;
+}
+
+Outcome NotificationParser::ParseVersion3(const Datagram& datagram) {
   current_ = &datagram;
   outcome_ = Outcome::kMalformed;
   netsnmp_large_fd_setfd(kToken, &ready_);
@@ -176,10 +203,19 @@ int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, 
 }
 
 Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
-  ArrivedTrap trap = ToTrap(pdu, current_->peer);
-  if (!sink_(trap)) return Outcome::kQueueFull;
-  if (pdu.command == SNMP_MSG_INFORM) Acknowledge(pdu);
-  return Outcome::kAccepted;
+  Trap read = ToTrap(pdu, current_->peer);
+  const std::string bindings = BindingsText(read);
+  ArrivedTrap trap(std::move(read));
+  if (pdu.command != SNMP_MSG_INFORM) return HandOn(trap);
+  const std::string requestId = std::to_string(pdu.reqid);
+  const InformIdentity identity{.peer = current_->peer,
+                                .engine = TextOf({pdu.contextEngineID, pdu.contextEngineIDLen}),
+                                .user = {pdu.securityName, pdu.securityNameLen},
+                                .requestId = requestId,
+                                .bindings = bindings};
+  const Outcome outcome = HandOnOnce(identity, trap);
+  if (outcome != Outcome::kQueueFull) Acknowledge(pdu);
+  return outcome;
 }
 
 void NotificationParser::Acknowledge(netsnmp_pdu& inform) {
