@@ -15,6 +15,8 @@
 namespace sentrel {
 namespace {
 
+using namespace std::string_literals;
+
 constexpr char kName[] = "sentrel";
 /// RFC 3411, section 5.
 constexpr std::size_t kLongestEngineId = 32;
@@ -40,12 +42,50 @@ std::string TakeEngineId(const char*& line) {
   return {buffer.begin(), buffer.begin() + length};
 }
 
-/// The library adds one, without a look at the end of the numbers.
-void ReadBoots(const char* word, char* line) {
-  const long boots = std::strtol(line, nullptr, 10);
-  const long highest = EngineClocks::kMostBoots - 1;
-  std::string kept = std::to_string(boots < 0 ? highest : std::min(boots, highest));
-  engineBoots_conf(word, kept.data());
+std::string& KeptEngineId() {
+  static std::string id;
+  return id;
+}
+
+void ReadEngineId(const char*, char* line) {
+  const char* rest = line;
+  KeptEngineId() = TakeEngineId(rest);
+}
+
+void SetEngineId(const std::string& id) {
+  set_exact_engineID(reinterpret_cast<const u_char*>(id.data()), id.size());
+}
+
+/// In the SNMP library's own form (RFC 3411, section 5: its enterprise, then a format of its own).
+std::string ChanceEngineId() {
+  std::string id = "\x80\x00\x1F\x88\x80"s;
+  std::random_device random;
+  while (id.size() < 17) id += static_cast<char>(random());
+  return id;
+}
+
+/// The library would make its own ID, which in a process that had another is not always unique.
+int SetUpEngineId(int, int, void*, void*) {
+  const bool isConfigured = !OwnEngineId().empty();
+  if (!isConfigured) SetEngineId(KeptEngineId().empty() ? ChanceEngineId() : KeptEngineId());
+  return SNMPERR_SUCCESS;
+}
+
+/// 0 where none was kept.
+long& KeptBoots() {
+  static long boots;
+  return boots;
+}
+
+void ReadBoots(const char*, char* line) {
+  KeptBoots() = std::strtol(line, nullptr, 10);
+}
+
+/// The library checks the time window of informs by it.
+void TellOwnTime() {
+  const std::string id = OwnEngineId();
+  set_enginetime(reinterpret_cast<const u_char*>(id.data()), static_cast<u_int>(id.size()),
+                 snmpv3_local_snmpEngineBoots(), snmpv3_local_snmpEngineTime(), 1);
 }
 
 void ReadHeard(const char*, char* line) {
@@ -98,6 +138,9 @@ std::string UserLine(const usmUser& user) {
 void ReadKeptState() {
   Heard().clear();
   Forgotten().clear();
+  KeptEngineId().clear();
+  KeptBoots() = 0;
+  register_prenetsnmp_mib_handler(kName, "oldEngineID", ReadEngineId, nullptr, nullptr);
   register_config_handler(kName, "engineBoots", ReadBoots, nullptr, nullptr);
   register_config_handler(kName, "heardEngine", ReadHeard, nullptr, nullptr);
   register_config_handler(kName, "forgetEngine", ReadForgotten, nullptr, nullptr);
@@ -115,14 +158,23 @@ std::string OwnEngineId() {
   return id;
 }
 
+void SetUpEngineIdAfterReading() {
+  snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_POST_PREMIB_READ_CONFIG,
+                         SetUpEngineId, nullptr);
+}
+
+void ContinueBoots() {
+  if (KeptEngineId() != OwnEngineId()) return;
+  // The library adds one, without a look at the end of the numbers.
+  constexpr long kHighest = EngineClocks::kMostBoots - 1;
+  std::string kept = std::to_string(std::clamp(KeptBoots(), 0L, kHighest));
+  engineBoots_conf("engineBoots", kept.data());
+  TellOwnTime();
+}
+
 void TakeEngineIdOfThisRun() {
-  // The SNMP library's own form (RFC 3411, section 5: its enterprise, then a format of its own).
-  std::array<u_char, 17> id = {0x80, 0x00, 0x1F, 0x88, 0x80};
-  std::random_device random;
-  std::generate(id.begin() + 5, id.end(), [&] { return static_cast<u_char>(random()); });
-  set_exact_engineID(id.data(), id.size());
-  set_enginetime(id.data(), id.size(), snmpv3_local_snmpEngineBoots(),
-                 snmpv3_local_snmpEngineTime(), 1);
+  SetEngineId(ChanceEngineId());
+  TellOwnTime();
 }
 
 std::string EngineLines() {

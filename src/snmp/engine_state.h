@@ -10,10 +10,15 @@ namespace sentrel {
 /// Engines by their IDs, and the newest moment that each has told.
 using HeardEngines = std::map<EngineClocks::EngineId, EngineMoment>;
 
-/// Makes the SNMP library read what an earlier run has kept: the boots count, to which it adds one
-/// up to its highest value (RFC 3414, section 2.2.2), and heardEngine lines. For the moment when
-/// the library has registered its own words and has yet to read a file.
+/// Makes the SNMP library read what an earlier run has kept: engine ID, boots count and heardEngine
+/// lines. For the moment when the library has registered its own words and has yet to read a file.
 void ReadKeptState();
+/// Gives the engine its ID when the files have been read: the one that an administrator has set,
+/// else the one that was kept, else one of chance. For the moment before the library is set up.
+void SetUpEngineIdAfterReading();
+/// Counts one boot more than the engine of this ID had, up to the highest value (RFC 3414, section
+/// 2.2.2). For the moment when the library is set up.
+void ContinueBoots();
 /// What was read, less the engines that forgetEngine lines name.
 HeardEngines HeardBefore();
 

@@ -7,10 +7,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <string>
 #include <utility>
 
-#include "snmp/plain_trap.h"
-#include "snmp/trap_conversion.h"
+#include "common/coarse_clock.h"
+#include "snmp/octet_text.h"
 
 namespace sentrel {
 namespace {
@@ -18,24 +19,6 @@ namespace {
 /// The library only asks whether its descriptor is ready: it neither reads nor writes it.
 constexpr int kToken = 0;
 constexpr unsigned kLargestMessage = 65'507;
-
-constexpr std::uint8_t kSequence = 0x30;
-
-/// What the outermost header tells (X.690, section 8.1.3): kAccepted where it fits the datagram.
-Outcome CheckFrame(std::span<const std::uint8_t> bytes) {
-  if (bytes.empty() || bytes[0] != kSequence) return Outcome::kNotSnmp;
-  if (bytes.size() < 2) return Outcome::kTruncated;
-  std::size_t length = bytes[1];
-  std::size_t header = 2;
-  if (length >= 0x80) {
-    const std::size_t count = length & 0x7F;
-    if (count == 0 || count > 4) return Outcome::kMalformed;
-    if (bytes.size() < header + count) return Outcome::kTruncated;
-    length = 0;
-    while (header < 2 + count) length = length << 8 | bytes[header++];
-  }
-  return length > bytes.size() - header ? Outcome::kTruncated : Outcome::kAccepted;
-}
 
 Outcome OutcomeOfError(int error) {
   switch (error) {
@@ -66,9 +49,16 @@ Outcome OutcomeOfError(int error) {
   }
 }
 
+std::string_view TextOf(ber::Bytes bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+ber::Bytes BytesOf(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
 bool IsNotification(const netsnmp_pdu& pdu) {
-  return pdu.command == SNMP_MSG_TRAP || pdu.command == SNMP_MSG_TRAP2 ||
-         pdu.command == SNMP_MSG_INFORM;
+  return pdu.command == SNMP_MSG_TRAP2 || pdu.command == SNMP_MSG_INFORM;
 }
 
 /// The socket is not the library's.
@@ -120,15 +110,44 @@ NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport
 }
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
-  if (TakePlainTrap(datagram, plain_)) {
-    return sink_(plain_) ? Outcome::kAccepted : Outcome::kQueueFull;
-  }
-  return ParseByLibrary(datagram);
+  MessageFrame frame;
+  const Outcome framed = ReadFrame(datagram.bytes, frame);
+  if (framed != Outcome::kAccepted) return framed;
+  if (frame.version == MessageFrame::kVersion3) return ParseVersion3(datagram);
+  CommunityMessage message;
+  const Outcome read = ReadCommunityMessage(frame, message);
+  return read == Outcome::kAccepted ? TakeCommunityMessage(message, datagram.peer) : read;
 }
 
-Outcome NotificationParser::ParseByLibrary(const Datagram& datagram) {
-  const Outcome frame = CheckFrame(datagram.bytes);
-  if (frame != Outcome::kAccepted) return frame;
+Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message,
+                                                 const Peer& peer) {
+  AssignTrap(message.pdu, peer, OctetText(message.community), trap_);
+  if (!message.pdu.IsInform()) return HandOn(trap_);
+  const InformIdentity identity{.peer = peer,
+                                .engine = {},
+                                .user = TextOf(message.community),
+                                .requestId = TextOf(message.pdu.requestId),
+                                .bindings = TextOf(message.pdu.bindings)};
+  const Outcome outcome = HandOnOnce(identity, trap_);
+  const bool answered = outcome != Outcome::kQueueFull && reply_(peer, ResponseTo(message));
+  if (answered) ++answeredInforms_;
+  return outcome;
+}
+
+Outcome NotificationParser::HandOn(ArrivedTrap& trap) {
+  return sink_(trap) ? Outcome::kAccepted : Outcome::kQueueFull;
+}
+
+Outcome NotificationParser::HandOnOnce(const InformIdentity& inform, ArrivedTrap& trap) {
+  const auto digest = informs_.DigestOf(inform);
+  const auto now = CoarseClock::now();
+  if (digest && informs_.Has(*digest, now)) return Outcome::kRepeated;
+  const Outcome outcome = HandOn(trap);
+  if (digest && outcome == Outcome::kAccepted) informs_.Add(*digest, now);
+  return outcome;
+}
+
+Outcome NotificationParser::ParseVersion3(const Datagram& datagram) {
   current_ = &datagram;
   outcome_ = Outcome::kMalformed;
   guard_.Expect(datagram.peer);
@@ -177,12 +196,23 @@ int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, 
 }
 
 Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
-  const bool repeated = guard_.IsRepeated();
-  ArrivedTrap trap = ToTrap(pdu, current_->peer);
-  if (!repeated && !sink_(trap)) return Outcome::kQueueFull;
+  const auto read = ReadPdu(guard_.Pdu());
+  if (!read) return Outcome::kMalformed;
+  const std::string_view user(pdu.securityName, pdu.securityNameLen);
+  AssignTrap(*read, current_->peer, OctetText(BytesOf(user)), trap_);
+  const InformIdentity identity{.peer = current_->peer,
+                                .engine = TextOf({pdu.contextEngineID, pdu.contextEngineIDLen}),
+                                .user = user,
+                                .requestId = TextOf(read->requestId),
+                                .bindings = TextOf(read->bindings)};
+  Outcome outcome = Outcome::kRepeated;
+  if (!guard_.IsRepeated()) {
+    outcome = read->IsInform() ? HandOnOnce(identity, trap_) : HandOn(trap_);
+  }
+  if (outcome == Outcome::kQueueFull) return outcome;
   guard_.Take();
-  if (pdu.command == SNMP_MSG_INFORM) Acknowledge(pdu);
-  return repeated ? Outcome::kRepeated : Outcome::kAccepted;
+  if (read->IsInform()) Acknowledge(pdu);
+  return outcome;
 }
 
 void NotificationParser::Acknowledge(netsnmp_pdu& inform) {

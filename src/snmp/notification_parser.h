@@ -5,16 +5,19 @@
 #include <span>
 
 #include "platform/arrived_trap.h"
+#include "snmp/community_message.h"
 #include "snmp/datagram.h"
 #include "snmp/listener_counters.h"
 #include "snmp/net_snmp.h"
+#include "snmp/repeated_informs.h"
 #include "snmp/version3_guard.h"
 
 namespace sentrel {
 
-/// Turns datagrams into traps: plain ones by TakePlainTrap, all others with the SNMP library's own
-/// engine, which decodes, authenticates, decrypts, answers informs and engine discovery. Belongs to
-/// one thread; needs a living SnmpLibrary.
+/// Turns datagrams into traps, and answers informs: of versions 1 and 2c by itself, of version 3
+/// with the SNMP library's engine, which authenticates, decrypts and answers engine discovery. An
+/// inform that is sent again is answered again and handed on once. Belongs to one thread; needs a
+/// living SnmpLibrary.
 class NotificationParser {
  public:
   /// Takes a notification, leaving any other trap in its place, and returns true; or leaves it and
@@ -30,10 +33,7 @@ class NotificationParser {
   NotificationParser(const NotificationParser&) = delete;
   NotificationParser& operator=(const NotificationParser&) = delete;
 
-  /// A plain trap is read without the library's help.
   Outcome Parse(const Datagram& datagram);
-  /// The library's own reading of any message, which Parse must agree with.
-  Outcome ParseByLibrary(const Datagram& datagram);
 
   std::uint64_t AnsweredInforms() const { return answeredInforms_; }
 
@@ -53,7 +53,12 @@ class NotificationParser {
                        void* parser);
 
   netsnmp_transport* MakeTransport();
+  Outcome TakeCommunityMessage(const CommunityMessage& message, const Peer& peer);
+  Outcome ParseVersion3(const Datagram& datagram);
   Outcome Handle(netsnmp_pdu& pdu);
+  Outcome HandOn(ArrivedTrap& trap);
+  /// Whatever comes of it but kQueueFull, the inform is to be answered.
+  Outcome HandOnOnce(const InformIdentity& inform, ArrivedTrap& trap);
   void Acknowledge(netsnmp_pdu& inform);
 
   Version3Guard& guard_;
@@ -63,7 +68,8 @@ class NotificationParser {
   void* session_ = nullptr;
   netsnmp_large_fd_set ready_;
   const Datagram* current_ = nullptr;
-  ArrivedTrap plain_;
+  ArrivedTrap trap_;
+  RepeatedInforms informs_;
   Outcome outcome_ = Outcome::kMalformed;
   std::uint64_t answeredInforms_ = 0;
 };

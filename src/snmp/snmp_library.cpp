@@ -109,8 +109,10 @@ SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& conf
   AuthUserLines().clear();
   snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_PRE_PREMIB_READ_CONFIG, RegisterWords,
                          nullptr);
+  SetUpEngineIdAfterReading();
   init_usm_conf(kName);
   init_snmp(kName);
+  ContinueBoots();
   unregister_sec_mod(kTransportSecurityModel);
   // Nobody asks a receiver of traps which engines it knows (RFC 5343).
   Set(NETSNMP_DS_LIB_NO_DISCOVERY, true);

@@ -4,6 +4,9 @@
 #include <string_view>
 #include <utility>
 
+#include "snmp/ber.h"
+#include "snmp/odd_values.h"
+
 namespace sentrel {
 namespace {
 
@@ -60,6 +63,7 @@ void Version3Guard::Expect(const Peer& peer) {
   refusal_.reset();
   repeated_ = false;
   authentic_.reset();
+  pdu_.clear();
 }
 
 int Version3Guard::Decode(snmp_secmod_incoming_params* message) {
@@ -90,6 +94,7 @@ int Version3Guard::Check(snmp_secmod_incoming_params& message) {
   if (!SaysTheSame(message, *parameters)) {
     return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
   }
+  KeepPdu(message);
   if (message.secLevel == SNMP_SEC_LEVEL_NOAUTH) return SNMPERR_SUCCESS;
   authentic_ = std::move(parameters);
   return CheckFreshness();
@@ -107,6 +112,17 @@ int Version3Guard::CheckSender(const UsmParameters& parameters, int level) {
     return Refuse(Outcome::kLevelTooLow, SNMPERR_USM_UNSUPPORTEDSECURITYLEVEL);
   }
   return SNMPERR_SUCCESS;
+}
+
+void Version3Guard::KeepPdu(const snmp_secmod_incoming_params& message) {
+  ber::Bytes bytes(*message.scopedPdu, *message.scopedPduLen);
+  auto scoped = ber::TakeContent(ber::kSequence, bytes);
+  const bool isScoped =
+      scoped && ber::TakeContent(ber::kOctets, *scoped) && ber::TakeContent(ber::kOctets, *scoped);
+  if (!isScoped) return;
+  pdu_.assign(scoped->begin(), scoped->end());
+  u_char* const begin = *message.scopedPdu + (scoped->data() - *message.scopedPdu);
+  NeutralizeOddValues({begin, scoped->size()});
 }
 
 int Version3Guard::CheckFreshness() {

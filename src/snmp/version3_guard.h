@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "snmp/datagram.h"
@@ -41,6 +42,10 @@ class Version3Guard {
   std::optional<Outcome> Refusal() const { return refusal_; }
   /// Whether the very message was taken before: an inform whose answer was lost, or a recording.
   bool IsRepeated() const { return repeated_; }
+  /// The PDU of the message that the library has read, in clear, with bytes of no meaning behind
+  /// it. The library itself gets one in which odd values are replaced (NeutralizeOddValues): it
+  /// would refuse the whole message for one of them, and answers informs.
+  std::span<const std::uint8_t> Pdu() const { return pdu_; }
   /// The message that the library has read is taken. It will not be fresh again.
   void Take();
 
@@ -53,6 +58,7 @@ class Version3Guard {
   int Check(snmp_secmod_incoming_params& message);
   int CheckSender(const UsmParameters& parameters, int level);
   int CheckFreshness();
+  void KeepPdu(const snmp_secmod_incoming_params& message);
   int Refuse(Outcome outcome, int error);
 
   static Version3Guard* current_;
@@ -70,6 +76,7 @@ class Version3Guard {
   /// Where its digest has been found right.
   std::optional<UsmParameters> authentic_;
   std::vector<std::uint8_t> digest_;
+  std::vector<std::uint8_t> pdu_;
 };
 
 }  // namespace sentrel

@@ -64,7 +64,6 @@ TEST_F(ExtremeTrapTest, ALongerOidHarmsNoOtherTrap) {
 TEST_F(ExtremeTrapTest, EveryInformOfAFloodIsAnsweredWhileTheLoopTurns) {
   constexpr std::size_t kInforms = 5000;
   constexpr std::size_t kAhead = 100;
-  const std::string inform = AsInform(NotificationBytes("flood", {}, {}), "flood");
   const UdpSender sender(Listener().Port());
   std::size_t answers = 0;
   const auto answered = [&](std::size_t count) {
@@ -72,7 +71,7 @@ TEST_F(ExtremeTrapTest, EveryInformOfAFloodIsAnsweredWhileTheLoopTurns) {
     return answers >= count;
   };
   for (std::size_t sent = 1; sent <= kInforms; ++sent) {
-    sender.Send(inform);
+    sender.Send(AsInform(NotificationBytes("flood", {}, {}), "flood"));
     ASSERT_TRUE(WaitUntil([&] { return answered(std::max(sent, kAhead) - kAhead); }));
   }
   EXPECT_TRUE(WaitUntil([&] { return answered(kInforms); }));

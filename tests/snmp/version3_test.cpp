@@ -197,6 +197,22 @@ TEST_F(Version3Test, RecordedMessageMakesNoSecondRow) {
   EXPECT_EQ(traps_.size(), 4U);
 }
 
+TEST_F(Version3Test, OddValueCostsNoMessage) {
+  Start("createUser -e " + kEngine + " plain\n");
+  std::string trap = Recorded("plain", Keys(), "1,1");
+  trap[trap.find(
+      "\x04\x0a"
+      "from plain")] = '\x48';
+  ExpectOutcome(trap, Outcome::kAccepted);
+  std::string inform = trap;
+  inform[inform.find('\xA7')] = '\xA6';
+  ExpectOutcome(inform, Outcome::kAccepted);
+  EXPECT_EQ(Listener().Counters().answeredInforms, 1U);
+  ASSERT_TRUE(WaitForTraps(2));
+  for (const Trap& shown : traps_)
+    EXPECT_THAT(shown.Values.back(), testing::StartsWith("tag 0x48"));
+}
+
 TEST_F(Version3Test, WhatWasHeardIsKeptWithoutAnEnd) {
   Start("createUser -e " + kEngine + " sha SHA auth-pass-phrase\n");
   ExpectOutcome(Recorded("sha", Keys("SHA", "auth-pass-phrase"), "3,4"), Outcome::kAccepted);

@@ -1,12 +1,12 @@
-#include "snmp/trap_conversion.h"
+#include "oracle/trap_conversion.h"
 
 #include <algorithm>
 #include <string>
 #include <utility>
 
+#include "oracle/value_text.h"
 #include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
-#include "snmp/value_text.h"
 
 namespace sentrel {
 namespace {

@@ -1,4 +1,4 @@
-#include "snmp/value_text.h"
+#include "oracle/value_text.h"
 
 #include <array>
 #include <charconv>

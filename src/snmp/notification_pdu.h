@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "platform/arrived_trap.h"
+#include "snmp/ber.h"
+#include "snmp/datagram.h"
+
+namespace sentrel {
+
+/// A notification of any SNMP version as it stands in its message, without what is around it.
+/// Points into the bytes that it was read from.
+struct NotificationPdu {
+  /// ber::kTrapV1, ber::kInform or ber::kTrapV2.
+  std::uint8_t tag;
+  // What the numbers of an inform or a version 2 trap hold, of any length; empty in version 1.
+  ber::Bytes requestId;
+  ber::Bytes errorStatus;
+  ber::Bytes errorIndex;
+  /// The content of the list of bindings; all of the PDU's in version 1.
+  ber::Bytes bindings;
+
+  bool IsInform() const { return tag == ber::kInform; }
+};
+
+/// Takes the bytes of a PDU, beginning with its tag; more may follow. Nothing where they are no
+/// notification, or its parts do not fit into it. Whatever the values are, none stands in the way:
+/// they are not looked at.
+std::optional<NotificationPdu> ReadPdu(std::span<const std::uint8_t> pdu);
+
+/// Makes the trap of a notification, using its memory again. The community is a text already; the
+/// security name in version 3.
+void AssignTrap(const NotificationPdu& pdu, const Peer& peer, std::string_view community,
+                ArrivedTrap& trap);
+
+}  // namespace sentrel
