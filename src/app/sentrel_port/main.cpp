@@ -1,7 +1,7 @@
 // sentrel-port: binds UDP port 162 and hands the socket to the program that started it. It takes
 // no arguments and reads no environment, because it is the one program that is given the right to
-// open the port (cap_net_bind_service). Whatever its starter arranges, it waits for nothing while it
-// has the port.
+// open the port (cap_net_bind_service). Whatever its starter arranges, it waits for nothing while
+// it has the port.
 
 #include <sys/socket.h>
 #include <unistd.h>
