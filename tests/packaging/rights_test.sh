@@ -9,6 +9,7 @@ for tool in addgroup cpack debconf-set-selections dpkg dpkg-reconfigure setcap s
   command -v $tool >/dev/null || { echo "There is no $tool here."; exit 77; }
 done
 if [ "${IN_OWN_SYSTEM:-}" != yes ]; then
+  unshare --mount --net true 2>/dev/null || { echo "No system of its own here."; exit 77; }
   IN_OWN_SYSTEM=yes exec unshare --mount --net "$0" "$@"
 fi
 
