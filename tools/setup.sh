@@ -31,11 +31,15 @@ build() {
   cmake --build --preset "$preset" --target "$@"
 }
 
-# let_helper_open_port HELPER: gives the helper the right to open port 162. Root needs no helper.
+# let_helper_open_port HELPER: gives the helper of a build tree the right to open port 162, for this
+# user alone and at once. Each build of the helper takes the right away. Root needs no helper.
 let_helper_open_port() {
   [ "$(id -u)" -ne 0 ] || return 0
   [ "$(cat /proc/sys/net/ipv4/ip_unprivileged_port_start)" -gt 162 ] || return 0
+  # Before the right is given, and also where an earlier run has given it to everyone.
+  chmod 700 "$1"
   /usr/sbin/getcap "$1" | grep -q cap_net_bind_service && return 0
-  say "Giving $1 the right to open UDP port 162."
-  as_root /usr/sbin/setcap cap_net_bind_service=ep "$1"
+  say "Giving $1 the right to open UDP port 162, for $(id -un) alone."
+  as_root /usr/sbin/setcap cap_net_bind_service=ep "$1" ||
+    say "That cannot be done here: Sentrel tells you what to do."
 }

@@ -17,7 +17,7 @@ class TrapObserver {
   virtual void OnTrap(const ArrivedTrap& trap) = 0;
 };
 
-/// Why reception could not be enabled, in two sentences for people.
+/// Why reception could not be enabled, for people. Lines are parted by CR LF.
 struct ListenFailure {
   /// What stands in the way: "UDP port 162 is in use by snmptrapd (process 812)."
   std::string reason;

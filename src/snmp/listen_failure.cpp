@@ -8,22 +8,10 @@
 #include <system_error>
 
 #include "snmp/port_holder.h"
+#include "snmp/port_permission.h"
 
 namespace sentrel {
 namespace {
-
-/// In single quotes, as a shell takes it literally.
-std::string Quoted(const std::string& path) {
-  std::string quoted = "'";
-  for (const char c : path) {
-    if (c == '\'') {
-      quoted += "'\\''";
-    } else {
-      quoted += c;
-    }
-  }
-  return quoted + "'";
-}
 
 std::string OwnName() {
   std::ifstream file("/proc/self/comm");
@@ -60,16 +48,6 @@ ListenFailure InUse(std::uint16_t port) {
           fmt::format("Find the program with: sudo ss -lunp 'sport = :{}' and end it.", port)};
 }
 
-ListenFailure NotPermitted(std::uint16_t port, const std::string& helper) {
-  std::string reason = fmt::format("This user may not open UDP port {} (permission denied).", port);
-  if (helper.empty() || access(helper.c_str(), X_OK) != 0) {
-    return {reason, "Start the program with sudo."};
-  }
-  return {reason, fmt::format("Give its helper the right to open the port, once, with: "
-                              "sudo setcap cap_net_bind_service=+ep {}",
-                              Quoted(helper))};
-}
-
 }  // namespace
 
 ListenFailure ExplainListenFailure(int error, std::uint16_t port, const std::string& helper) {
@@ -78,7 +56,8 @@ ListenFailure ExplainListenFailure(int error, std::uint16_t port, const std::str
       return InUse(port);
     case EACCES:
     case EPERM:
-      return NotPermitted(port, helper);
+      return {fmt::format("This user may not open UDP port {} (permission denied).", port),
+              HowToBeLetIn(helper, ThisUser())};
     default:
       return {fmt::format("UDP port {} cannot be opened: {}.", port,
                           std::generic_category().message(error)),

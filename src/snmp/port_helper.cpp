@@ -31,31 +31,8 @@ int Spawn(const std::string& helper, int channel, pid_t& process) {
   return error;
 }
 
-/// The descriptor that comes over the channel, or -1.
-int TakeSocket(int channel) {
-  setsockopt(channel, SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-  char byte = 0;
-  iovec data{&byte, 1};
-  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
-  msghdr message{};
-  message.msg_iov = &data;
-  message.msg_iovlen = 1;
-  message.msg_control = control.data();
-  message.msg_controllen = control.size();
-  if (recvmsg(channel, &message, MSG_CMSG_CLOEXEC) != 1) return -1;
-  const cmsghdr* header = CMSG_FIRSTHDR(&message);
-  if (header == nullptr || header->cmsg_level != SOL_SOCKET || header->cmsg_type != SCM_RIGHTS ||
-      header->cmsg_len != CMSG_LEN(sizeof(int))) {
-    return -1;
-  }
-  int socket = -1;
-  std::memcpy(&socket, CMSG_DATA(header), sizeof socket);
-  return socket;
-}
-
-int ErrorOfExit(int status) {
-  if (!WIFEXITED(status)) return EIO;
-  switch (WEXITSTATUS(status)) {
+int ErrorOf(char result) {
+  switch (result) {
     case kPortNotPermitted:
       return EACCES;
     case kPortInUse:
@@ -63,6 +40,38 @@ int ErrorOfExit(int status) {
     default:
       return EIO;
   }
+}
+
+/// The descriptor that comes with a message, or -1.
+int DescriptorIn(const msghdr& message) {
+  const cmsghdr* header = CMSG_FIRSTHDR(&message);
+  if (header == nullptr || header->cmsg_level != SOL_SOCKET || header->cmsg_type != SCM_RIGHTS ||
+      header->cmsg_len != CMSG_LEN(sizeof(int))) {
+    return -1;
+  }
+  int descriptor = -1;
+  std::memcpy(&descriptor, CMSG_DATA(header), sizeof descriptor);
+  return descriptor;
+}
+
+/// What the helper says: the socket or a negative errno. Its exit code says the same, but is not to
+/// be had where this program was started with SIGCHLD ignored.
+int TakeSocket(int channel) {
+  setsockopt(channel, SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+  char result = 0;
+  iovec data{&result, 1};
+  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
+  msghdr message{};
+  message.msg_iov = &data;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  ssize_t received = 0;
+  do {
+    received = recvmsg(channel, &message, MSG_CMSG_CLOEXEC);
+  } while (received < 0 && errno == EINTR);
+  const int socket = received == 1 ? DescriptorIn(message) : -1;
+  return socket >= 0 ? socket : -ErrorOf(result);
 }
 
 }  // namespace
@@ -83,10 +92,9 @@ int SocketFromPortHelper(const std::string& helper) {
   const int socket = TakeSocket(pair[0]);
   close(pair[0]);
   if (socket < 0) kill(process, SIGKILL);
-  int status = 0;
-  while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+  while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
   }
-  return socket >= 0 ? socket : -ErrorOfExit(status);
+  return socket;
 }
 
 }  // namespace sentrel

@@ -5,13 +5,15 @@
 namespace sentrel {
 
 /// The agreement between the listener and sentrel-port, the small program that alone may have the
-/// right to open port 162. The helper finds a Unix socket at this descriptor, sends the bound
-/// socket over it (SCM_RIGHTS) and ends.
+/// right to open port 162. The helper finds a Unix socket at this descriptor, sends one byte over
+/// it, which is a PortHelperResult, and with kPortHandedOver the bound socket (SCM_RIGHTS); then it
+/// ends with the result as its exit code. It never waits: what the channel does not take at once is
+/// not sent.
 inline constexpr int kPortHelperChannel = 3;
 
-/// How the helper ends.
-enum PortHelperExit : int {
+enum PortHelperResult : char {
   kPortHandedOver = 0,
+  /// Started by hand: nothing is sent.
   kPortHelperMisused = 1,
   kPortNotPermitted = 2,
   kPortInUse = 3,

@@ -1,8 +1,10 @@
 // sentrel-port: binds UDP port 162 and hands the socket to the program that started it. It takes
 // no arguments and reads no environment, because it is the one program that is given the right to
-// open the port (cap_net_bind_service).
+// open the port (cap_net_bind_service). Whatever its starter arranges, it waits for nothing while
+// it has the port.
 
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -20,30 +22,41 @@ bool IsUnixSocket(int descriptor) {
   return getsockopt(descriptor, SOL_SOCKET, SO_DOMAIN, &domain, &length) == 0 && domain == AF_UNIX;
 }
 
-bool HandOver(int socket, int channel) {
-  char byte = 0;
+PortHelperResult ResultOf(int socket) {
+  if (socket == -EACCES) return kPortNotPermitted;
+  if (socket == -EADDRINUSE) return kPortInUse;
+  return socket < 0 ? kPortNotBound : kPortHandedOver;
+}
+
+/// Does not wait for a channel that is full, which would keep the port from everyone.
+bool Send(PortHelperResult result, int socket) {
+  char byte = result;
   iovec data{&byte, 1};
   alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
   msghdr message{};
   message.msg_iov = &data;
   message.msg_iovlen = 1;
-  message.msg_control = control.data();
-  message.msg_controllen = control.size();
-  cmsghdr* header = CMSG_FIRSTHDR(&message);
-  header->cmsg_level = SOL_SOCKET;
-  header->cmsg_type = SCM_RIGHTS;
-  header->cmsg_len = CMSG_LEN(sizeof(int));
-  std::memcpy(CMSG_DATA(header), &socket, sizeof socket);
-  return sendmsg(channel, &message, MSG_NOSIGNAL) == 1;
+  if (socket >= 0) {
+    message.msg_control = control.data();
+    message.msg_controllen = control.size();
+    cmsghdr* header = CMSG_FIRSTHDR(&message);
+    header->cmsg_level = SOL_SOCKET;
+    header->cmsg_type = SCM_RIGHTS;
+    header->cmsg_len = CMSG_LEN(sizeof(int));
+    std::memcpy(CMSG_DATA(header), &socket, sizeof socket);
+  }
+  return sendmsg(kPortHelperChannel, &message, MSG_NOSIGNAL | MSG_DONTWAIT) == 1;
 }
 
-PortHelperExit Run(int argumentCount) {
+PortHelperResult Run(int argumentCount) {
   if (argumentCount != 1 || !IsUnixSocket(kPortHelperChannel)) return kPortHelperMisused;
   const int socket = BindTrapSocket(kTrapPort);
-  if (socket == -EACCES) return kPortNotPermitted;
-  if (socket == -EADDRINUSE) return kPortInUse;
-  if (socket < 0) return kPortNotBound;
-  return HandOver(socket, kPortHelperChannel) ? kPortHandedOver : kPortNotBound;
+  const PortHelperResult result = ResultOf(socket);
+  const bool sent = Send(result, socket);
+  // Before the end, which closes what the starter has left open: a file that is slow to close would
+  // keep the port.
+  if (socket >= 0) close(socket);
+  return sent || socket < 0 ? result : kPortNotBound;
 }
 
 }  // namespace
