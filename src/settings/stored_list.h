@@ -23,9 +23,7 @@ class StoredList {
   /// Leaves exactly these texts in the store, as one durable change. Texts that have not changed
   /// are written only to tidy up a section that nobody else has touched either.
   void Save(std::vector<std::string> texts);
-  bool IsUnreachable() const {
-    return registry_.IsUnreachable(kApplicationDescription, section_);
-  }
+  bool IsUnreachable() const { return registry_.IsUnreachable(kApplicationDescription, section_); }
 
  private:
   /// As it is in the store, empty texts for holes, up to the last text.

@@ -87,7 +87,8 @@ bool SqliteRegistry::DeleteValue(RegistryKey key, const std::string& name) {
   const bool done = Write([&] {
     RegistryFile* target = Target(opened->root);
     if (!target) return false;
-    if (target == &machine_) return target->Remove(opened->path, name) && DropOverlay(*opened, name);
+    if (target == &machine_)
+      return target->Remove(opened->path, name) && DropOverlay(*opened, name);
     return !isThere || HideMachines(*opened, name);
   });
   return done && isThere;

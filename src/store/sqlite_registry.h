@@ -13,8 +13,8 @@ namespace sentrel {
 
 /// The registry in two SQLite files: the machine's for HKEY_LOCAL_MACHINE, the user's for
 /// HKEY_CURRENT_USER. Where this user cannot write the machine's file, the user's file also takes
-/// what is written to HKEY_LOCAL_MACHINE, and there lies over what the machine's file says: value by
-/// value, and list by list.
+/// what is written to HKEY_LOCAL_MACHINE, and there lies over what the machine's file says: value
+/// by value, and list by list.
 ///
 /// A file is open only while a key or a batch is.
 class SqliteRegistry : public Registry {

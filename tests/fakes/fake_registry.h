@@ -28,12 +28,14 @@ class FakeRegistry : public Registry {
   Contents contents;
 
   std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override {
-    if (!unreachable && !readOnly && !IsUnreachable(root, path)) contents.try_emplace({root, UpperCase(path)});
+    if (!unreachable && !readOnly && !IsUnreachable(root, path))
+      contents.try_emplace({root, UpperCase(path)});
     return OpenKey(root, path);
   }
 
   std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override {
-    if (unreachable || IsUnreachable(root, path) || !contents.contains({root, UpperCase(path)})) return std::nullopt;
+    if (unreachable || IsUnreachable(root, path) || !contents.contains({root, UpperCase(path)}))
+      return std::nullopt;
     open_.emplace(++lastKey_, std::pair(root, UpperCase(path)));
     return lastKey_;
   }

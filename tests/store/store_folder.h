@@ -97,12 +97,24 @@ inline std::string Bytes(const std::filesystem::path& path) {
 }
 
 /// Runs SQL on a file, as an administrator might; returns the first column of the first row.
-inline std::string RunSql(const std::filesystem::path& file, const char* sql) {
+inline std::string RunSql(const std::filesystem::path& file, const std::string& sql) {
   const Patience none{std::chrono::milliseconds(0)};
   Database database(file, none);
-  auto rows = database.Run(sql);
+  auto rows = database.Run(sql.c_str());
   return rows.Step() ? rows.Text() : std::string();
 }
+
+/// A file that another process keeps for itself while this object lives.
+class Occupied {
+ public:
+  explicit Occupied(const std::filesystem::path& file) : database_(file, none_) {
+    database_.Execute("BEGIN EXCLUSIVE");
+  }
+
+ private:
+  const Patience none_{std::chrono::seconds(0)};
+  Database database_;
+};
 
 /// Works on values of one key of the machine, each time with a registry of its own.
 class StoreTest : public testing::Test {
