@@ -68,7 +68,12 @@ RegistryFile::Value RegistryFile::Get(const std::string& key, const std::string&
   const auto value = Ask([&]() -> Value {
     if (!hasOptions_) return {};
     auto row = db_->Run("SELECT value FROM options WHERE key = ?1 AND name = ?2", key, name);
-    if (!row.Step()) return {};
+    try {
+      if (!row.Step()) return {};
+    } catch (const DatabaseFailure& failure) {
+      if (failure.IsTooLarge()) return {Kind::OtherType, {}};
+      throw;
+    }
     if (row.Type() == SQLITE_NULL) return {Kind::Deleted, {}};
     return row.Type() == SQLITE_TEXT ? Value{Kind::Text, row.Text()} : Value{Kind::OtherType, {}};
   });
@@ -103,6 +108,8 @@ bool RegistryFile::MakeKey(const std::string& key) {
 bool RegistryFile::Set(const std::string& key, const std::string& name,
                        const std::optional<std::string>& text) {
   return ResultOf([&] {
+    // One that is too large could not even be compared.
+    if (Get(key, name).kind == Kind::OtherType) Remove(key, name);
     db_->Execute(
         "INSERT INTO options VALUES (?1, ?2, ?3) ON CONFLICT DO "
         "UPDATE SET value = excluded.value WHERE value IS NOT excluded.value",

@@ -28,6 +28,7 @@ class RegistryFile {
   RegistryFile(const RegistryFile&) = delete;
   RegistryFile& operator=(const RegistryFile&) = delete;
 
+  /// A value that is larger than any option, a megabyte, is of another type.
   enum class Kind { None, Text, OtherType, Deleted, Unreadable };
   struct Value {
     Kind kind = Kind::None;

@@ -71,12 +71,18 @@ TEST_F(SqliteRegistryTest, DeleteTakesOneValueAndLeavesTheKey) {
 }
 
 TEST_F(SqliteRegistryTest, AValueOfAnotherTypeIsNoTextButCanBeReplacedAndDeleted) {
-  Set("x", "1");
-  for (const bool replace : {true, false}) {
-    RunSql(folder_.Machine(), "UPDATE options SET value = 1");
-    EXPECT_EQ(Get("x"), "-");
-    EXPECT_TRUE(replace ? Set("x", "True") : Delete("x"));
-    EXPECT_EQ(Get("x"), replace ? "True" : "-");
+  for (const char* value : {"1", "2.5", "x'00'", "printf('%2000000d', 1)"}) {
+    for (const bool replace : {true, false}) {
+      Set("x", "1");
+      const auto key = registry_.OpenKey(kMachine, "a");
+      RunSql(folder_.Machine(),
+             std::string("UPDATE options SET value = ") + value + " WHERE name = 'x'");
+      EXPECT_FALSE(registry_.QueryStringValue(*key, "x")) << value;
+      EXPECT_TRUE(registry_.CloseKey(*key));
+      EXPECT_TRUE(SetText(registry_, kMachine, "a", "y", "reachable")) << value;
+      EXPECT_TRUE(replace ? Set("x", "True") : Delete("x"));
+      EXPECT_EQ(Get("x"), replace ? "True" : "-");
+    }
   }
 }
 
