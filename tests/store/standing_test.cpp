@@ -98,13 +98,15 @@ TEST_F(StandingTest, RootLeavesAUsersStoreAlone) {
   expectNothing();
   EXPECT_TRUE(fs::is_empty(folder)) << "nothing is made in it either";
 
-  // A link of the user's to a store of root's.
-  fs::create_directory(elsewhere);
+  // A link of the user's to a folder of root's, without a store and with one.
   fs::remove(folder);
+  fs::create_directory(elsewhere);
   fs::create_symlink(elsewhere, folder);
   Give(folder, kNobody);
   expectNothing();
   EXPECT_TRUE(fs::is_empty(elsewhere));
+  std::ofstream(elsewhere / "registry.db", std::ios::binary) << before;
+  expectNothing();
 }
 
 }  // namespace
