@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
@@ -41,6 +42,15 @@ void FillWithZeros(int file, size_t size) {
   }
 }
 
+/// A draft of the same name is left from a process that died, or planted: it goes, and nothing that
+/// it may point to is touched.
+int OpenAnew(const std::string& draft) {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+  const int file = open(draft.c_str(), kFlags, 0666);
+  if (file >= 0 || errno != EEXIST || unlink(draft.c_str()) != 0) return file;
+  return open(draft.c_str(), kFlags, 0666);
+}
+
 }  // namespace
 
 WholeFile::WholeFile(std::string path)
@@ -49,7 +59,7 @@ WholeFile::WholeFile(std::string path)
   if (const fs::path folder = fs::path(path_).parent_path(); !folder.empty()) {
     fs::create_directories(folder, ignored);
   }
-  file_ = open(draft_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  file_ = OpenAnew(draft_);
 }
 
 WholeFile::~WholeFile() {

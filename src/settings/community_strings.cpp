@@ -18,6 +18,7 @@ std::int16_t CommunityStrings::Count() const {
 void CommunityStrings::Refresh() {
   Clear();
   for (const std::string& text : stored_.Load()) Add(text);
+  stored_.SetLoaded(CStrings());
 }
 
 }  // namespace sentrel

@@ -28,8 +28,9 @@ class CommunityStrings {
   }
   /// Loads from the store.
   void Refresh();
-  /// Writes the first 200 to the store, in place of what is there.
-  void Sync() const { stored_.Save(CStrings()); }
+  /// Writes the first 200 to the store, in place of what is there; a list that has not changed
+  /// since it was loaded or written leaves alone what others have written meanwhile.
+  void Sync() { stored_.Save(CStrings()); }
 
  private:
   StoredList stored_;

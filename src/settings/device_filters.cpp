@@ -35,6 +35,7 @@ std::shared_ptr<const DeviceFilter> DeviceFilters::Item(const std::string& Key) 
 void DeviceFilters::Refresh() {
   Clear();
   for (const std::string& text : stored_.Load()) AddFilter(text);
+  stored_.SetLoaded(Keys());
 }
 
 }  // namespace sentrel

@@ -35,8 +35,11 @@ class DeviceFilters {
   void Remove(const std::string& Key) { filters_.Remove(Key); }
   /// Loads from the store. What is not understood is passed over.
   void Refresh();
-  /// Writes the first 200 to the store, in place of what is there.
-  void Sync() const { stored_.Save(Keys()); }
+  /// Writes the first 200 to the store, in place of what is there; a list that has not changed
+  /// since it was loaded or written leaves alone what others have written meanwhile.
+  void Sync() { stored_.Save(Keys()); }
+  /// Whether the stored list could not be read. This one is empty then, and Sync forgotten.
+  bool IsUnreachable() const { return stored_.IsUnreachable(); }
 
  private:
   StoredList stored_;

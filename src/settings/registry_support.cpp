@@ -70,4 +70,9 @@ void RegistrySupport::DeleteRegistryValue(const std::string& Application,
   if (key) registry_->DeleteValue(*key, ValueName.Text());
 }
 
+bool RegistrySupport::IsUnreachable(const std::string& Application,
+                                    const std::string& Section) const {
+  return registry_->IsUnreachable(RegistryRoot::HKEY_LOCAL_MACHINE, KeyPath(Application, Section));
+}
+
 }  // namespace sentrel

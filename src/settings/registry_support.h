@@ -10,9 +10,8 @@ namespace sentrel {
 /// The application word of this program's option keys.
 inline constexpr const char* kApplicationDescription = "Sentrel";
 
-/// Text values in the store, under keys named by an application and a section. Tells no failure: a
-/// read that fails gives the default, a write that fails is lost. A copy works on the same
-/// registry.
+/// Text values in the store, under keys named by an application and a section. A read that fails
+/// gives the default, a write that fails is lost. A copy works on the same registry.
 class RegistrySupport {
  public:
   explicit RegistrySupport(Registry& registry) : registry_(&registry) {}
@@ -32,18 +31,30 @@ class RegistrySupport {
   void DeleteRegistryValue(const std::string& Application, const std::string& Section,
                            const OptionText& ValueName) const;
 
+  /// Whether the section, in the machine's tree, could not be read, as Registry tells.
+  bool IsUnreachable(const std::string& Application, const std::string& Section) const;
+
   /// Binds all reads or writes of its lifetime together, as Registry tells.
   class [[nodiscard]] Batch {
    public:
     Batch(const RegistrySupport& support, RegistryBatch kind) : registry_(*support.registry_) {
       registry_.BeginBatch(kind);
     }
-    ~Batch() { registry_.EndBatch(); }
+    ~Batch() {
+      if (!ended_) registry_.EndBatch();
+    }
     Batch(const Batch&) = delete;
     Batch& operator=(const Batch&) = delete;
 
+    /// Ends it early. Returns false where what was written is lost. Called at most once.
+    bool End() {
+      ended_ = true;
+      return registry_.EndBatch();
+    }
+
    private:
     Registry& registry_;
+    bool ended_ = false;
   };
 
  private:

@@ -32,7 +32,7 @@ void Settings::SaveOption(const std::string& Name, const OptionText& Value) {
 }
 
 void Settings::Refresh() {
-  const RegistrySupport::Batch batch(registry_, RegistryBatch::Read);
+  const RegistrySupport::Batch batch(registry_, RegistryBatch::PatientRead);
   raw_ = ReadBoolean(RetrieveOption("Raw", false)).value_or(false);
   deviceFilterActive_ = ReadBoolean(RetrieveOption("Device Filter Active", false)).value_or(false);
   loggingEnabled_ = ReadBoolean(RetrieveOption("Logging Enabled", false)).value_or(false);
@@ -41,6 +41,8 @@ void Settings::Refresh() {
                       .value_or(kDefaultOIDCacheSize);
   deviceFilters_->Refresh();
   communityStrings_->Refresh();
+  // A list that nobody could read must not refuse every trap.
+  if (deviceFilters_->IsUnreachable()) deviceFilterActive_ = false;
 }
 
 }  // namespace sentrel

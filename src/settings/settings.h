@@ -12,7 +12,8 @@
 namespace sentrel {
 
 /// The options of the run, in memory from construction on; each but Paused is written to the store
-/// the moment it changes. The store is read at construction only. Used on the event loop only; made
+/// the moment it changes. The store is read at construction only; where it cannot be read by then,
+/// the defaults hold and changes count for this run only. Used on the event loop only; made
 /// before the main window and kept until the process ends.
 class Settings {
  public:

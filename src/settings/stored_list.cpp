@@ -1,30 +1,53 @@
 #include "settings/stored_list.h"
 
+#include <algorithm>
+
 namespace sentrel {
 namespace {
 
-constexpr int kCapacity = 200;
+constexpr std::size_t kCapacity = 200;
+
+std::int32_t NameOf(std::size_t position) {
+  return static_cast<std::int32_t>(position + 1);
+}
 
 }  // namespace
 
-std::vector<std::string> StoredList::Load() const {
-  std::vector<std::string> texts;
-  for (int index = 1; index <= kCapacity; ++index) {
-    std::string text =
-        registry_.ReadRegistryValue(kApplicationDescription, section_, index, "", false);
-    if (!text.empty()) texts.push_back(std::move(text));
-  }
+std::vector<std::string> StoredList::Load() {
+  held_ = ReadSection();
+  std::vector<std::string> texts = held_;
+  std::erase(texts, "");
   return texts;
 }
 
-void StoredList::Save(const std::vector<std::string>& texts) const {
-  const RegistrySupport::Batch batch(registry_, RegistryBatch::Write);
-  for (int index = 1; index <= kCapacity; ++index) {
-    const auto position = static_cast<std::size_t>(index - 1);
+void StoredList::Save(std::vector<std::string> texts) {
+  texts.resize(std::min(texts.size(), kCapacity));
+  RegistrySupport::Batch batch(registry_, RegistryBatch::Write);
+  const bool isTidy = texts.size() == held_.size();
+  if (texts == known_ && (isTidy || ReadSection() != held_)) return;
+  WriteSection(texts);
+  if (!batch.End()) return;
+  held_ = texts;
+  known_ = std::move(texts);
+}
+
+std::vector<std::string> StoredList::ReadSection() const {
+  std::vector<std::string> texts;
+  for (std::size_t position = 0; position < kCapacity; ++position) {
+    texts.push_back(registry_.ReadRegistryValue(kApplicationDescription, section_, NameOf(position),
+                                                "", false));
+  }
+  while (!texts.empty() && texts.back().empty()) texts.pop_back();
+  return texts;
+}
+
+void StoredList::WriteSection(const std::vector<std::string>& texts) const {
+  for (std::size_t position = 0; position < kCapacity; ++position) {
+    const std::int32_t name = NameOf(position);
     if (position < texts.size()) {
-      registry_.SaveRegistryValue(kApplicationDescription, section_, index, texts[position], false);
+      registry_.SaveRegistryValue(kApplicationDescription, section_, name, texts[position], false);
     } else {
-      registry_.DeleteRegistryValue(kApplicationDescription, section_, index);
+      registry_.DeleteRegistryValue(kApplicationDescription, section_, name);
     }
   }
 }

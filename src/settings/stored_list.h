@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "settings/registry_support.h"
@@ -8,20 +10,32 @@
 namespace sentrel {
 
 /// A list of texts in the store: the values "1" to "200" of a section of this program, in order.
-/// Texts beyond the two hundredth are not kept.
+/// Texts beyond the two hundredth are not kept. Other processes may change the section meanwhile.
 class StoredList {
  public:
   StoredList(RegistrySupport registry, std::string section)
       : registry_(registry), section_(std::move(section)) {}
 
   /// The texts that are there and not empty; holes in the numbering are passed over.
-  std::vector<std::string> Load() const;
-  /// Leaves exactly these texts in the store, as one durable change.
-  void Save(const std::vector<std::string>& texts) const;
+  std::vector<std::string> Load();
+  /// What the owner has made of the loaded texts: as long as it stays that, nothing has changed.
+  void SetLoaded(std::vector<std::string> texts) { known_ = std::move(texts); }
+  /// Leaves exactly these texts in the store, as one durable change. Texts that have not changed
+  /// are written only to tidy up a section that nobody else has touched either.
+  void Save(std::vector<std::string> texts);
+  bool IsUnreachable() const { return registry_.IsUnreachable(kApplicationDescription, section_); }
 
  private:
+  /// As it is in the store, empty texts for holes, up to the last text.
+  std::vector<std::string> ReadSection() const;
+  void WriteSection(const std::vector<std::string>& texts) const;
+
   RegistrySupport registry_;
   std::string section_;
+  /// What the owner last loaded or saved.
+  std::optional<std::vector<std::string>> known_;
+  /// What the section held then.
+  std::vector<std::string> held_;
 };
 
 }  // namespace sentrel

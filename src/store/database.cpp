@@ -15,10 +15,10 @@ int WaitForLock(void* patience, int) {
 
 }  // namespace
 
-void Patience::Renew() {
+void Patience::Renew(std::chrono::milliseconds length) {
   const Time now = std::chrono::steady_clock::now();
   waits_ = !gaveUp_ || now - *gaveUp_ >= rest_;
-  end_ = waits_ ? now + length_ : now;
+  end_ = waits_ ? now + length : now;
 }
 
 bool Patience::WaitALittle() const {

@@ -22,7 +22,9 @@ class Patience {
                     std::chrono::milliseconds rest = std::chrono::seconds(5))
       : length_(length), rest_(rest) {}
 
-  void Renew();
+  void Renew() { Renew(length_); }
+  /// For an undertaking that is worth another wait.
+  void Renew(std::chrono::milliseconds length);
   /// Returns false at once when it is over.
   bool WaitALittle() const;
 
@@ -46,6 +48,8 @@ class DatabaseFailure : public Failure {
   int Code() const { return code_; }
   /// The file is no database or is damaged.
   bool IsDamage() const;
+  /// A value is larger than any option.
+  bool IsTooLarge() const { return code_ == SQLITE_TOOBIG; }
   /// A writer has died in the middle, and the file cannot be repaired by this user.
   bool IsUnfinishedWrite() const { return code_ == SQLITE_READONLY_ROLLBACK; }
 

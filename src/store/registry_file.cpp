@@ -34,24 +34,50 @@ RegistryFile::RegistryFile(fs::path path, Audience audience, const Clock& clock,
                            const Patience& patience)
     : path_(std::move(path)), audience_(audience), clock_(clock), patience_(patience) {}
 
-bool RegistryFile::HasKey(const std::string& key) {
-  return ResultOf([&] {
-    return Open() && db_->Run(
-                            "SELECT 1 FROM keys WHERE path = ?1 "
-                            "UNION ALL SELECT 1 FROM options WHERE key = ?1",
-                            key)
-                         .Step();
+template <typename Question>
+auto RegistryFile::Ask(Question question) {
+  std::optional<decltype(question())> answer;
+  Attempt([&] {
+    if (Open()) {
+      answer = question();
+    } else {
+      answer.emplace();
+    }
+  });
+  return answer;
+}
+
+std::optional<bool> RegistryFile::HasKey(const std::string& key) {
+  return Ask([&] {
+    return (hasKeys_ && db_->Run("SELECT 1 FROM keys WHERE path = ?1", key).Step()) ||
+           (hasOptions_ && db_->Run("SELECT 1 FROM options WHERE key = ?1", key).Step());
+  });
+}
+
+std::optional<bool> RegistryFile::HasEntries(const std::string& key) {
+  return Ask([&] {
+    return hasOptions_ && db_->Run(
+                                 "SELECT 1 FROM options WHERE key = ?1 "
+                                 "AND name GLOB '[0-9]*' AND name NOT GLOB '*[^0-9]*'",
+                                 key)
+                              .Step();
   });
 }
 
 RegistryFile::Value RegistryFile::Get(const std::string& key, const std::string& name) {
-  return ResultOf([&]() -> Value {
-    if (!Open()) return {};
+  const auto value = Ask([&]() -> Value {
+    if (!hasOptions_) return {};
     auto row = db_->Run("SELECT value FROM options WHERE key = ?1 AND name = ?2", key, name);
-    if (!row.Step()) return {};
+    try {
+      if (!row.Step()) return {};
+    } catch (const DatabaseFailure& failure) {
+      if (failure.IsTooLarge()) return {Kind::OtherType, {}};
+      throw;
+    }
     if (row.Type() == SQLITE_NULL) return {Kind::Deleted, {}};
     return row.Type() == SQLITE_TEXT ? Value{Kind::Text, row.Text()} : Value{Kind::OtherType, {}};
   });
+  return value.value_or(Value{Kind::Unreadable, {}});
 }
 
 bool RegistryFile::CanWrite() {
@@ -62,6 +88,7 @@ bool RegistryFile::CanWrite() {
     if (!IsWritable()) return false;
     db_->Execute("BEGIN IMMEDIATE");
     for (const char* table : kTables) db_->Execute(table);
+    hasKeys_ = hasOptions_ = true;
     return true;
   });
   if (!taken) EndTransaction();
@@ -81,6 +108,8 @@ bool RegistryFile::MakeKey(const std::string& key) {
 bool RegistryFile::Set(const std::string& key, const std::string& name,
                        const std::optional<std::string>& text) {
   return ResultOf([&] {
+    // One that is too large could not even be compared.
+    if (Get(key, name).kind == Kind::OtherType) Remove(key, name);
     db_->Execute(
         "INSERT INTO options VALUES (?1, ?2, ?3) ON CONFLICT DO "
         "UPDATE SET value = excluded.value WHERE value IS NOT excluded.value",
@@ -92,6 +121,16 @@ bool RegistryFile::Set(const std::string& key, const std::string& name,
 bool RegistryFile::Remove(const std::string& key, const std::string& name) {
   return ResultOf([&] {
     db_->Execute("DELETE FROM options WHERE key = ?1 AND name = ?2", key, name);
+    return true;
+  });
+}
+
+bool RegistryFile::RemoveEntries(const std::string& key) {
+  return ResultOf([&] {
+    db_->Execute(
+        "DELETE FROM options WHERE key = ?1 "
+        "AND name GLOB '[0-9]*' AND name NOT GLOB '*[^0-9]*'",
+        key);
     return true;
   });
 }
@@ -108,21 +147,32 @@ void RegistryFile::Rollback() {
 }
 
 void RegistryFile::EndTransaction() {
-  if (db_ && db_->InTransaction()) Attempt([&] { db_->Execute("ROLLBACK"); });
+  if (db_ && db_->InTransaction()) {
+    Attempt([&] { db_->Execute("ROLLBACK"); });
+    // Its tables may have been of this transaction.
+    if (writing_) db_.reset();
+  }
   writing_ = false;
 }
 
 void RegistryFile::Close() {
   Rollback();
   db_.reset();
+  standing_.reset();
 }
 
 bool RegistryFile::Open() {
-  std::error_code ignored;
   if (db_) return true;
-  if (!fs::is_regular_file(path_, ignored)) return false;
-  db_ = OpenSound();
-  if (batch_ == RegistryBatch::Read) db_->Execute("BEGIN");
+  if (!standing_) standing_ = StandingOf(path_);
+  if (standing_ != Standing::Trusted) return false;
+  auto database = OpenSound();
+  if (batch_ && batch_ != RegistryBatch::Write) database->Execute("BEGIN");
+  const auto has = [&](const char* table) {
+    return database->Run("SELECT 1 FROM sqlite_schema WHERE name = ?1", std::string(table)).Step();
+  };
+  hasKeys_ = has("keys");
+  hasOptions_ = has("options");
+  db_ = std::move(database);
   return true;
 }
 
@@ -137,7 +187,9 @@ std::unique_ptr<Database> RegistryFile::OpenSound() const {
   return std::make_unique<Database>(path_, patience_);
 }
 
-bool RegistryFile::Make() const {
+bool RegistryFile::Make() {
+  if (standing_ != Standing::Absent) return false;
+  standing_.reset();
   const bool shared = audience_ == Audience::Everybody;
   const fs::path folder = path_.parent_path();
   std::error_code ignored;

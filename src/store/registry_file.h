@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/registry.h"
 #include "store/database.h"
+#include "store/standing.h"
 
 namespace sentrel {
 
@@ -15,8 +16,9 @@ namespace sentrel {
 enum class Audience { Everybody, OwnerOnly };
 
 /// Keys and values in one SQLite file. Key paths begin with the name of their root. A file that is
-/// missing, busy, damaged or out of reach holds nothing and takes nothing; nothing here throws. A
-/// damaged file is set aside when it is opened.
+/// missing or in other hands holds nothing; of one that is busy, damaged or out of reach nobody
+/// knows what it holds. None of them takes anything; nothing here throws. A damaged file is set
+/// aside when it is opened for whoever may write it, and then holds nothing.
 class RegistryFile {
  public:
   /// Clock and patience must outlive the file.
@@ -26,13 +28,18 @@ class RegistryFile {
   RegistryFile(const RegistryFile&) = delete;
   RegistryFile& operator=(const RegistryFile&) = delete;
 
-  enum class Kind { None, Text, OtherType, Deleted };
+  /// A value that is larger than any option, a megabyte, is of another type.
+  enum class Kind { None, Text, OtherType, Deleted, Unreadable };
   struct Value {
     Kind kind = Kind::None;
     std::string text;
   };
 
-  bool HasKey(const std::string& key);
+  /// Nothing where it cannot be read.
+  std::optional<bool> HasKey(const std::string& key);
+  /// Whether the key has an entry of a list: a value, or a mark of deletion, with a number for a
+  /// name. Nothing where it cannot be read.
+  std::optional<bool> HasEntries(const std::string& key);
   Value Get(const std::string& key, const std::string& name);
 
   /// What follows until Commit or Rollback belongs together.
@@ -46,6 +53,7 @@ class RegistryFile {
   bool Set(const std::string& key, const std::string& name, const std::optional<std::string>& text);
   /// A missing value is no fault.
   bool Remove(const std::string& key, const std::string& name);
+  bool RemoveEntries(const std::string& key);
   /// False where what was written is lost.
   bool Commit();
   void Rollback();
@@ -53,9 +61,14 @@ class RegistryFile {
   void Close();
 
  private:
+  /// What the open file answers: a value of nothing where there is no file, nothing where it cannot
+  /// be read.
+  template <typename Question>
+  auto Ask(Question question);
+  /// False where there is no file to be obeyed.
   bool Open();
   std::unique_ptr<Database> OpenSound() const;
-  bool Make() const;
+  bool Make();
   bool IsWritable() const;
   void EndTransaction();
 
@@ -64,6 +77,10 @@ class RegistryFile {
   const Clock& clock_;
   const Patience& patience_;
   std::unique_ptr<Database> db_;
+  /// As found by the last look; kept until the file is closed.
+  std::optional<Standing> standing_;
+  bool hasKeys_ = false;
+  bool hasOptions_ = false;
   std::optional<RegistryBatch> batch_;
   /// A transaction of writes is open.
   bool writing_ = false;

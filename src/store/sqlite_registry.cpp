@@ -1,12 +1,27 @@
 #include "store/sqlite_registry.h"
 
+#include "common/text.h"
+
 namespace sentrel {
 namespace {
+
+using Kind = RegistryFile::Kind;
+
+/// A program that starts has nothing better to do, and nothing else tells it what to filter.
+constexpr std::chrono::seconds kPatienceOfAStart{3};
 
 std::string WholePath(RegistryRoot root, const std::string& path) {
   return (root == RegistryRoot::HKEY_LOCAL_MACHINE ? "HKEY_LOCAL_MACHINE\\"
                                                    : "HKEY_CURRENT_USER\\") +
          path;
+}
+
+bool IsEntry(const std::string& name) {
+  return !name.empty() && name.find_first_not_of("0123456789") == std::string::npos;
+}
+
+bool IsAbsent(Kind kind) {
+  return kind == Kind::None || kind == Kind::Deleted;
 }
 
 }  // namespace
@@ -18,9 +33,10 @@ SqliteRegistry::SqliteRegistry(const std::filesystem::path& machineFile,
 
 std::optional<RegistryKey> SqliteRegistry::CreateKey(RegistryRoot root, const std::string& path) {
   if (path.empty()) return std::nullopt;
+  if (IsUnreachable(root, path)) return std::nullopt;
   const Key key{root, WholePath(root, path)};
   const RegistryKey opened = Opened(key);
-  const bool there = Exists(key) || Write([&] {
+  const bool there = Exists(key).value_or(false) || Write([&] {
                        RegistryFile* target = Target(root);
                        return target && target->MakeKey(key.path);
                      });
@@ -32,7 +48,7 @@ std::optional<RegistryKey> SqliteRegistry::CreateKey(RegistryRoot root, const st
 std::optional<RegistryKey> SqliteRegistry::OpenKey(RegistryRoot root, const std::string& path) {
   const Key key{root, WholePath(root, path)};
   const RegistryKey opened = Opened(key);
-  if (Exists(key)) return opened;
+  if (CanOpen(key)) return opened;
   CloseKey(opened);
   return std::nullopt;
 }
@@ -48,7 +64,8 @@ std::optional<std::string> SqliteRegistry::QueryStringValue(RegistryKey key,
   const Key* opened = Find(key);
   if (!opened) return std::nullopt;
   RegistryFile::Value value = Get(*opened, name);
-  if (value.kind != RegistryFile::Kind::Text) return std::nullopt;
+  if (value.kind == Kind::Unreadable) SetUnreachable(*opened);
+  if (value.kind != Kind::Text) return std::nullopt;
   return std::move(value.text);
 }
 
@@ -65,26 +82,31 @@ bool SqliteRegistry::SetStringValue(RegistryKey key, const std::string& name,
 bool SqliteRegistry::DeleteValue(RegistryKey key, const std::string& name) {
   const Key* opened = Find(key);
   if (!opened) return false;
-  const auto kind = Get(*opened, name).kind;
-  if (kind == RegistryFile::Kind::None || kind == RegistryFile::Kind::Deleted) return false;
-  return Write([&] {
+  const bool isThere = !IsAbsent(Get(*opened, name).kind);
+  if (!isThere && !IsOverlaid(*opened, name)) return false;
+  const bool done = Write([&] {
     RegistryFile* target = Target(opened->root);
     if (!target) return false;
-    const bool overlays = target == &user_ && opened->root == RegistryRoot::HKEY_LOCAL_MACHINE;
-    if (overlays && machine_.Get(opened->path, name).kind != RegistryFile::Kind::None)
-      return target->Set(opened->path, name, std::nullopt);
-    return target->Remove(opened->path, name) && (target == &user_ || DropOverlay(*opened, name));
+    if (target == &machine_)
+      return target->Remove(opened->path, name) && DropOverlay(*opened, name);
+    return !isThere || HideMachines(*opened, name);
   });
+  return done && isThere;
 }
 
 void SqliteRegistry::BeginBatch(RegistryBatch kind) {
-  RenewPatience();
+  BeginUndertaking(kind);
   Begin(kind);
 }
 
-void SqliteRegistry::EndBatch() {
-  End();
+bool SqliteRegistry::EndBatch() {
+  const bool kept = End();
   CloseIfUnused();
+  return kept;
+}
+
+bool SqliteRegistry::IsUnreachable(RegistryRoot root, const std::string& path) const {
+  return unreachable_.contains(UpperCase(WholePath(root, path)));
 }
 
 const SqliteRegistry::Key* SqliteRegistry::Find(RegistryKey key) const {
@@ -92,27 +114,50 @@ const SqliteRegistry::Key* SqliteRegistry::Find(RegistryKey key) const {
   return found == open_.end() ? nullptr : &found->second;
 }
 
-bool SqliteRegistry::Exists(const Key& key) {
-  return user_.HasKey(key.path) ||
-         (key.root == RegistryRoot::HKEY_LOCAL_MACHINE && machine_.HasKey(key.path));
+std::optional<bool> SqliteRegistry::Exists(const Key& key) {
+  const auto own = user_.HasKey(key.path);
+  if (key.root == RegistryRoot::HKEY_CURRENT_USER) return own;
+  const auto shared = machine_.HasKey(key.path);
+  if (!own || !shared) return std::nullopt;
+  return *own || *shared;
+}
+
+bool SqliteRegistry::CanOpen(const Key& key) {
+  const auto marked = unreachable_.find(UpperCase(key.path));
+  const bool isWrite = batch_ == RegistryBatch::Write;
+  if (marked != unreachable_.end() && (isWrite || marked->second == undertaking_)) return false;
+  const auto exists = Exists(key);
+  // Who comes to write need not know what is there.
+  if (isWrite) return exists.value_or(true);
+  if (marked != unreachable_.end()) unreachable_.erase(marked);
+  if (!exists) SetUnreachable(key);
+  return exists.value_or(false);
+}
+
+void SqliteRegistry::SetUnreachable(const Key& key) {
+  if (batch_ != RegistryBatch::Write) unreachable_[UpperCase(key.path)] = undertaking_;
 }
 
 RegistryKey SqliteRegistry::Opened(const Key& key) {
-  if (open_.empty() && !batch_) RenewPatience();
+  if (open_.empty() && !batch_) BeginUndertaking(RegistryBatch::Read);
   open_.emplace(++lastKey_, key);
   return lastKey_;
 }
 
 RegistryFile::Value SqliteRegistry::Get(const Key& key, const std::string& name) {
-  RegistryFile::Value value = user_.Get(key.path, name);
-  if (value.kind != RegistryFile::Kind::None || key.root == RegistryRoot::HKEY_CURRENT_USER)
-    return value;
+  RegistryFile::Value own = user_.Get(key.path, name);
+  if (own.kind != Kind::None || key.root == RegistryRoot::HKEY_CURRENT_USER) return own;
+  if (IsEntry(name)) {
+    const auto hasList = user_.HasEntries(key.path);
+    if (!hasList) return {Kind::Unreadable, {}};
+    if (*hasList) return own;
+  }
   return machine_.Get(key.path, name);
 }
 
 template <typename Step>
 bool SqliteRegistry::Write(Step step) {
-  if (batch_ == RegistryBatch::Read) return false;
+  if (batch_ && batch_ != RegistryBatch::Write) return false;
   if (batch_) {
     const bool done = step();
     failed_ = failed_ || !done;
@@ -131,9 +176,25 @@ RegistryFile* SqliteRegistry::Target(RegistryRoot root) {
   return user_.CanWrite() ? &user_ : nullptr;
 }
 
+bool SqliteRegistry::IsOverlaid(const Key& key, const std::string& name) {
+  if (key.root == RegistryRoot::HKEY_CURRENT_USER) return false;
+  if (IsEntry(name)) return user_.HasEntries(key.path).value_or(false);
+  const Kind kind = user_.Get(key.path, name).kind;
+  return kind != Kind::None && kind != Kind::Unreadable;
+}
+
 bool SqliteRegistry::DropOverlay(const Key& key, const std::string& name) {
-  if (user_.Get(key.path, name).kind == RegistryFile::Kind::None) return true;
-  return user_.CanWrite() && user_.Remove(key.path, name);
+  if (!IsOverlaid(key, name)) return true;
+  if (!user_.CanWrite()) return false;
+  return IsEntry(name) ? user_.RemoveEntries(key.path) : user_.Remove(key.path, name);
+}
+
+bool SqliteRegistry::HideMachines(const Key& key, const std::string& name) {
+  const bool isOwn = key.root == RegistryRoot::HKEY_CURRENT_USER;
+  // The last entry of a list goes, but the machine's list is not to come back.
+  const bool isHidden =
+      !isOwn && (IsEntry(name) || machine_.Get(key.path, name).kind != Kind::None);
+  return isHidden ? user_.Set(key.path, name, std::nullopt) : user_.Remove(key.path, name);
 }
 
 void SqliteRegistry::Begin(RegistryBatch kind) {
@@ -153,9 +214,15 @@ bool SqliteRegistry::End() {
   return kept;
 }
 
-void SqliteRegistry::RenewPatience() {
-  machinePatience_.Renew();
-  userPatience_.Renew();
+void SqliteRegistry::BeginUndertaking(RegistryBatch kind) {
+  ++undertaking_;
+  for (Patience* patience : {&machinePatience_, &userPatience_}) {
+    if (kind == RegistryBatch::PatientRead) {
+      patience->Renew(kPatienceOfAStart);
+    } else {
+      patience->Renew();
+    }
+  }
 }
 
 void SqliteRegistry::CloseIfUnused() {

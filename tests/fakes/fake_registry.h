@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -18,6 +19,8 @@ class FakeRegistry : public Registry {
 
   /// Nothing can be opened, as in a store that cannot be reached.
   bool unreachable = false;
+  /// Paths, in upper case, of keys that may be there but cannot be read.
+  std::set<std::string> unreadable;
   /// Nothing can be made, written or removed.
   bool readOnly = false;
   /// Changes that reached the store; a batch is one.
@@ -25,12 +28,14 @@ class FakeRegistry : public Registry {
   Contents contents;
 
   std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override {
-    if (!unreachable && !readOnly) contents.try_emplace({root, UpperCase(path)});
+    if (!unreachable && !readOnly && !IsUnreachable(root, path))
+      contents.try_emplace({root, UpperCase(path)});
     return OpenKey(root, path);
   }
 
   std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override {
-    if (unreachable || !contents.contains({root, UpperCase(path)})) return std::nullopt;
+    if (unreachable || IsUnreachable(root, path) || !contents.contains({root, UpperCase(path)}))
+      return std::nullopt;
     open_.emplace(++lastKey_, std::pair(root, UpperCase(path)));
     return lastKey_;
   }
@@ -45,7 +50,7 @@ class FakeRegistry : public Registry {
 
   bool SetStringValue(RegistryKey key, const std::string& name, const std::string& text) override {
     Values* values = ValuesOf(key);
-    if (!values || readOnly) return false;
+    if (!values || readOnly) return Fail();
     (*values)[UpperCase(name)] = text;
     CountChange();
     return true;
@@ -53,16 +58,22 @@ class FakeRegistry : public Registry {
 
   bool DeleteValue(RegistryKey key, const std::string& name) override {
     Values* values = ValuesOf(key);
-    if (!values || readOnly || values->erase(UpperCase(name)) == 0) return false;
+    if (!values || !values->contains(UpperCase(name))) return false;
+    if (readOnly) return Fail();
+    values->erase(UpperCase(name));
     CountChange();
     return true;
   }
 
   void BeginBatch(RegistryBatch) override { inBatch_ = true; }
-  void EndBatch() override {
+  bool EndBatch() override {
     inBatch_ = false;
     changes += batchChanged_ ? 1 : 0;
     batchChanged_ = false;
+    return !std::exchange(batchFailed_, false);
+  }
+  bool IsUnreachable(RegistryRoot, const std::string& path) const override {
+    return unreadable.contains(UpperCase(path));
   }
 
   bool AllClosed() const { return open_.empty() && !inBatch_; }
@@ -70,6 +81,11 @@ class FakeRegistry : public Registry {
  private:
   Values* ValuesOf(RegistryKey key) {
     return unreachable || !open_.contains(key) ? nullptr : &contents[open_.at(key)];
+  }
+
+  bool Fail() {
+    batchFailed_ = inBatch_;
+    return false;
   }
 
   void CountChange() {
@@ -81,6 +97,7 @@ class FakeRegistry : public Registry {
   RegistryKey lastKey_ = 0;
   bool inBatch_ = false;
   bool batchChanged_ = false;
+  bool batchFailed_ = false;
 };
 
 }  // namespace sentrel

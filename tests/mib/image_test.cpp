@@ -1,6 +1,7 @@
 #include "mib/image.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <functional>
@@ -134,6 +135,22 @@ TEST(WholeFile, TakesThePlaceOfTheOldOneOrLeavesIt) {
     if (entry.is_regular_file()) ++left;
   }
   EXPECT_EQ(left, 1);
+}
+
+TEST(WholeFile, FollowsNoLinkThatHasTheNameOfItsDraft) {
+  const Workshop workshop;
+  const std::string path = workshop.Path("file");
+  const std::string draft = path + "." + std::to_string(getpid()) + ".new";
+  const std::string victim = workshop.Path("victim");
+  std::ofstream(victim) << "precious";
+  for (const bool isLink : {true, false}) {
+    if (isLink) std::filesystem::create_symlink(victim, draft);
+    if (!isLink) std::filesystem::create_hard_link(victim, draft);
+    WriteWhole(path, "new");
+    EXPECT_EQ(Contents(victim), "precious");
+    EXPECT_EQ(Contents(path), "new");
+    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(path)));
+  }
 }
 
 /// The size given beforehand is a guess, and there may be nothing to write in the end.

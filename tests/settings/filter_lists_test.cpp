@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include "common/text.h"
 #include "fakes/fake_registry.h"
 #include "settings/community_strings.h"
 #include "settings/device_filters.h"
@@ -103,6 +104,56 @@ TEST_F(FilterListsTest, KeepsTheFirstTwoHundred) {
   filters_.Refresh();
   EXPECT_EQ(filters_.Count(), 200);
   EXPECT_TRUE(registry_.AllClosed());
+}
+
+TEST_F(FilterListsTest, AnUnchangedListLeavesAloneWhatOthersHaveWritten) {
+  const struct {
+    const char* stored;
+    bool isTidied;
+  } sections[] = {{"10.0.1.77/24", false},
+                  {"10.0.1.77/24 10.0.1.1", false},
+                  {"10.0.1.77/24 nonsense 10.0.1.1", true},
+                  {"10.0.1.1 10.0.1.1", true}};
+  for (const auto& [stored, isTidied] : sections) {
+    SCOPED_TRACE(stored);
+    registry_.contents.clear();
+    int index = 0;
+    for (const std::string_view text : Split(stored, " ")) Store(++index, std::string(text));
+    filters_.Refresh();
+    const int before = registry_.changes;
+    filters_.Sync();
+    EXPECT_EQ(registry_.changes, before + (isTidied ? 1 : 0));
+    filters_.Sync();
+    EXPECT_EQ(registry_.changes, before + (isTidied ? 1 : 0)) << "a second time";
+
+    filters_.Refresh();
+    Store(7, "192.0.2.1");
+    filters_.Sync();
+    EXPECT_EQ(Stored(7), "192.0.2.1");
+    filters_.AddFilter("10.9.9.9");
+    filters_.Sync();
+    EXPECT_EQ(Stored(7), "(none)") << "a changed list is written whole";
+  }
+}
+
+TEST_F(FilterListsTest, AnUntidyListIsTidiedOnlyWhileNobodyElseHasWritten) {
+  Store(1, "10.0.1.1");
+  Store(3, "10.0.1.3");
+  filters_.Refresh();
+  Store(4, "192.0.2.1");
+  filters_.Sync();
+  EXPECT_EQ(Stored(3) + " " + Stored(4), "10.0.1.3 192.0.2.1");
+}
+
+TEST_F(FilterListsTest, AListThatWasNotKeptIsWrittenTheNextTime) {
+  Store(1, "10.0.1.1");
+  filters_.Refresh();
+  filters_.AddFilter("10.0.1.2");
+  registry_.readOnly = true;
+  filters_.Sync();
+  registry_.readOnly = false;
+  filters_.Sync();
+  EXPECT_EQ(Stored(2), "10.0.1.2");
 }
 
 TEST_F(FilterListsTest, CommunityStringsAreTrimmedAndComparedExactly) {

@@ -233,6 +233,27 @@ TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunit
   EXPECT_THAT(NextStart(), IsEmpty());
 }
 
+TEST_F(SettingsFormTest, OKThatChangesNothingLeavesAloneWhatOthersHaveWrittenMeanwhile) {
+  const RegistrySupport others(registry);
+  const auto store = [&](int index) {
+    others.SaveRegistryValue("Sentrel", "Device Filters", index,
+                             "10.0." + std::to_string(index) + ".0/24", false);
+    others.SaveRegistryValue("Sentrel", "Community Strings", index, std::to_string(index), false);
+  };
+  store(1);
+  settings.Refresh();
+  for (const int index : {2, 3}) store(index);
+  const int before = registry.changes;
+  form.Form_Load();
+  form.cmdOK_Click();
+  EXPECT_EQ(registry.changes, before);
+  EXPECT_THAT(NextStart(), ElementsAre("1", "2", "3"));
+  form.Form_Load();
+  AddCommunity("mine");
+  form.cmdOK_Click();
+  EXPECT_THAT(NextStart(), ElementsAre("1", "mine")) << "what has changed is written whole";
+}
+
 TEST_F(SettingsFormTest, TheLogFilenameIsKeptWithLoggingOnOnly) {
   std::string filename = "old.log";
   settings.SetLogFilename(filename);

@@ -114,6 +114,19 @@ TEST_F(SettingsTest, AWriteThatFailsKeepsTheValueForThisRunAndStillTellsOfIt) {
   EXPECT_FALSE(Settings(registry_).Raw());
 }
 
+TEST_F(SettingsTest, AListThatCouldNotBeReadRefusesNoTrap) {
+  Store("Device Filter Active", "True");
+  support_.SaveRegistryValue("Sentrel", "Device Filters", 1, "10.0.1.1", false);
+  registry_.unreadable = {"SOFTWARE\\VARNHOLTNET\\SENTREL\\DEVICE FILTERS"};
+  Settings settings(registry_);
+  EXPECT_FALSE(settings.DeviceFilterActive());
+  settings.DeviceFilters()->Sync();
+  registry_.unreadable.clear();
+  const Settings next(registry_);
+  EXPECT_TRUE(next.DeviceFilterActive());
+  EXPECT_EQ(next.DeviceFilters()->Count(), 1);
+}
+
 TEST_F(SettingsTest, RefreshReplacesAllButPausedAndTellsOfNothing) {
   Settings settings(registry_);
   Record(settings);

@@ -84,16 +84,19 @@ TEST_F(Damage, OfManyProcessesThatFindItOneSetsTheFileAside) {
   }
 }
 
-TEST_F(Damage, AnOrdinaryUserLeavesTheMachinesFileAndUsesTheirOwn) {
+TEST_F(Damage, AnOrdinaryUserLeavesTheMachinesFileAndSeesTheirOwnWhenItIsRepaired) {
   Overwrite(0, 100);
   folder_.LockMachine();
   fs::remove_all(folder_.User().parent_path());
   AsOrdinaryUser([&] {
-    EXPECT_EQ(Get("1"), "-");
-    EXPECT_TRUE(Set("1", "mine"));
-    EXPECT_EQ(Get("1"), "mine");
+    EXPECT_EQ(Get("x"), "-");
+    EXPECT_TRUE(Set("x", "mine"));
+    EXPECT_EQ(Get("x"), "-");
   });
   EXPECT_THAT(Names(), UnorderedElementsAre("registry.db"));
+  folder_.Unlock();
+  EXPECT_EQ(Get("x"), "-");
+  AsOrdinaryUser([&] { EXPECT_EQ(Get("x"), "mine"); });
 }
 
 TEST_F(Damage, AnEmptyFileAndOneOfOtherTablesTakeOptions) {

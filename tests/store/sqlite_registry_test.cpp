@@ -10,18 +10,6 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::seconds;
 
-/// A file that another process keeps for itself while this object lives.
-class Occupied {
- public:
-  explicit Occupied(const fs::path& file) : database_(file, none_) {
-    database_.Execute("BEGIN EXCLUSIVE");
-  }
-
- private:
-  const Patience none_{seconds(0)};
-  Database database_;
-};
-
 class SqliteRegistryTest : public StoreTest {
  protected:
   bool HasKey(RegistryRoot root, const std::string& path) {
@@ -83,12 +71,18 @@ TEST_F(SqliteRegistryTest, DeleteTakesOneValueAndLeavesTheKey) {
 }
 
 TEST_F(SqliteRegistryTest, AValueOfAnotherTypeIsNoTextButCanBeReplacedAndDeleted) {
-  Set("x", "1");
-  for (const bool replace : {true, false}) {
-    RunSql(folder_.Machine(), "UPDATE options SET value = 1");
-    EXPECT_EQ(Get("x"), "-");
-    EXPECT_TRUE(replace ? Set("x", "True") : Delete("x"));
-    EXPECT_EQ(Get("x"), replace ? "True" : "-");
+  for (const char* value : {"1", "2.5", "x'00'", "printf('%2000000d', 1)"}) {
+    for (const bool replace : {true, false}) {
+      Set("x", "1");
+      const auto key = registry_.OpenKey(kMachine, "a");
+      RunSql(folder_.Machine(),
+             std::string("UPDATE options SET value = ") + value + " WHERE name = 'x'");
+      EXPECT_FALSE(registry_.QueryStringValue(*key, "x")) << value;
+      EXPECT_TRUE(registry_.CloseKey(*key));
+      EXPECT_TRUE(SetText(registry_, kMachine, "a", "y", "reachable")) << value;
+      EXPECT_TRUE(replace ? Set("x", "True") : Delete("x"));
+      EXPECT_EQ(Get("x"), replace ? "True" : "-");
+    }
   }
 }
 
@@ -136,10 +130,11 @@ TEST_F(SqliteRegistryTest, WhatAnAdministratorSetsIsFoundWithoutAKeyOfItsOwn) {
 }
 
 TEST_F(SqliteRegistryTest, AnOrdinaryUsersWritesLieOverTheMachines) {
-  Set("x", "machine");
-  Set("y", "machine");
-  folder_.LockMachine();
+  const fs::path own = folder_.User();
   AsOrdinaryUser([&] {
+    Set("x", "machine");
+    Set("y", "machine");
+    folder_.LockMachine();
     EXPECT_EQ(Get("x"), "machine");
     EXPECT_TRUE(Set("x", "mine"));
     EXPECT_TRUE(Delete("y"));
@@ -150,17 +145,16 @@ TEST_F(SqliteRegistryTest, AnOrdinaryUsersWritesLieOverTheMachines) {
     EXPECT_EQ(Get("z"), "-");
     EXPECT_TRUE(Set("y", "again"));
     EXPECT_EQ(Get("y"), "again");
+    folder_.Unlock();
+    fs::rename(own.parent_path(), folder_.Root() / "kept");
+    EXPECT_EQ(Get("x") + Get("y"), "machinemachine");
+    fs::rename(folder_.Root() / "kept", own.parent_path());
+    EXPECT_EQ(Get("x"), "mine");
+    EXPECT_TRUE(Set("x", "machine again"));
+    EXPECT_EQ(RunSql(own, "SELECT count(*) FROM options WHERE name = 'x'"), "0");
+    EXPECT_TRUE(Delete("y"));
+    EXPECT_EQ(Get("x") + Get("y"), "machine again-");
   });
-  folder_.Unlock();
-  const fs::path own = folder_.User();
-  fs::rename(own.parent_path(), folder_.Root() / "kept");
-  EXPECT_EQ(Get("x") + Get("y"), "machinemachine");
-  fs::rename(folder_.Root() / "kept", own.parent_path());
-  EXPECT_EQ(Get("x"), "mine");
-  EXPECT_TRUE(Set("x", "machine again"));
-  EXPECT_EQ(RunSql(own, "SELECT count(*) FROM options WHERE name = 'x'"), "0");
-  EXPECT_TRUE(Delete("y"));
-  EXPECT_EQ(Get("x") + Get("y"), "machine again-");
 }
 
 TEST_F(SqliteRegistryTest, WithoutAMachineFileAnOrdinaryUserKeepsEverythingInTheirOwn) {

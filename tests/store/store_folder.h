@@ -96,13 +96,31 @@ inline std::string Bytes(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Runs SQL on a file, as an administrator might; returns the first column of the first row.
-inline std::string RunSql(const std::filesystem::path& file, const char* sql) {
-  const Patience none{std::chrono::milliseconds(0)};
-  Database database(file, none);
-  auto rows = database.Run(sql);
-  return rows.Step() ? rows.Text() : std::string();
+/// Runs a statement on a file, as an administrator might; returns the last value that it gives.
+inline std::string RunSql(const std::filesystem::path& file, const std::string& sql) {
+  std::string result;
+  const auto keep = [](void* kept, int columns, char** values, char**) {
+    if (columns > 0 && values[0]) *static_cast<std::string*>(kept) = values[0];
+    return 0;
+  };
+  sqlite3* database = nullptr;
+  EXPECT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, sql.c_str(), keep, &result, nullptr), SQLITE_OK) << sql;
+  sqlite3_close(database);
+  return result;
 }
+
+/// A file that another process keeps for itself while this object lives.
+class Occupied {
+ public:
+  explicit Occupied(const std::filesystem::path& file) : database_(file, none_) {
+    database_.Execute("BEGIN EXCLUSIVE");
+  }
+
+ private:
+  const Patience none_{std::chrono::seconds(0)};
+  Database database_;
+};
 
 /// Works on values of one key of the machine, each time with a registry of its own.
 class StoreTest : public testing::Test {
