@@ -7,7 +7,9 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 
+#include "common/text.h"
 #include "console/row_record.h"
 #include "console/trap_texts.h"
 #include "fakes/fake_registry.h"
@@ -28,6 +30,16 @@ constexpr char kUsers[] =
 
 void Require(bool condition) {
   if (!condition) std::abort();
+}
+
+/// The first line is the address, and no other line that has anything on it begins before the
+/// 19th column.
+void RequireIndented(std::string_view entry, std::string_view address) {
+  const auto lines = sentrel::SplitLines(entry);
+  Require(lines.front() == address);
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    Require(lines[i].empty() || lines[i].starts_with(std::string(18, ' ')));
+  }
 }
 
 class Folder {
@@ -60,7 +72,7 @@ class Rows {
       Require(id.find_first_not_of("0123456789.") == std::string::npos);
     }
     for (const bool raw : {false, true}) {
-      Require(DetailText(trap, raw, lookup_).starts_with(trap.SourceAddress));
+      RequireIndented(DetailText(trap, raw, lookup_), trap.SourceAddress);
     }
     decoder_.CheckCacheSize();
     Require(sentrel::ReadRowRecord(sentrel::RowRecord(trap)) == trap);
