@@ -50,6 +50,8 @@ class ListenerTest : public testing::Test, public TrapObserver {
   const QTemporaryDir temporary_;
   const std::filesystem::path folder_ = temporary_.path().toStdString();
   std::vector<Trap> traps_;
+  /// Called on the receiver thread when traps have begun to wait. To be set before Start.
+  std::function<void()> onWake_ = [] {};
 
  private:
   std::counting_semaphore<> wakes_{0};

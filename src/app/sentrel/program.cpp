@@ -87,7 +87,10 @@ Program::Program(const ProgramOptions& options)
       tips_(application_, ThisProgram(), RegistrySupport(registry_), tipDialogs_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }),
-      forcedEnd_([this] { listener_.CloseListener(); }) {
+      forcedEnd_([this] {
+        table_.SetObserver(nullptr);  // the last traps are for the log: there is no window any more
+        listener_.CloseListener();
+      }) {
   QApplication::setApplicationName("Sentrel");
   window_.SetEvents(mainForm_);
   table_.SetEvents(&tableCommands_);
