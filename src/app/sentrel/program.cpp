@@ -100,7 +100,7 @@ Program::Program(const ProgramOptions& options)
 Commands Program::OtherCommands() {
   Commands commands;
   commands.ShowSettingsForm = [this] {
-    QtSettingsForm(settings_, messageBox_, fileDialog_, &window_).exec();
+    QtSettingsForm(settings_, messageBox_, fileDialog_, logFile_, &window_).exec();
   };
   commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
   commands.PrintTraps = [this] { trapExport_.PrintTraps(); };
