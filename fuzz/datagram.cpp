@@ -7,7 +7,9 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 
+#include "common/text.h"
 #include "console/row_record.h"
 #include "console/trap_texts.h"
 #include "fakes/fake_registry.h"
@@ -31,6 +33,16 @@ constexpr char kUsers[] =
 
 void Require(bool condition) {
   if (!condition) std::abort();
+}
+
+/// The first line is the address, and no other line that has anything on it begins before the
+/// 19th column.
+void RequireIndented(std::string_view entry, std::string_view address) {
+  const auto lines = sentrel::SplitLines(entry);
+  Require(lines.front() == address);
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    Require(lines[i].empty() || lines[i].starts_with(std::string(18, ' ')));
+  }
 }
 
 class Folder {
@@ -64,7 +76,7 @@ class Rows {
       Require(dotted || sentrel::IsOdd(id) || id == "no name");
     }
     for (const bool raw : {false, true}) {
-      Require(DetailText(trap, raw, lookup_).starts_with(trap.SourceAddress));
+      RequireIndented(DetailText(trap, raw, lookup_), trap.SourceAddress);
     }
     decoder_.CheckCacheSize();
     Require(sentrel::ReadRowRecord(sentrel::RowRecord(trap)) == trap);

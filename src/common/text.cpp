@@ -1,8 +1,29 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <span>
 
 namespace sentrel {
+namespace {
+
+/// The longer one of two that begin alike comes first.
+constexpr std::string_view kLineEnds[] = {"\r\n", "\n",   "\r",     "\v",     "\f",    "\x1C",
+                                          "\x1D", "\x1E", "\u0085", "\u2028", "\u2029"};
+/// The bytes that line ends begin with.
+constexpr std::string_view kLineEndStarts = "\n\r\v\f\x1C\x1D\x1E\xC2\xE2";
+
+constexpr std::string_view kWhiteSpace[] = {
+    " ",      "\t",     "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004",
+    "\u2005", "\u2006", "\u2007", "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
+
+/// Length of the one that the text begins with, 0 where it begins with none.
+size_t LengthOfFirst(std::span<const std::string_view> candidates, std::string_view text) {
+  const auto found = std::find_if(candidates.begin(), candidates.end(),
+                                  [text](std::string_view c) { return text.starts_with(c); });
+  return found == candidates.end() ? 0 : found->size();
+}
+
+}  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
@@ -18,6 +39,35 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
   }
   pieces.push_back(text);
   return pieces;
+}
+
+bool IsPrintableAscii(std::string_view text) {
+  // No early end, so that the compiler can look at many at once.
+  bool other = false;
+  for (const char c : text) other |= static_cast<unsigned char>(c - 0x20) >= 0x7F - 0x20;
+  return !other;
+}
+
+std::vector<std::string_view> SplitLines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  size_t at = 0;
+  while ((at = text.find_first_of(kLineEndStarts, at)) != std::string_view::npos) {
+    const size_t length = LengthOfFirst(kLineEnds, text.substr(at));
+    if (length == 0) {
+      ++at;
+      continue;
+    }
+    lines.push_back(text.substr(0, at));
+    text.remove_prefix(at + length);
+    at = 0;
+  }
+  lines.push_back(text);
+  return lines;
+}
+
+bool IsBlank(std::string_view text) {
+  while (const size_t length = LengthOfFirst(kWhiteSpace, text)) text.remove_prefix(length);
+  return text.empty();
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {

@@ -16,6 +16,17 @@ std::string_view TrimBlanks(std::string_view text);
 /// be empty.
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
 
+/// Whether every character is ASCII and none is a control character: one line, at little cost.
+bool IsPrintableAscii(std::string_view text);
+
+/// The lines of a UTF-8 text, at least one, whatever anyone takes for a line end: CR LF, LF, CR,
+/// VT, FF, FS, GS, RS, NEL, LINE SEPARATOR, PARAGRAPH SEPARATOR (Unicode 5.8). What follows the
+/// last line end is a line too.
+std::vector<std::string_view> SplitLines(std::string_view text);
+
+/// Whether nothing but white space stands in the UTF-8 text, or nothing at all.
+bool IsBlank(std::string_view text);
+
 /// Replaces every occurrence of `from` (not empty), left to right.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
 

@@ -1,6 +1,7 @@
 #include "console/trap_texts.h"
 
 #include <string_view>
+#include <vector>
 
 #include "common/failure.h"
 #include "common/text.h"
@@ -12,6 +13,9 @@ namespace {
 /// As wide as the stamp of a log entry with the blanks behind it: lines of the log stand beneath
 /// the address.
 constexpr std::string_view kIndent = "                  ";
+
+/// Wider than that: no line of a binding but its first can be taken for a binding, or for an entry.
+constexpr std::string_view kFurtherIndent = "                      ";
 
 /// Room for most lines.
 constexpr size_t kUsualLine = 64;
@@ -27,6 +31,18 @@ void AppendBinding(const Trap& trap, size_t i, bool raw, OidLookup& lookup, std:
     text.append(trap.OIDs[i]).append(" = ").append(trap.Values[i]);
   } else {
     lookup.LookupOIDDetails(trap.OIDs[i], trap.Values[i], text);
+  }
+}
+
+/// Whatever a text ends its lines with, the log's lines begin with blanks that no text can take
+/// away. The text stands at the end of the entry, from `start` on.
+void IndentFurtherLines(size_t start, std::string& entry) {
+  if (IsPrintableAscii(std::string_view(entry).substr(start))) return;
+  const std::string text = entry.substr(start);
+  const std::vector<std::string_view> lines = SplitLines(text);
+  entry.resize(start + lines.front().size());
+  for (size_t i = 1; i < lines.size(); ++i) {
+    if (!IsBlank(lines[i])) entry.append(kCrLf).append(kFurtherIndent).append(lines[i]);
   }
 }
 
@@ -52,14 +68,16 @@ std::string DetailText(const Trap& trap, bool raw, OidLookup& lookup) {
   text.append(trap.SourceAddress).append(kCrLf);
   std::string_view separator;
   for (size_t i = 0; i < BindingCount(trap); ++i) {
-    if (trap.OIDs[i] == kEnterpriseOid) {
-      text.append(raw ? separator : kCrLf).append(kIndent).append("Enterprise = ");
-      text.append(EnterpriseText(trap.Values[i], raw, lookup));
-      continue;
+    const bool enterprise = trap.OIDs[i] == kEnterpriseOid;
+    text.append(enterprise && !raw ? kCrLf : separator).append(kIndent);
+    const size_t start = text.size();
+    if (enterprise) {
+      text.append("Enterprise = ").append(EnterpriseText(trap.Values[i], raw, lookup));
+    } else {
+      AppendBinding(trap, i, raw, lookup, text);
+      separator = kCrLf;
     }
-    text.append(separator).append(kIndent);
-    AppendBinding(trap, i, raw, lookup, text);
-    separator = kCrLf;
+    IndentFurtherLines(start, text);
   }
   return text;
 }

@@ -22,8 +22,10 @@ struct TrapTexts {
 /// decoded stands raw.
 TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup);
 
-/// What the log tells of one trap, in the same manner: the source address, then one indented line
-/// per binding, the enterprise included; CR LF between lines.
+/// What the log tells of one trap, in the same manner: the source address, then one line per
+/// binding, the enterprise included, that begins with 18 blanks; CR LF between lines. Every further
+/// line of a binding begins with 22 blanks and is left out where it is blank: whatever a trap
+/// holds, none of its lines begins like an entry or like a binding.
 std::string DetailText(const Trap& trap, bool raw, OidLookup& lookup);
 
 }  // namespace sentrel

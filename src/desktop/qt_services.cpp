@@ -81,16 +81,6 @@ void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::st
   box.exec();
 }
 
-PlainMessages::PlainMessages() {
-  qApp->installEventFilter(this);
-}
-
-bool PlainMessages::eventFilter(QObject* watched, QEvent* event) {
-  auto* box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
-  if (box) box->setTextFormat(Qt::PlainText);
-  return QObject::eventFilter(watched, event);
-}
-
 void QtTimer::Setup(std::chrono::milliseconds interval, std::function<void()> onExpiry) {
   interval_ = interval;
   onExpiry_ = std::move(onExpiry);

@@ -65,14 +65,6 @@ class QtMessageBox : public MessageBox {
   QWidget& window_;
 };
 
-/// Shows the text of every message box as it stands, also of the toolkit's own, for as long as this
-/// lives: the name of a file in it may look like markup.
-class PlainMessages : public QObject {
- public:
-  PlainMessages();
-  bool eventFilter(QObject* watched, QEvent* event) override;
-};
-
 /// Beginning a new interval is cheap: the toolkit's timer is left to run, and started again only
 /// when it expires too early.
 class QtTimer : public Timer {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -25,6 +26,9 @@ struct ListenFailure {
   std::string remedy;
 };
 
+/// What is still to be handed on when reception ends is lost after this time.
+inline constexpr std::chrono::seconds kMostForLastTraps{2};
+
 /// Receives and sends traps. All calls come from the event loop.
 class SNMP {
  public:
@@ -34,7 +38,8 @@ class SNMP {
   virtual std::int16_t StartListening() = 0;
   /// The reason of the last StartListening that failed.
   virtual ListenFailure WhyNotListening() const = 0;
-  /// Ends reception: no OnTrap comes after it. Throws Failure.
+  /// Ends reception: hands on the traps that have arrived until now, for which it takes no longer
+  /// than kMostForLastTraps, also while more arrive. No OnTrap comes after it. Throws Failure.
   virtual void StopListening() = 0;
   /// Releases what the listener holds. Called once, after StopListening. Throws Failure.
   virtual void CloseListener() = 0;

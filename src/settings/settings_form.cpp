@@ -1,5 +1,7 @@
 #include "settings/settings_form.h"
 
+#include <utility>
+
 #include "common/text.h"
 
 namespace sentrel {
@@ -11,6 +13,7 @@ namespace {
 constexpr int kHelpContext = 9100;
 constexpr int kGeneralTab = 1;
 constexpr int kDeviceFilterTab = 2;
+constexpr int kLoggingTab = 4;
 constexpr char32_t kEnter = U'\r';
 
 constexpr const char* kExamples =
@@ -39,7 +42,7 @@ void SettingsForm::Form_Load() {
   view_.SetChecked(kCheckRaw, settings_.Raw());
   view_.SetChecked(kCheckDeviceFilter, settings_.DeviceFilterActive());
   view_.SetChecked(kCheckLoggingActive, settings_.LoggingEnabled());
-  view_.SetText(kLogFilename, settings_.LogFilename());
+  view_.SetText(kLogFilename, logFile_.WholePath(settings_.LogFilename()));
   LoadCommunities();
   ShowCommunityControls();
   LoadDeviceFilters();
@@ -78,7 +81,9 @@ void SettingsForm::ShowCommunityControls() {
 }
 
 void SettingsForm::ShowLoggingControls() {
-  Show({kLogLabel, kLogFilename, kCmdSelectLogFile}, view_.Checked(kCheckLoggingActive));
+  const bool active = view_.Checked(kCheckLoggingActive);
+  Show({kLogLabel, kLogFilename, kCmdSelectLogFile, kLogProblem}, active);
+  if (active) FindsNewLogProblem();
 }
 
 void SettingsForm::Show(std::initializer_list<SettingsControl> controls, bool visible) {
@@ -168,17 +173,40 @@ void SettingsForm::EnableRemoval(SettingsList list, SettingsButton removeButton)
   view_.SetEnabled(removeButton, selected && !view_.Lines(list)[*selected].empty());
 }
 
+std::string SettingsForm::LogPath() const {
+  return logFile_.WholePath(std::string(TrimBlanks(view_.Text(kLogFilename))));
+}
+
+bool SettingsForm::FindsNewLogProblem() {
+  const std::string path = LogPath();
+  const std::string problem = path.empty() ? "" : logFile_.Obstacle(path);
+  view_.SetText(kLogProblem, problem);
+  if (problem.empty()) return false;
+  return std::exchange(problemFile_, path) != path;
+}
+
+void SettingsForm::LogFilename_LostFocus() {
+  view_.SetText(kLogFilename, LogPath());
+}
+
 void SettingsForm::cmdSelectLogFile_Click() {
   const auto chosen = fileDialog_.ChooseSaveFile({.title = "Trap Logging File ...",
                                                   .filter = "All Files (*.*)|*.*",
                                                   .fileName = view_.Text(kLogFilename)});
-  if (chosen) view_.SetText(kLogFilename, *chosen);
+  if (!chosen) return;
+  view_.SetText(kLogFilename, *chosen);
+  FindsNewLogProblem();
 }
 
 void SettingsForm::cmdOK_Click() {
   if (view_.Checked(kCheckDeviceFilter) && view_.Lines(kDeviceFilterList).empty()) {
     view_.SelectTab(kDeviceFilterTab);
     messageBox_.Show(kFiltersMissing, MessageIcon::Exclamation);
+    return;
+  }
+  if (view_.Checked(kCheckLoggingActive) && FindsNewLogProblem()) {
+    view_.SelectTab(kLoggingTab);
+    view_.SetFocus(kLogFilename);
     return;
   }
   SaveOptions();
@@ -192,7 +220,7 @@ void SettingsForm::SaveOptions() {
   settings_.SetDeviceFilterActive(view_.Checked(kCheckDeviceFilter));
   settings_.SetLoggingEnabled(view_.Checked(kCheckLoggingActive));
   if (!settings_.LoggingEnabled()) return;
-  std::string filename = view_.Text(kLogFilename);
+  std::string filename = LogPath();
   settings_.SetLogFilename(filename);
 }
 

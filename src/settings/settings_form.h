@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "platform/file_dialog.h"
+#include "platform/log_file.h"
 #include "platform/message_box.h"
 #include "settings/settings.h"
 #include "settings/settings_view.h"
@@ -16,8 +17,12 @@ class SettingsForm {
  public:
   /// All must outlive this object.
   SettingsForm(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
-               SettingsView& view)
-      : settings_(settings), messageBox_(messageBox), fileDialog_(fileDialog), view_(view) {}
+               const LogFile& logFile, SettingsView& view)
+      : settings_(settings),
+        messageBox_(messageBox),
+        fileDialog_(fileDialog),
+        logFile_(logFile),
+        view_(view) {}
 
   void Form_Load();
 
@@ -39,8 +44,13 @@ class SettingsForm {
   void cmdDeleteCommunity_Click();
 
   void cmdSelectLogFile_Click();
+  /// The user has left the box: it shows the whole path.
+  void LogFilename_LostFocus();
+  /// The user has stopped typing: what stands in the way of the log is said beside the box.
+  void LogFilename_Pause() { FindsNewLogProblem(); }
 
-  /// Writes everything back and closes, or tells what is missing and changes nothing.
+  /// Writes everything back and closes, or tells what is missing and changes nothing. A log file
+  /// that cannot be written is told of once; it may be one for later.
   void cmdOK_Click();
   void cmdCancel_Click();
 
@@ -55,6 +65,10 @@ class SettingsForm {
   void Reenter(SettingsText box);
   void RemoveSelected(SettingsList list, SettingsButton removeButton);
   void EnableRemoval(SettingsList list, SettingsButton removeButton);
+  std::string LogPath() const;
+  /// Says beside the box what stands in the way of the log, or nothing. Returns whether that is
+  /// something that has not been said of this file before.
+  bool FindsNewLogProblem();
   void SaveOptions();
   void SaveCommunities();
   void SaveDeviceFilters();
@@ -62,7 +76,10 @@ class SettingsForm {
   Settings& settings_;
   MessageBox& messageBox_;
   FileDialog& fileDialog_;
+  const LogFile& logFile_;
   SettingsView& view_;
+  /// The log file that a problem was told of last.
+  std::string problemFile_;
 };
 
 }  // namespace sentrel

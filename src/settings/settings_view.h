@@ -44,6 +44,7 @@ inline constexpr SettingsButton kCmdDeleteCommunity{"cmdDeleteCommunity"};
 inline constexpr SettingsCheck kCheckLoggingActive{"checkLoggingActive"};
 inline constexpr SettingsText kLogLabel{"LogLabel"};
 inline constexpr SettingsText kLogFilename{"LogFilename"};
+inline constexpr SettingsText kLogProblem{"LogProblem"};
 inline constexpr SettingsButton kCmdSelectLogFile{"cmdSelectLogFile"};
 
 inline constexpr SettingsButton kCmdOK{"cmdOK"};

@@ -1,5 +1,6 @@
 #include "snmp/datagram_socket.h"
 
+#include <linux/filter.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
@@ -114,6 +115,13 @@ std::span<const Datagram> DatagramSocket::ReadBatch() {
     TakeControl(received.msg_hdr, datagram.peer);
   }
   return batch_;
+}
+
+void DatagramSocket::Shut() {
+  sock_filter takeNothing = BPF_STMT(BPF_RET | BPF_K, 0);
+  const sock_fprog program{.len = 1, .filter = &takeNothing};
+  // Where the system does not know filters, the socket stays open to all.
+  setsockopt(descriptor_, SOL_SOCKET, SO_ATTACH_FILTER, &program, sizeof program);
 }
 
 void DatagramSocket::TakeControl(const msghdr& message, Peer& peer) {

@@ -33,6 +33,10 @@ class DatagramSocket {
   /// returns is good until the next call.
   std::span<const Datagram> ReadBatch();
 
+  /// From now on the system refuses what arrives; what it holds can still be read. To be undone by
+  /// closing only.
+  void Shut();
+
   /// Datagrams that the system dropped because this socket's buffer was full, as far as the
   /// datagrams read until now tell. Wraps at 2^32.
   std::uint32_t SystemDrops() const { return systemDrops_; }

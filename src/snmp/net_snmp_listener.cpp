@@ -69,7 +69,10 @@ SnmpLibrary& NetSnmpListener::SetUpLibrary() {
 }
 
 void NetSnmpListener::StopListening() {
+  using std::chrono::milliseconds;
+  const CoarseClock::time_point end = CoarseClock::now() + kMostForLastTraps;
   receiver_.reset();
+  Deliver(std::chrono::duration_cast<milliseconds>(end - CoarseClock::now()));
   queue_.Clear();
   taken_.Clear();
   next_ = 0;

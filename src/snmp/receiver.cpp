@@ -64,10 +64,14 @@ void Receiver::Run() {
       [this](const Peer& peer, std::span<const std::uint8_t> bytes) {
         return socket_.Send(peer, bytes);
       });
-  while (WaitForDatagrams()) {
-    const auto batch = socket_.ReadBatch();
-    Handle(batch, parser);
-    RestAfter(batch.size());
+  while (WaitForDatagrams()) RestAfter(HandleBatch(parser));
+  ReadTheRest(parser);
+}
+
+void Receiver::ReadTheRest(NotificationParser& parser) {
+  socket_.Shut();
+  const auto end = std::chrono::steady_clock::now() + kLastReading;
+  while (HandleBatch(parser) > 0 && std::chrono::steady_clock::now() < end) {
   }
 }
 
@@ -85,11 +89,13 @@ bool Receiver::WaitForDatagrams() const {
   return waiting[1].revents == 0;
 }
 
-void Receiver::Handle(std::span<const Datagram> batch, NotificationParser& parser) {
+std::size_t Receiver::HandleBatch(NotificationParser& parser) {
+  const auto batch = socket_.ReadBatch();
   for (const Datagram& datagram : batch) counters_.Count(parser.Parse(datagram));
   counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
   if (queue_.Publish()) wake_();
+  return batch.size();
 }
 
 }  // namespace sentrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <thread>
 
@@ -16,6 +17,8 @@ namespace sentrel {
 /// else.
 class Receiver {
  public:
+  static constexpr std::chrono::seconds kLastReading{1};
+
   /// Takes the descriptor over. Throws std::system_error when the system has no thread or
   /// descriptor to give.
   /// Both functions are called on the receiver thread and must not throw: `setUpLibrary` once,
@@ -23,7 +26,8 @@ class Receiver {
   /// once the queue has gone from empty to non-empty, at most once for each batch of datagrams.
   Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
            std::function<SnmpLibrary&()> setUpLibrary, std::function<void()> wake);
-  /// Ends the thread, which takes no longer than the batch in hand.
+  /// Ends the thread once it has read what the socket holds, but nothing that arrives from now on.
+  /// What has not been read within kLastReading is lost.
   ~Receiver();
   Receiver(const Receiver&) = delete;
   Receiver& operator=(const Receiver&) = delete;
@@ -32,7 +36,9 @@ class Receiver {
 
  private:
   void Run();
-  void Handle(std::span<const Datagram> batch, NotificationParser& parser);
+  /// Returns how many datagrams it has read.
+  std::size_t HandleBatch(NotificationParser& parser);
+  void ReadTheRest(NotificationParser& parser);
   bool WaitForDatagrams() const;
   /// Lets datagrams gather, where that is safe and they come in numbers: a wake-up for each would
   /// cost more than the traps themselves.

@@ -6,11 +6,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <filesystem>
 #include <system_error>
 
 #include "common/failure.h"
 
 namespace sentrel {
+namespace fs = std::filesystem;
 namespace {
 
 /// Takes what was written of an entry off the file again, so that the next one begins a line.
@@ -26,6 +29,21 @@ void TakeBack(int file, ssize_t written) {
   throw Failure(fmt::format("{}: {}", path, std::generic_category().message(error)));
 }
 
+std::string ObstacleFrom(int error) {
+  return fmt::format("Nothing can be written here: {}.", std::generic_category().message(error));
+}
+
+bool May(int access, const std::string& path) {
+  return faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0;
+}
+
+std::string ObstacleToMaking(const fs::path& path) {
+  const std::string folder = path.parent_path();
+  struct stat status {};
+  if (stat(folder.c_str(), &status) != 0 && errno == ENOENT) return "There is no such folder.";
+  return May(W_OK | X_OK, folder) ? "" : ObstacleFrom(errno);
+}
+
 }  // namespace
 
 void PosixLogFile::Append(const std::string& path, std::string_view entry) {
@@ -38,6 +56,28 @@ void PosixLogFile::Append(const std::string& path, std::string_view entry) {
   if (written > 0 && written < static_cast<ssize_t>(entry.size())) TakeBack(file, written);
   close(file);
   if (written != static_cast<ssize_t>(entry.size())) Fail(path, error);
+}
+
+std::string PosixLogFile::WholePath(const std::string& name) const {
+  if (name.empty()) return name;
+  const char* home = std::getenv("HOME");
+  const bool inHome = home != nullptr && (name == "~" || name.starts_with("~/"));
+  std::error_code error;
+  const fs::path whole = fs::absolute(inHome ? home + name.substr(1) : name, error);
+  return error ? name : whole.string();
+}
+
+std::string PosixLogFile::Obstacle(const std::string& path) const {
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) {
+    if (S_ISDIR(status.st_mode)) return "This is a folder. Please add the name of a file.";
+    return May(W_OK, path) ? "" : ObstacleFrom(errno);
+  }
+  if (errno != ENOENT) return ObstacleFrom(errno);
+  std::error_code error;
+  const fs::path target = fs::read_symlink(path, error);
+  // A link to a file that is not there yet: entries would make that one.
+  return error ? ObstacleToMaking(path) : Obstacle(fs::path(path).parent_path() / target);
 }
 
 }  // namespace sentrel

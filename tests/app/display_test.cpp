@@ -29,6 +29,10 @@ std::string LogIn(const QDir& folder) {
   return folder.filePath("traps.log").toStdString();
 }
 
+std::string SentIn(const QDir& folder) {
+  return folder.filePath("sent").toStdString();
+}
+
 QByteArray Contents(const std::string& path) {
   QFile file(QString::fromStdString(path));
   return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
@@ -43,10 +47,14 @@ TEST(DISABLED_OnADisplay, TheProgramLogsTraps) {
   std::string log = LogIn(folder);
   program.Options().SetLogFilename(log);
   program.Options().SetLoggingEnabled(true);
+  // Told of only when they are on the way.
+  QFile sent(QString::fromStdString(SentIn(folder)));
+  ASSERT_TRUE(sent.open(QFile::WriteOnly | QFile::Unbuffered));
   QTimer storm;
   QObject::connect(&storm, &QTimer::timeout, [&] {
     Sender(options.sendPort)
         .SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"}, {"whole"}, {4});
+    sent.write(".");
   });
   storm.start(1);
   QApplication::exec();
@@ -80,6 +88,7 @@ TEST(Display, ItsLossEndsTheProgramAndHarmsNoFile) {
   display.waitForFinished();
 
   const QByteArray entries = Contents(log);
+  EXPECT_EQ(entries.count("= whole\r\n\r\n"), Contents(SentIn(folder.path())).size());
   EXPECT_TRUE(entries.endsWith("= whole\r\n\r\n")) << entries.right(100).toStdString();
   const SystemClock clock;
   const ProgramOptions options = OptionsIn(folder.path());

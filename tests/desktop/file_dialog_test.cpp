@@ -1,11 +1,18 @@
 #include "desktop/forms/qt_file_dialog.h"
 
 #include <gmock/gmock.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include <QFile>
+#include <QFileDialog>
+#include <QFileSystemModel>
 #include <QTemporaryDir>
 #include <QTest>
+#include <array>
 
+#include "desktop/export/filename.h"
+#include "desktop/forms/toolkit_dialogs.h"
 #include "dialogs.h"
 
 namespace sentrel {
@@ -58,6 +65,34 @@ TEST_F(FileDialogTest, RefusesReadOnlyFilesWhereWanted) {
   user.Accept("QMessageBox");
   user.NameFile("free");
   EXPECT_EQ(files.ChooseSaveFile(request), Path("free"));
+}
+
+/// Any file of the folder may be one whose reading never ends.
+TEST_F(FileDialogTest, NoDialogOpensTheFilesThatItShows) {
+  MakeFile("notes.odd", QFile::ReadOwner | QFile::WriteOwner);
+  const QString notes = folder.filePath("notes.odd");
+  const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  ASSERT_GE(inotify_add_watch(watch, qPrintable(notes), IN_OPEN), 0);
+  const ToolkitDialogs harmless;
+  const std::function<void()> dialogs[] = {
+      [&] {
+        files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", notes.toStdString()});
+      },
+      [&] { AskFilename(&window, notes, "Odd", "odd"); },
+      [&] { QFileDialog::getSaveFileName(&window, "The toolkit's own", folder.path()); },
+  };
+  for (const auto& open : dialogs) {
+    user.When("QFileDialog", [&](QWidget& dialog) {
+      const auto& shown = *dialog.findChild<QFileSystemModel*>();
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.type(shown.index(notes)).isEmpty(); }));
+      EXPECT_FALSE(shown.fileIcon(shown.index(notes)).isNull());
+      QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    open();
+  }
+  std::array<char, 4096> opened;
+  EXPECT_EQ(read(watch, opened.data(), opened.size()), -1);
+  close(watch);
 }
 
 TEST(NameFilters, KeepTheirCaptionsAndMatchNamesWithoutADot) {

@@ -29,7 +29,7 @@ constexpr int kLogging = 3;
 /// The settings dialog on the screen, used with mouse and keyboard.
 struct SettingsDialog : testing::Test {
   void Open(int tab) {
-    dialog = std::make_unique<QtSettingsForm>(settings, box, files, nullptr);
+    dialog = std::make_unique<QtSettingsForm>(settings, box, files, logFile, nullptr);
     dialog->open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     EXPECT_EQ(Tabs().currentIndex(), kGeneral);
@@ -70,6 +70,7 @@ struct SettingsDialog : testing::Test {
   CallLog log;
   FakeMessageBox box{log};
   FakeFileDialog files;
+  FakeLogFile logFile;
   std::unique_ptr<QtSettingsForm> dialog;
 };
 
@@ -158,7 +159,9 @@ TEST_F(SettingsDialog, EachCheckBoxShowsItsControlsAndHidesThem) {
        "checkCommunity",
        {"NewCommunity", "NewCommunityLabel", "cmdAddCommunity", "CommunityList",
         "cmdDeleteCommunity"}},
-      {kLogging, "checkLoggingActive", {"LogLabel", "LogFilename", "cmdSelectLogFile"}}};
+      {kLogging,
+       "checkLoggingActive",
+       {"LogLabel", "LogFilename", "cmdSelectLogFile", "LogProblem"}}};
   for (const auto& [tab, check, controls] : groups) {
     Open(tab);
     const QSize size = dialog->size();
@@ -295,6 +298,21 @@ TEST_F(SettingsDialog, TheLogFileIsChosen) {
   EXPECT_EQ(files.requests.front().fileName, "/tmp/a");
   Click("cmdOK");
   EXPECT_EQ(Settings(registry).LogFilename(), "/tmp/b");
+}
+
+TEST_F(SettingsDialog, AFolderForTheLogIsToldOfWhereItWasTyped) {
+  settings.SetLoggingEnabled(true);
+  logFile.obstacles = {{"/home/ann", "This is a folder."}};
+  const auto problem = [&] { return Find<QLabel>("LogProblem").text(); };
+  Open(kLogging);
+  Click("LogFilename");
+  QTest::keyClicks(&Find("LogFilename"), "~");
+  EXPECT_EQ(problem(), "") << "not at every key";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return problem() == "This is a folder."; }));
+  QTest::keyClick(&Find("LogFilename"), Qt::Key_Tab);
+  EXPECT_EQ(Find<QLineEdit>("LogFilename").text(), "/home/ann");
+  Click("cmdOK");
+  EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(SettingsDialog, TheListsTakeTheRoomOfALargerWindow) {

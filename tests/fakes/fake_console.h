@@ -170,12 +170,21 @@ class FakeTimer : public Timer {
   std::chrono::milliseconds elapsed_{0};
 };
 
-/// Log files in memory, by path. An empty path cannot be opened.
+/// Log files in memory, by path. An empty path cannot be opened. The home folder is /home/ann.
 class FakeLogFile : public LogFile {
  public:
   bool failing = false;
   std::map<std::string, std::string> contents;
+  /// By path.
+  std::map<std::string, std::string> obstacles;
 
+  std::string WholePath(const std::string& name) const override {
+    return name.starts_with('~') ? "/home/ann" + name.substr(1) : name;
+  }
+  std::string Obstacle(const std::string& path) const override {
+    const auto found = obstacles.find(path);
+    return found == obstacles.end() ? "" : found->second;
+  }
   void Append(const std::string& path, std::string_view entry) override {
     if (failing || path.empty()) throw Failure("The log cannot be written.");
     contents[path].append(entry);

@@ -50,7 +50,8 @@ struct SettingsFormTest : testing::Test {
   FakeMessageBox box{log};
   FakeFileDialog files;
   FakeSettingsView view;
-  SettingsForm form{settings, box, files, view};
+  FakeLogFile logFile;
+  SettingsForm form{settings, box, files, logFile, view};
 };
 
 TEST_F(SettingsFormTest, LoadsAFirstRun) {
@@ -58,12 +59,12 @@ TEST_F(SettingsFormTest, LoadsAFirstRun) {
   EXPECT_EQ(view.helpContext, 9100);
   EXPECT_EQ(view.tab, 1);
   EXPECT_THAT(view.checked, ElementsAre("checkDecode"));
-  EXPECT_THAT(view.hidden,
-              testing::UnorderedElementsAre(
-                  "AddLabel", "NewDeviceFilter", "cmdAddDeviceFilter", "ExamplesLabel",
-                  "ExampleList", "ExampleNames", "DeviceFilterList", "cmdDeleteDeviceFilter",
-                  "NewCommunity", "NewCommunityLabel", "cmdAddCommunity", "CommunityList",
-                  "cmdDeleteCommunity", "LogLabel", "LogFilename", "cmdSelectLogFile"));
+  EXPECT_THAT(view.hidden, testing::UnorderedElementsAre(
+                               "AddLabel", "NewDeviceFilter", "cmdAddDeviceFilter", "ExamplesLabel",
+                               "ExampleList", "ExampleNames", "DeviceFilterList",
+                               "cmdDeleteDeviceFilter", "NewCommunity", "NewCommunityLabel",
+                               "cmdAddCommunity", "CommunityList", "cmdDeleteCommunity", "LogLabel",
+                               "LogFilename", "cmdSelectLogFile", "LogProblem"));
   EXPECT_EQ(view.texts["ExampleList"],
             "10.0.1.23\r\n10.0.1.1 - 10.0.1.255\r\n10.0.1.0/24\r\n10.0.1.0/255.255.255.0");
   EXPECT_EQ(view.texts["ExampleNames"],
@@ -268,6 +269,43 @@ TEST_F(SettingsFormTest, TheLogFilenameIsKeptWithLoggingOnOnly) {
   EXPECT_EQ(pressOK(false, "new.log"), "old.log");
   EXPECT_EQ(pressOK(true, " new.log "), "new.log");
   EXPECT_EQ(pressOK(true, ""), "");
+}
+
+TEST_F(SettingsFormTest, WhatStandsInTheWayOfTheLogIsSaidBesideTheBoxOnce) {
+  logFile.obstacles = {{"/home/ann/logs", "This is a folder."}, {"/no/x", "There is no folder."}};
+  form.Form_Load();
+  view.SetChecked(kCheckLoggingActive, true);
+  view.SetText(kLogFilename, " ~/logs ");
+  form.LogFilename_LostFocus();
+  EXPECT_EQ(view.texts["LogFilename"], "/home/ann/logs");
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "") << "it takes no message box";
+  EXPECT_EQ(view.texts["LogProblem"], "This is a folder.");
+  EXPECT_EQ(view.tab, 4);
+  EXPECT_EQ(view.focus, "LogFilename");
+  EXPECT_FALSE(view.closed || settings.LoggingEnabled());
+  view.SetText(kLogFilename, "~/logs/x");
+  form.LogFilename_Pause();
+  EXPECT_EQ(view.texts["LogProblem"], "");
+  files.choice = "/no/x";
+  form.cmdSelectLogFile_Click();
+  EXPECT_EQ(view.texts["LogProblem"], "There is no folder.");
+  form.cmdOK_Click();
+  EXPECT_TRUE(view.closed) << "the user knows, and may have reasons";
+  EXPECT_EQ(settings.LogFilename(), "/no/x");
+}
+
+TEST_F(SettingsFormTest, ALogThatCannotBeWrittenHoldsNobodyUp) {
+  std::string filename = "/no/x";
+  settings.SetLogFilename(filename);
+  logFile.obstacles = {{"/no/x", "There is no folder."}};
+  for (const bool logging : {false, true}) {
+    settings.SetLoggingEnabled(logging);
+    view.closed = false;
+    form.Form_Load();
+    EXPECT_EQ(view.texts["LogProblem"], logging ? "There is no folder." : "");
+    form.cmdOK_Click();
+    EXPECT_TRUE(view.closed);
+  }
 }
 
 }  // namespace

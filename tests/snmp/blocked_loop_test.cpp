@@ -1,3 +1,7 @@
+#include <unistd.h>
+
+#include <atomic>
+
 #include "listener_fixture.h"
 
 namespace sentrel::test {
@@ -59,6 +63,26 @@ TEST_F(BlockedLoopTest, FullQueueDropsTheNewestAndCountsIt) {
   // With room again, the next one is taken.
   SendAndReceive(ReadFile(kCorpus / "v2c-no-bindings"), 1);
   EXPECT_TRUE(WaitForTraps(11));
+}
+
+TEST_F(BlockedLoopTest, TheEndHandsOnWhatQueueAndSocketHold) {
+  const std::string status = "/proc/self/task/" + std::to_string(gettid()) + "/stat";
+  const auto asleep = [&] {
+    const std::string text = ReadFile(status);
+    return text[text.rfind(')') + 2] == 'S';
+  };
+  // The receiver reads no further until this thread waits for its end.
+  std::atomic<bool> ending = false;
+  onWake_ = [&] { EXPECT_TRUE(WaitBlockedUntil([&] { return ending && asleep(); })); };
+  Start();
+  const std::string datagram = ReadFile(kCorpus / "v2c-no-bindings");
+  SendAndReceive(datagram, 1);
+  const UdpSender sender(Listener().Port());
+  for (int i = 0; i < 100; ++i) sender.Send(datagram);
+  ending = true;
+  Stop();
+  EXPECT_EQ(traps_.size(), 101U);
+  EXPECT_EQ(Listener().Counters().Of(Outcome::kAccepted), 101U);
 }
 
 TEST_F(BlockedLoopTest, InformIsAnsweredButOnlyIfItWasTaken) {

@@ -44,7 +44,10 @@ void ListenerTest::Start(const std::string& configuration, QueueLimits limits) {
   options.stateFolder = folder_ / "state";
   options.configurationPath = configured;
   options.queue = limits;
-  listener_ = std::make_unique<NetSnmpListener>(options, *this, [this] { wakes_.release(); });
+  listener_ = std::make_unique<NetSnmpListener>(options, *this, [this] {
+    onWake_();
+    wakes_.release();
+  });
   ASSERT_EQ(listener_->StartListening(), 0) << listener_->WhyNotListening().reason;
   ASSERT_NE(listener_->Port(), 0);
 }

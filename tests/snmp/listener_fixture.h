@@ -53,6 +53,8 @@ class ListenerTest : public testing::Test, public TrapObserver {
   const QTemporaryDir temporary_;
   const std::filesystem::path folder_ = temporary_.path().toStdString();
   std::vector<Trap> traps_;
+  /// Called on the receiver thread when traps have begun to wait. To be set before Start.
+  std::function<void()> onWake_ = [] {};
 
  private:
   int SendTo(std::uint16_t port, const char* tool, const std::vector<std::string>& arguments,

@@ -57,6 +57,61 @@ TEST_F(PosixLogFileTest, RefusesWhatCannotTakeTheEntryAtOnce) {
   fs::permissions(folder_.Root(), fs::perms::all);
 }
 
+TEST_F(PosixLogFileTest, NamesAreMadeWholeAsAShellWould) {
+  ExpectSuccess(Start([&] {
+    setenv("HOME", "/home/ann", 1);
+    fs::current_path(folder_.Root());
+    const std::pair<std::string, fs::path> cases[] = {{"", ""},
+                                                      {"/var/log/traps.log", "/var/log/traps.log"},
+                                                      {"~", "/home/ann"},
+                                                      {"~/traps.log", "/home/ann/traps.log"},
+                                                      {"traps.log", path_},
+                                                      {"~bob/x", folder_.Root() / "~bob/x"}};
+    for (const auto& [name, whole] : cases) EXPECT_EQ(log_.WholePath(name), whole);
+  }));
+}
+
+TEST_F(PosixLogFileTest, TellsWhatStandsInTheWayAndMakesNothing) {
+  const fs::path root = folder_.Root();
+  Append(root / "file");
+  fs::permissions(root / "file", fs::perms(0666));
+  fs::create_directory(root / "locked");
+  Append(root / "locked" / "file");
+  fs::permissions(root / "locked" / "file", fs::perms(0444));
+  fs::permissions(root / "locked", fs::perms(0555));
+  fs::create_symlink("loop", root / "loop");
+  fs::create_symlink("new", root / "to-new");
+  fs::create_symlink("gone/new", root / "to-gone");
+  const std::string folder = "This is a folder. Please add the name of a file.";
+  const std::string gone = "There is no such folder.";
+  const std::string refused = "Nothing can be written here: ";
+  const std::pair<fs::path, std::string> cases[] = {
+      {path_, ""},
+      {root / "file", ""},
+      {"/dev/null", ""},
+      {root / "to-new", ""},
+      {root, folder},
+      {root / "gone" / "x", gone},
+      {root / "gone/", gone},
+      {root / "to-gone", gone},
+      {root / "locked" / "x", refused + "Permission denied."},
+      {root / "locked" / "file", refused + "Permission denied."},
+      {root / "file" / "x", refused + "Not a directory."},
+      {root / "loop", refused + "Too many levels of symbolic links."},
+      {root / std::string(300, 'x'), refused + "File name too long."},
+      {"/proc/x", refused + "Permission denied."}};
+  const auto files = [&] {
+    return std::distance(fs::recursive_directory_iterator(root),
+                         fs::recursive_directory_iterator());
+  };
+  const auto before = files();
+  AsOrdinaryUser([&] {
+    for (const auto& [path, obstacle] : cases) EXPECT_EQ(log_.Obstacle(path), obstacle) << path;
+  });
+  EXPECT_EQ(files(), before);
+  fs::permissions(root / "locked", fs::perms(0755));
+}
+
 TEST_F(PosixLogFileTest, AFullPipeRefusesAndAReaderThatLeavesEndsNothing) {
   const fs::path fifo = folder_.Root() / "fifo";
   ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);

@@ -87,7 +87,10 @@ Program::Program(const ProgramOptions& options)
       tips_(application_, ThisProgram(), RegistrySupport(registry_), tipDialogs_),
       dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }),
-      forcedEnd_([this] { listener_.CloseListener(); }) {
+      forcedEnd_([this] {
+        table_.SetObserver(nullptr);  // the last traps are for the log: there is no window any more
+        listener_.CloseListener();
+      }) {
   QApplication::setApplicationName("Sentrel");
   window_.SetEvents(mainForm_);
   table_.SetEvents(&tableCommands_);
@@ -97,7 +100,7 @@ Program::Program(const ProgramOptions& options)
 Commands Program::OtherCommands() {
   Commands commands;
   commands.ShowSettingsForm = [this] {
-    QtSettingsForm(settings_, messageBox_, fileDialog_, &window_).exec();
+    QtSettingsForm(settings_, messageBox_, fileDialog_, logFile_, &window_).exec();
   };
   commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
   commands.PrintTraps = [this] { trapExport_.PrintTraps(); };

@@ -21,6 +21,7 @@
 #include "desktop/export/engine.h"
 #include "desktop/export/services.h"
 #include "desktop/forms/qt_file_dialog.h"
+#include "desktop/forms/toolkit_dialogs.h"
 #include "desktop/help/qt_about_dialog.h"
 #include "desktop/help/qt_browser.h"
 #include "desktop/help/qt_tip_dialog.h"
@@ -75,7 +76,7 @@ class Program {
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
-  PlainMessages plainMessages_;
+  ToolkitDialogs toolkitDialogs_;
   QtApplication application_;
   SystemClock clock_;
   SystemLocale locale_;

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QStandardPaths>
 
+#include "desktop/forms/toolkit_dialogs.h"
+
 namespace sentrel {
 namespace {
 
@@ -39,7 +41,9 @@ QString WritablePlace(const QString& filename, const QString& otherFolder) {
 std::optional<QString> AskFilename(QWidget* owner, const QString& suggestion,
                                    const QString& caption, const QString& extension) {
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  NameIcons icons;
   QFileDialog dialog(owner, "Export");
+  dialog.setIconProvider(&icons);
   dialog.setObjectName("ExportFile");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);

@@ -3,13 +3,16 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
+#include "desktop/forms/toolkit_dialogs.h"
 #include "desktop/qt_services.h"
 
 namespace sentrel {
 namespace {
 
 std::optional<std::string> Ask(const SaveFileRequest& request, QWidget* owner) {
+  NameIcons icons;
   QFileDialog dialog(owner, QString::fromStdString(request.title));
+  dialog.setIconProvider(&icons);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);

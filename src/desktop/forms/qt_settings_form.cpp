@@ -5,8 +5,10 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "desktop/forms/settings_pages.h"
@@ -16,6 +18,8 @@ namespace sentrel {
 using namespace settings_controls;
 
 namespace {
+
+constexpr std::chrono::milliseconds kTypingPause{600};
 
 QPushButton* ClosingButton(SettingsButton control, const QString& caption) {
   auto* button = new QPushButton(caption);
@@ -27,8 +31,10 @@ QPushButton* ClosingButton(SettingsButton control, const QString& caption) {
 }  // namespace
 
 QtSettingsForm::QtSettingsForm(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
-                               QWidget* owner)
-    : QDialog(owner), tabs_(MakeSettingsTabs()), form_(settings, messageBox, fileDialog, *this) {
+                               const LogFile& logFile, QWidget* owner)
+    : QDialog(owner),
+      tabs_(MakeSettingsTabs()),
+      form_(settings, messageBox, fileDialog, logFile, *this) {
   setObjectName("SettingsForm");
   setWindowTitle("Sentrel Settings ...");
   auto* layout = new QVBoxLayout(this);
@@ -40,6 +46,7 @@ QtSettingsForm::QtSettingsForm(Settings& settings, MessageBox& messageBox, FileD
   layout->addLayout(closing);
   ConnectChecks();
   ConnectButtons();
+  ConnectLogFilename();
   ConnectList(kDeviceFilterList, kCmdDeleteDeviceFilter, &SettingsForm::DeviceFilterList_Click,
               &SettingsForm::cmdDeleteDeviceFilter_Click);
   ConnectList(kCommunityList, kCmdDeleteCommunity, &SettingsForm::CommunityList_Click,
@@ -74,6 +81,16 @@ void QtSettingsForm::ConnectButtons() {
     connect(&Find<QAbstractButton>(button), &QAbstractButton::clicked, this,
             [this, click = click] { (form_.*click)(); });
   }
+}
+
+void QtSettingsForm::ConnectLogFilename() {
+  auto* box = &Find<QLineEdit>(kLogFilename);
+  auto* pause = new QTimer(this);
+  pause->setSingleShot(true);
+  pause->setInterval(kTypingPause);
+  connect(box, &QLineEdit::textEdited, pause, qOverload<>(&QTimer::start));
+  connect(pause, &QTimer::timeout, this, [this] { form_.LogFilename_Pause(); });
+  connect(box, &QLineEdit::editingFinished, this, [this] { form_.LogFilename_LostFocus(); });
 }
 
 void QtSettingsForm::ConnectList(SettingsList list, SettingsButton removeButton,

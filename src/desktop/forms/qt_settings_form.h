@@ -13,7 +13,7 @@ class QtSettingsForm : public QDialog, private SettingsView {
  public:
   /// Loads the dialog; exec() shows it. All must outlive it.
   QtSettingsForm(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
-                 QWidget* owner);
+                 const LogFile& logFile, QWidget* owner);
 
   /// However the dialog is closed without OK.
   void reject() override { form_.cmdCancel_Click(); }
@@ -24,6 +24,7 @@ class QtSettingsForm : public QDialog, private SettingsView {
  private:
   void ConnectChecks();
   void ConnectButtons();
+  void ConnectLogFilename();
   void ConnectList(SettingsList list, SettingsButton removeButton, void (SettingsForm::*selected)(),
                    void (SettingsForm::*remove)());
   template <typename Widget>

@@ -170,6 +170,9 @@ void AddLogging(QTabWidget& tabs) {
   select->setMaximumWidth(select->sizeHint().height() * 3 / 2);
   page->addWidget(label);
   page->addLayout(Row({EntryBox(kLogFilename, label), select}));
+  auto* problem = Label(kLogProblem);
+  problem->setWordWrap(true);
+  page->addWidget(problem);
   page->addStretch();
 }
 

@@ -1,0 +1,75 @@
+#include <QFile>
+#include <csignal>
+
+#include "program_fixture.h"
+#include "snmp/sender.h"
+
+namespace sentrel {
+namespace {
+
+/// However the program is told to end, what has arrived by then is shown and logged.
+struct EndTest : ProgramFixture {
+  static constexpr int kTraps = 2'000;
+
+  EndTest() {
+    std::string name = Log().toStdString();
+    program.Options().SetLogFilename(name);
+    program.Options().SetLoggingEnabled(true);
+  }
+  /// The event loop does not turn meanwhile.
+  void SendAll() {
+    Sender sender(port);
+    for (int i = 0; i < kTraps; ++i) {
+      sender.SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"}, {"last"}, {4});
+    }
+  }
+  void AwaitEnd() {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program.Listener().Listening(); }, 10'000));
+  }
+  QString Log() const { return state.filePath("traps.log"); }
+  qsizetype Logged() const {
+    QFile log(Log());
+    return log.open(QFile::ReadOnly) ? log.readAll().count("= last\r\n\r\n") : 0;
+  }
+  void ExpectAll() const {
+    EXPECT_EQ(program.Listener().Counters().Of(Outcome::kAccepted), std::size_t{kTraps});
+    EXPECT_EQ(program.Traps().Rows(), 1 + kMostTraps);
+    EXPECT_EQ(Logged(), kTraps);
+  }
+};
+
+TEST_F(EndTest, ByTheMenu) {
+  SendAll();
+  Tool("Main:Exit").trigger();
+  ExpectAll();
+}
+
+TEST_F(EndTest, ByTheCloseBox) {
+  SendAll();
+  program.Window().close();
+  ExpectAll();
+}
+
+TEST_F(EndTest, BySignalsThatComeTwiceUnderADialog) {
+  user.When("SettingsForm", [&](QWidget& dialog) {
+    SendAll();
+    for (const int signal : {SIGTERM, SIGHUP}) raise(signal);
+    AwaitEnd();
+    raise(SIGINT);
+    dialog.close();
+  });
+  Tool("Main:Settings").trigger();
+  ExpectAll();
+}
+
+TEST_F(EndTest, WhilePausedLeavesNoTrace) {
+  Tool("Edit:Pause").trigger();
+  SendAll();
+  raise(SIGTERM);
+  AwaitEnd();
+  EXPECT_EQ(program.Traps().Rows(), 1);
+  EXPECT_EQ(Logged(), 0);
+}
+
+}  // namespace
+}  // namespace sentrel
