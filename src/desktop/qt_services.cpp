@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "common/failure.h"
+#include "common/visible_text.h"
 
 namespace sentrel {
 
@@ -81,13 +82,25 @@ void QtMessageBox::Show(const std::string& text, MessageIcon icon, const std::st
   box.exec();
 }
 
+namespace {
+
+QString Visible(const QString& text) {
+  return QString::fromStdString(VisibleText(text.toStdString()));
+}
+
+}  // namespace
+
 PlainMessages::PlainMessages() {
   qApp->installEventFilter(this);
 }
 
 bool PlainMessages::eventFilter(QObject* watched, QEvent* event) {
   auto* box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
-  if (box) box->setTextFormat(Qt::PlainText);
+  if (box) {
+    box->setTextFormat(Qt::PlainText);
+    box->setText(Visible(box->text()));
+    box->setInformativeText(Visible(box->informativeText()));
+  }
   return QObject::eventFilter(watched, event);
 }
 

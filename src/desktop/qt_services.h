@@ -65,8 +65,8 @@ class QtMessageBox : public MessageBox {
   QWidget& window_;
 };
 
-/// Shows the text of every message box as it stands, also of the toolkit's own, for as long as this
-/// lives: the name of a file in it may look like markup.
+/// Shows the text of every message box as it stands and every character of it (VisibleText), also
+/// of the toolkit's own, for as long as this lives: the name of a file in it may look like markup.
 class PlainMessages : public QObject {
  public:
   PlainMessages();

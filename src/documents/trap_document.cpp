@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "common/failure.h"
+#include "common/visible_text.h"
 #include "documents/atomic_file.h"
 
 namespace sentrel {
@@ -34,7 +35,7 @@ std::string TrapDocument(const SavedTrap& trap) {
                          {"community", trap.TrapCommunity},
                          {"bindings", Bindings(trap)}};
   try {
-    return document.dump(kIndent) + "\n";
+    return VisibleJson(document.dump(kIndent)) + "\n";
   } catch (const nlohmann::json::exception&) {
     throw Failure("The trap cannot be saved: it holds a text that is not UTF-8.");
   }
