@@ -66,7 +66,8 @@ TEST_F(HostileTextTest, TheNameOfAFileIsNoMarkup) {
     user.When("QMessageBox", [](QWidget& dialog) {
       auto& box = dynamic_cast<QMessageBox&>(dialog);
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
-      EXPECT_TRUE(box.text().contains("<b>bold<img src=x><U+202E>gpj.Trap")) << box.text().toStdString();
+      EXPECT_TRUE(box.text().contains("<b>bold<img src=x><U+202E>gpj.Trap"))
+          << box.text().toStdString();
       box.reject();
     });
     user.Escape("QFileDialog");
