@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <span>
+#include <utility>
 
 #include "common/utf8.h"
 
@@ -86,6 +87,7 @@ bool IsControl(char32_t c) {
 }
 
 bool IsUnseen(char32_t c) {
+  if (c == U'\t' || c == U'\r' || c == U'\n') return false;
   return IsControl(c) || (c & 0xFFFE) == 0xFFFE || Has(kUnseen, c);
 }
 
@@ -122,13 +124,17 @@ void AppendJsonEscape(char32_t c, std::string& text) {
   }
 }
 
-/// The length of what stands at the start and needs no look.
-size_t PlainLength(std::string_view text) {
-  const auto end = std::find_if(text.begin(), text.end(), [](char c) {
-    const auto octet = static_cast<std::uint8_t>(c);
-    return (octet < 0x20 && c != '\t' && c != '\r' && c != '\n') || octet >= kDelete;
-  });
-  return static_cast<size_t>(end - text.begin());
+constexpr bool IsPlain(char c) {
+  const auto octet = static_cast<std::uint8_t>(c);
+  return (octet >= 0x20 && octet < kDelete) || c == '\t' || c == '\r' || c == '\n';
+}
+
+/// Most texts are. Looks at all of the text, because that is faster than to look for the first
+/// octet that is not.
+bool IsPlain(std::string_view text) {
+  bool plain = true;
+  for (const char c : text) plain &= IsPlain(c);
+  return plain;
 }
 
 std::string WithSigns(std::string_view text, void (*appendSign)(char32_t, std::string&)) {
@@ -136,12 +142,6 @@ std::string WithSigns(std::string_view text, void (*appendSign)(char32_t, std::s
   result.reserve(text.size());
   char32_t before = 0;
   while (!text.empty()) {
-    if (const size_t plain = PlainLength(text); plain > 0) {
-      result.append(text.substr(0, plain));
-      before = static_cast<std::uint8_t>(text[plain - 1]);
-      text.remove_prefix(plain);
-      continue;
-    }
     const auto [code, length] = FirstCharacter(text);
     const std::string_view character = text.substr(0, std::max<size_t>(length, 1));
     text.remove_prefix(character.size());
@@ -161,8 +161,8 @@ std::string WithSigns(std::string_view text, void (*appendSign)(char32_t, std::s
 
 }  // namespace
 
-std::string VisibleText(std::string_view text) {
-  return WithSigns(text, AppendSign);
+std::string VisibleText(std::string text) {
+  return IsPlain(text) ? std::move(text) : WithSigns(text, AppendSign);
 }
 
 std::string VisibleJson(std::string_view document) {

@@ -16,7 +16,7 @@ namespace sentrel {
 /// cannot be written without them: U+200C and U+200D between two letters of the Arabic, Indic and
 /// other scripts that join letters, U+200D between two emoji, U+FE0E and U+FE0F behind a symbol,
 /// and the Mongolian selectors behind a Mongolian letter. Flags made of tags do not.
-std::string VisibleText(std::string_view text);
+std::string VisibleText(std::string text);
 
 /// The same for a JSON document: what cannot be seen stands as "\u202E", and nothing else is
 /// changed, so that the document says what it said.

@@ -60,13 +60,13 @@ RowContent RowBuilder::Content(const ArrivedTrap& arrived, const LocalTime& arri
                                bool raw) const {
   Trap trap;
   arrived.Read(trap);
-  const TrapTexts texts = DescribeTrap(trap, raw, lookup_);
+  TrapTexts texts = DescribeTrap(trap, raw, lookup_);
   const LocaleTexts& words = locale_.Texts();
   std::string time = FormatMediumDate(arrival, words).append(kCrLf);
   const int height = HeightFor(texts.SummaryText);
   return {.cells = {time.append(FormatTime(arrival, words)), trap.SourceAddress,
-                    VisibleText(trap.Community), VisibleText(texts.DeviceType),
-                    VisibleText(texts.SummaryText)},
+                    VisibleText(trap.Community), VisibleText(std::move(texts.DeviceType)),
+                    VisibleText(std::move(texts.SummaryText))},
           .data = RowRecord(trap),
           .height = height};
 }

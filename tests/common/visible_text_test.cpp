@@ -26,7 +26,7 @@ TEST(VisibleText, ShowsWhatHidesReordersOrBreaks) {
       {"\xE2\x82", "\uFFFD\uFFFD"},
   };
   for (const auto& [text, shown] : cases) {
-    EXPECT_EQ(VisibleText(text), shown);
+    EXPECT_EQ(VisibleText(std::string(text)), shown);
     EXPECT_EQ(VisibleText(shown), shown);
   }
 }
