@@ -53,10 +53,13 @@ constexpr Range kUnseen[] = {
 };
 
 /// In order: the letters and marks of the scripts in which a joiner decides on how they are joined.
+/// None of them is unseen.
 constexpr Range kJoinedScripts[] = {
     {0x0620, 0x0DFF},    // Arabic to Sinhala
     {0x1000, 0x109F},    // Myanmar
-    {0x1780, 0x18AA},    // Khmer, Mongolian
+    {0x1780, 0x17B3},    // Khmer
+    {0x17B6, 0x180A},    // Khmer, Mongolian
+    {0x1810, 0x18AA},    // Mongolian
     {0x1A20, 0x1BFF},    // Tai Tham to Batak
     {0xA840, 0xA9FF},    // Phags-pa to Javanese
     {0xAA60, 0xAAFF},    // Myanmar to Meetei Mayek
@@ -124,17 +127,15 @@ void AppendJsonEscape(char32_t c, std::string& text) {
   }
 }
 
-constexpr bool IsPlain(char c) {
-  const auto octet = static_cast<std::uint8_t>(c);
-  return (octet >= 0x20 && octet < kDelete) || c == '\t' || c == '\r' || c == '\n';
-}
-
-/// Most texts are. Looks at all of the text, because that is faster than to look for the first
-/// octet that is not.
+/// Most texts are. Looks at the whole text without a branch, so that many octets are taken at once.
 bool IsPlain(std::string_view text) {
-  bool plain = true;
-  for (const char c : text) plain &= IsPlain(c);
-  return plain;
+  std::uint8_t others = 0;
+  for (const char c : text) {
+    const auto octet = static_cast<std::uint8_t>(c);
+    const std::uint8_t unusual = (octet < 0x20) | (octet >= kDelete);
+    others |= unusual & (octet != '\t') & (octet != '\r') & (octet != '\n');
+  }
+  return others == 0;
 }
 
 std::string WithSigns(std::string_view text, void (*appendSign)(char32_t, std::string&)) {

@@ -32,7 +32,7 @@ std::string_view OtherFormOf(const Image& image, std::span<const std::uint32_t> 
 bool IsBarelyKnown(std::span<const std::uint32_t> oid, size_t depth) {
   constexpr std::array<std::uint32_t, 3> kDod = {1, 3, 6};
   return depth < oid.size() && depth <= kDod.size() &&
-         std::equal(oid.begin(), oid.begin() + depth, kDod.begin());
+         std::ranges::equal(oid.first(depth), std::span(kDod).first(depth));
 }
 
 }  // namespace

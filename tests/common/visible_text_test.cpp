@@ -20,6 +20,7 @@ TEST(VisibleText, ShowsWhatHidesReordersOrBreaks) {
       {"pay\u200Dpal\u200C.com\uFE0F", "pay<U+200D>pal<U+200C>.com<U+FE0F>"},
       {"می\u200C\u200Cخواهم", "می<U+200C><U+200C>خواهم"},
       {"می\u200C", "می<U+200C>"},
+      {"ᠠ\u200D\u180B", "ᠠ<U+200D><U+180B>"},
       {"❤️\uFE0F👩\u200D", "❤️<U+FE0F>👩<U+200D>"},
       {"\xC3(", "\uFFFD("},
       {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},  // half of a surrogate pair

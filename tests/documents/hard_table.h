@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/visible_text.h"
 #include "documents/progress.h"
 #include "documents/table_content.h"
-#include "common/visible_text.h"
 
 namespace sentrel {
 
