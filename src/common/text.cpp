@@ -23,6 +23,11 @@ size_t LengthOfFirst(std::span<const std::string_view> candidates, std::string_v
   return found == candidates.end() ? 0 : found->size();
 }
 
+int HexDigit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
+
 }  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
@@ -85,6 +90,18 @@ std::string UpperCase(std::string_view text) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
   });
   return result;
+}
+
+std::optional<std::string> FromHex(std::string_view digits) {
+  if (digits.size() % 2 != 0) return std::nullopt;
+  std::string octets;
+  for (std::size_t i = 0; i < digits.size(); i += 2) {
+    const int high = HexDigit(digits[i]);
+    const int low = HexDigit(digits[i + 1]);
+    if (high < 0 || low < 0) return std::nullopt;
+    octets += static_cast<char>(high * 16 + low);
+  }
+  return octets;
 }
 
 }  // namespace sentrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,5 +33,8 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 
 /// Letters A to Z in upper case; everything else unchanged.
 std::string UpperCase(std::string_view text);
+
+/// The octets that pairs of hexadecimal digits, in upper case, stand for.
+std::optional<std::string> FromHex(std::string_view digits);
 
 }  // namespace sentrel

@@ -6,6 +6,7 @@
 #include "common/dates.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/visible_text.h"
 #include "console/row_record.h"
 #include "console/trap_texts.h"
 
@@ -52,7 +53,7 @@ void RowBuilder::AddTrap(const ArrivedTrap& trap) {
 
 void RowBuilder::Log(const ArrivedTrap& trap, bool raw) {
   trap.Read(logged_);
-  log_.WriteToLog(DetailText(logged_, raw, lookup_).append(kCrLf));
+  log_.WriteToLog(VisibleText(DetailText(logged_, raw, lookup_)).append(kCrLf));
 }
 
 RowContent RowBuilder::Content(const ArrivedTrap& arrived, const LocalTime& arrival,
@@ -63,8 +64,9 @@ RowContent RowBuilder::Content(const ArrivedTrap& arrived, const LocalTime& arri
   const LocaleTexts& words = locale_.Texts();
   std::string time = FormatMediumDate(arrival, words).append(kCrLf);
   const int height = HeightFor(texts.SummaryText);
-  return {.cells = {time.append(FormatTime(arrival, words)), trap.SourceAddress, trap.Community,
-                    std::move(texts.DeviceType), std::move(texts.SummaryText)},
+  return {.cells = {time.append(FormatTime(arrival, words)), trap.SourceAddress,
+                    VisibleText(trap.Community), VisibleText(std::move(texts.DeviceType)),
+                    VisibleText(std::move(texts.SummaryText))},
           .data = RowRecord(trap),
           .height = height};
 }

@@ -24,6 +24,7 @@ class RowBuilder {
   /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond
   /// kMostTraps and keeps the selection on the same traps. Painting is off meanwhile and on again
   /// afterwards, also after a failure.
+  /// Row and log show every character (VisibleText); the row's data keeps what came.
   /// What the row shows is worked out when it is first looked at, raw or decoded as Settings.Raw
   /// is now.
   void AddTrap(const ArrivedTrap& trap);

@@ -1,9 +1,11 @@
 #include "console/trap_texts.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "common/failure.h"
+#include "common/readable_octets.h"
 #include "common/text.h"
 #include "console/row_record.h"
 
@@ -17,6 +19,9 @@ constexpr std::string_view kIndent = "                  ";
 /// Wider than that: no line of a binding but its first can be taken for a binding, or for an entry.
 constexpr std::string_view kFurtherIndent = "                      ";
 
+constexpr int kOctetString = 4;
+constexpr std::string_view kHexMark = "0x";
+
 /// Room for most lines.
 constexpr size_t kUsualLine = 64;
 
@@ -26,11 +31,22 @@ std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup
   return text;
 }
 
+/// Of an OCTET STRING that stands in hexadecimal.
+std::optional<std::string> ReadableValue(const Trap& trap, size_t i) {
+  std::string_view value = trap.Values[i];
+  if (trap.DataTypes[i] != kOctetString || !value.starts_with(kHexMark)) return std::nullopt;
+  value.remove_prefix(kHexMark.size());
+  const auto octets = FromHex(value);
+  return octets ? ReadableOctets(*octets) : std::nullopt;
+}
+
 void AppendBinding(const Trap& trap, size_t i, bool raw, OidLookup& lookup, std::string& text) {
+  const auto readable = ReadableValue(trap, i);
+  const std::string& value = readable ? *readable : trap.Values[i];
   if (raw) {
-    text.append(trap.OIDs[i]).append(" = ").append(trap.Values[i]);
+    text.append(trap.OIDs[i]).append(" = ").append(value);
   } else {
-    lookup.LookupOIDDetails(trap.OIDs[i], trap.Values[i], text);
+    lookup.LookupOIDDetails(trap.OIDs[i], value, text);
   }
 }
 

@@ -18,7 +18,8 @@ struct TrapTexts {
   std::string SummaryText;
 };
 
-/// Bindings stand raw or decoded. Never throws for want of names: an enterprise that cannot be
+/// Bindings stand raw or decoded; octets that are most likely text (ReadableOctets) as that text.
+/// Never throws for want of names: an enterprise that cannot be
 /// decoded stands raw.
 TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup);
 

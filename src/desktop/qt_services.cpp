@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "common/failure.h"
+#include "common/visible_text.h"
 
 namespace sentrel {
 

@@ -1,6 +1,6 @@
 #include "documents/table_content.h"
 
-#include "documents/unicode.h"
+#include "common/visible_text.h"
 
 namespace sentrel {
 namespace {
@@ -17,12 +17,12 @@ void Keep(const std::vector<std::size_t>& indices, std::vector<Item>& items) {
 
 void TakeTable(const Table& table, TableContent& content) {
   for (int col = 0; col < table.Cols(); ++col) {
-    content.columns.push_back({CleanText(table.Cell(0, col)), table.ColAlignment(col)});
+    content.columns.push_back({VisibleText(table.Cell(0, col)), table.ColAlignment(col)});
   }
   content.rows.reserve(static_cast<std::size_t>(table.Rows()));
   for (int row = 1; row < table.Rows(); ++row) {
     std::vector<std::string>& cells = content.rows.emplace_back();
-    for (int col = 0; col < table.Cols(); ++col) cells.push_back(CleanText(table.Cell(row, col)));
+    for (int col = 0; col < table.Cols(); ++col) cells.push_back(VisibleText(table.Cell(row, col)));
   }
 }
 

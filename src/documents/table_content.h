@@ -15,7 +15,7 @@ struct ContentColumn {
 };
 
 /// What a document shows: texts around a table, or around nothing where there are no columns. All
-/// texts are clean (CleanText).
+/// texts are visible (VisibleText).
 struct TableContent {
   std::string title;
   std::string subTitle;

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "common/failure.h"
 #include "common/atomic_file.h"
+#include "common/failure.h"
+#include "common/visible_text.h"
 
 namespace sentrel {
 namespace {
@@ -34,7 +35,7 @@ std::string TrapDocument(const SavedTrap& trap) {
                          {"community", trap.TrapCommunity},
                          {"bindings", Bindings(trap)}};
   try {
-    return document.dump(kIndent) + "\n";
+    return VisibleJson(document.dump(kIndent)) + "\n";
   } catch (const nlohmann::json::exception&) {
     throw Failure("The trap cannot be saved: it holds a text that is not UTF-8.");
   }

@@ -6,8 +6,8 @@
 
 namespace sentrel {
 
-/// A saved trap as one JSON document (docs/saved-trap.md). Throws Failure where a text is not
-/// UTF-8.
+/// A saved trap as one JSON document (docs/saved-trap.md), in which every character can be seen.
+/// Throws Failure where a text is not UTF-8.
 std::string TrapDocument(const SavedTrap& trap);
 
 /// Writes saved traps as JSON documents.

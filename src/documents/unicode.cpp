@@ -7,9 +7,6 @@
 namespace sentrel {
 namespace {
 
-constexpr std::int32_t kReplacement = 0xFFFD;
-constexpr std::int32_t kControlPictures = 0x2400;
-constexpr std::int32_t kDeletePicture = 0x2421;
 constexpr std::int32_t kEmojiPresentation = 0xFE0F;
 
 struct CodePoint {
@@ -27,24 +24,6 @@ CodePoint First(std::string_view text) {
 
 bool IsPlain(char c) {
   return c >= 0x20 && c < 0x7F;
-}
-
-bool IsNoncharacter(std::int32_t value) {
-  return (value & 0xFFFE) == 0xFFFE || (value >= 0xFDD0 && value <= 0xFDEF);
-}
-
-std::int32_t Clean(std::int32_t value) {
-  if (value == '\t' || value == '\r' || value == '\n') return value;
-  if (value >= 0 && value < 0x20) return kControlPictures + value;
-  if (value == 0x7F) return kDeletePicture;
-  const bool control = value >= 0x80 && value < 0xA0;
-  return value < 0 || control || IsNoncharacter(value) ? kReplacement : value;
-}
-
-void Append(std::string& text, std::int32_t value) {
-  utf8proc_uint8_t bytes[4];
-  const auto count = utf8proc_encode_char(value, bytes);
-  text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
 }
 
 /// What a reader takes for one letter: a base with its marks, or joined emoji.
@@ -72,21 +51,6 @@ Cluster FirstCluster(std::string_view text) {
 }
 
 }  // namespace
-
-std::string CleanText(std::string_view text) {
-  std::string clean;
-  clean.reserve(text.size());
-  while (!text.empty()) {
-    const auto plain = std::find_if_not(text.begin(), text.end(), IsPlain);
-    clean.append(text.begin(), plain);
-    text.remove_prefix(static_cast<std::size_t>(plain - text.begin()));
-    if (text.empty()) break;
-    const CodePoint point = First(text);
-    Append(clean, Clean(point.value));
-    text.remove_prefix(point.bytes);
-  }
-  return clean;
-}
 
 std::vector<std::string_view> LinesOf(std::string_view text) {
   std::vector<std::string_view> lines;

@@ -6,15 +6,11 @@
 
 namespace sentrel {
 
-/// UTF-8 that any document can hold: what is not valid becomes U+FFFD, a control character other
-/// than TAB, CR and LF its picture (U+2400 and on).
-std::string CleanText(std::string_view text);
-
-/// The lines of clean text, at least one. CR LF, CR and LF end a line, so that none follows the
-/// last of them.
+/// The lines of a visible text (VisibleText), at least one. CR LF, CR and LF end a line, so that
+/// none follows the last of them.
 std::vector<std::string_view> LinesOf(std::string_view text);
 
-/// Columns that one line of clean text takes where every letter is one column wide: 2 for wide
+/// Columns that one line of visible text takes where every letter is one column wide: 2 for wide
 /// letters and emoji, none for combining marks.
 std::size_t DisplayWidth(std::string_view line);
 

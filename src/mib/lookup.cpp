@@ -1,10 +1,41 @@
 #include "mib/lookup.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 #include "mib/oid_text.h"
 
 namespace sentrel::mib {
+
+namespace {
+
+/// The notification X.N for X.0.N, and X.0.N for X.N; an empty text where there is none.
+std::string_view OtherFormOf(const Image& image, std::span<const std::uint32_t> oid) {
+  std::array<std::uint32_t, OidText::kMost + 1> other;
+  if (oid.size() < 2) return {};
+  auto end = std::copy(oid.begin(), oid.end() - 1, other.begin());
+  if (oid[oid.size() - 2] == 0) {
+    --end;
+  } else {
+    *end++ = 0;
+  }
+  *end++ = oid.back();
+  const Image::Match match = image.Find({other.begin(), end});
+  const format::EntryRecord& entry = image.EntryOf(match.node);
+  const bool isWhole = match.depth == static_cast<size_t>(end - other.begin());
+  const bool isNotification = entry.kind == static_cast<std::uint32_t>(Kind::Notification);
+  return isWhole && isNotification ? image.Text(entry.name) : std::string_view();
+}
+
+/// Whether no more is known of the OID than iso, org or dod.
+bool IsBarelyKnown(std::span<const std::uint32_t> oid, size_t depth) {
+  constexpr std::array<std::uint32_t, 3> kDod = {1, 3, 6};
+  return depth < oid.size() && depth <= kDod.size() &&
+         std::ranges::equal(oid.first(depth), std::span(kDod).first(depth));
+}
+
+}  // namespace
 
 Lookup LookUp(const Image& image, std::string_view text) {
   const OidText oid(text);
@@ -14,7 +45,11 @@ Lookup LookUp(const Image& image, std::string_view text) {
     return result;
   }
   const Image::Match match = image.Find(oid.Numbers());
-  if (match.depth == 0) {
+  if (match.depth < oid.Numbers().size()) {
+    result.name = OtherFormOf(image, oid.Numbers());
+    if (!result.name.empty()) return result;
+  }
+  if (IsBarelyKnown(oid.Numbers(), match.depth)) {
     result.name = text.substr(text.front() == '.' ? 1 : 0);
     return result;
   }

@@ -9,8 +9,11 @@ namespace sentrel::mib {
 
 /// What an image tells of one OID text.
 struct Lookup {
-  /// The name of the deepest known node and what is left of the text; the whole text, without a
-  /// leading dot, where nothing is known; the text itself where it is no OID.
+  /// The name of the deepest known node and what is left of the text. For X.0.N that is not known
+  /// the name of the notification X.N, and the other way round: RFC 3584 section 3.1 puts a 0 where
+  /// many modules have none. The whole text, without a leading dot, where nothing or no more than
+  /// iso, org or dod is known: "1.3.7" may as well be a version. The text itself where it is no
+  /// OID.
   std::string name;
   /// The type of the node's object; one without named values if there is none.
   const format::TypeRecord* type = nullptr;

@@ -10,6 +10,9 @@ namespace sentrel::mib {
 /// An OID taken apart, without an allocation.
 class OidText {
  public:
+  /// The most numbers that an OID has (RFC 2578 section 7.1.3).
+  static constexpr size_t kMost = 128;
+
   /// Accepts dotted decimal, with a leading dot or without, of at most 128 numbers of 32 bits.
   /// The text must outlive the object.
   explicit OidText(std::string_view text);
@@ -23,8 +26,6 @@ class OidText {
   }
 
  private:
-  static constexpr size_t kMost = 128;
-
   std::string_view text_;
   size_t count_ = 0;
   std::array<std::uint32_t, kMost> numbers_;

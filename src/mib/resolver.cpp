@@ -325,7 +325,9 @@ bool Resolver::IsInstance(std::uint32_t m, const Definition& definition) const {
 auto Resolver::RankOf(const Entry& entry) const {
   const auto weight = entry.kind == Kind::Label ? 0 : entry.kind == Kind::Value ? 1 : 2;
   const bool isOwn = entry.module >= baseModules_;
-  return std::make_tuple(weight > 0, isOwn, weight, catalog_.modules[entry.module].lastUpdated);
+  const CatalogModule& module = catalog_.modules[entry.module];
+  const bool isProgram = module.name == kProgramModule && (!isOwn || baseModules_ == 0);
+  return std::make_tuple(isProgram, weight > 0, isOwn, weight, module.lastUpdated);
 }
 
 /// Gives the entry's node its name if the entry is the strongest so far. Returns the other entry

@@ -54,23 +54,6 @@ bool TryParseOid(std::string_view text, std::vector<oid>& numbers) {
   return numbers[0] < 2 ? numbers[1] < 40 : numbers[1] <= kHighestSubidentifier - 80;
 }
 
-int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
-}
-
-std::optional<std::string> FromHex(std::string_view digits) {
-  if (digits.size() % 2 != 0) return std::nullopt;
-  std::string octets;
-  for (std::size_t i = 0; i < digits.size(); i += 2) {
-    const int high = HexDigit(digits[i]);
-    const int low = HexDigit(digits[i + 1]);
-    if (high < 0 || low < 0) return std::nullopt;
-    octets += static_cast<char>(high * 16 + low);
-  }
-  return octets;
-}
-
 std::string Octets(const std::string& text) {
   if (!text.starts_with("0x")) return text;
   const auto octets = FromHex(std::string_view(text).substr(2));

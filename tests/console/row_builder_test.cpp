@@ -57,6 +57,33 @@ TEST_F(RowBuilderTest, DecodesWhatPeopleReadAndNothingElse) {
   EXPECT_EQ(table.Cell(2, 3), "1.3.6.1.4.1.9") << "a row that is shown keeps its form";
 }
 
+TEST_F(RowBuilderTest, RowAndLogShowEveryCharacterAndTheRecordKeepsThem) {
+  LogTo("a.log");
+  settings.SetLoggingEnabled(true);
+  Trap trap = TrapOf({{"1.2", "a\u202Eb\r\n\tc"}, {kEnterprise, "e\u2066"}});
+  trap.Community = "pub\u200Blic";
+  builder.AddTrap(trap);
+  EXPECT_EQ(table.Cell(1, 2), "pub<U+200B>lic");
+  EXPECT_EQ(table.Cell(1, 3), "e<U+2066>");
+  EXPECT_EQ(Details(1), "1.2 = a<U+202E>b\r\n\tc");
+  EXPECT_NE(logFile.contents["a.log"].find("1.2 = a<U+202E>b"), std::string::npos);
+  EXPECT_EQ(ReadRowRecord(table.RowData(1)).Values, trap.Values);
+}
+
+TEST_F(RowBuilderTest, OctetsThatAreMostLikelyTextAreShownAsText) {
+  const Trap text = TrapOf({{"1.2", "0x476572E474"}, {"1.2", "0x312E332E3900"}, {"1.2", "0xE4"}});
+  mibs.entries["1.3.9"] = {"nine", {}};
+  EXPECT_EQ(DescribeTrap(text, false, lookup).SummaryText,
+            "1.2 = Gerät\r\n1.2 = nine\r\n1.2 = 0xE4");
+  EXPECT_EQ(DescribeTrap(text, true, lookup).SummaryText,
+            "1.2 = Gerät\r\n1.2 = 1.3.9\r\n1.2 = 0xE4");
+  EXPECT_NE(DetailText(text, false, lookup).find("1.2 = Gerät\r\n"), std::string::npos);
+  EXPECT_NE(RowRecord(text).find("=4=0x476572E474::"), std::string::npos);
+  Trap opaque = text;
+  opaque.DataTypes[0] = 68;
+  EXPECT_EQ(DescribeTrap(opaque, true, lookup).SummaryText.substr(0, 18), "1.2 = 0x476572E474");
+}
+
 TEST_F(RowBuilderTest, LogsOnlyWhileLoggingIsOn) {
   LogTo("traps.log");
   builder.AddTrap(TrapOf({{"1.2", "a"}}));

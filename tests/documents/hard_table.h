@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/visible_text.h"
 #include "documents/progress.h"
 #include "documents/table_content.h"
-#include "documents/unicode.h"
 
 namespace sentrel {
 
@@ -31,7 +31,8 @@ inline TableContent HardTable() {
       {kTime, "192.0.2.3", "＝1", "-x", "<script>alert(\"&amp;\")</script>"},
       {kTime, "192.0.2.4", "日本語", "e\u0301 👩‍👩‍👧 🇩🇪 ☎️",
        "שלום עולם\r\nمرحبا 123"},
-      {kTime, "192.0.2.5", " blank ", "", CleanText(std::string("nul\0 bell\a esc\x1b \xff", 17))},
+      {kTime, "192.0.2.5", " blank ", "",
+       VisibleText(std::string("nul\0 bell\a esc\x1b \xff", 17))},
       {kTime, "192.0.2.6", "_x000D_", "lone\nLF and\rCR", "a\r\n\r\nb"},
       {kTime, "192.0.2.7", "public", "long",
        "Authentication of a request from 198.51.100.77 failed because its community was not among "

@@ -48,6 +48,9 @@ TEST(TrapDocument, HoldsAllThatATrapNeedsInOrder) {
 }
 )");
   EXPECT_NE(TrapDocument(SavedTrap{}).find("\"bindings\": []"), std::string::npos);
+  SavedTrap unseen;
+  unseen.TrapCommunity = "a\u202Eb\U000E0041\x7F";
+  EXPECT_NE(TrapDocument(unseen).find(R"("a\u202Eb\uDB40\uDC41\u007F")"), std::string::npos);
 }
 
 TEST(TrapDocument, AFailedWriteLeavesTheOldFileWhole) {

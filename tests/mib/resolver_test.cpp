@@ -103,9 +103,9 @@ TEST(Resolver, ATrapOfVersion1StandsBelowZero) {
 
 TEST(Resolver, AnInstanceKeepsTheNameOfItsObject) {
   const Compiled compiled({ModuleText("A-MIB",
-                                      "up OBJECT-TYPE SYNTAX TimeTicks ::= { iso 3 }\n"
+                                      "up OBJECT-TYPE SYNTAX TimeTicks ::= { iso 4 }\n"
                                       "upInstance OBJECT IDENTIFIER ::= { up 0 }")});
-  EXPECT_EQ(compiled.Name("1.3.0"), "up.0");
+  EXPECT_EQ(compiled.Name("1.4.0"), "up.0");
 }
 
 TEST(Resolver, NamesWhatIsMissingAndGoesOn) {

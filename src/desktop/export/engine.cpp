@@ -7,6 +7,7 @@
 
 #include "common/failure.h"
 #include "common/text.h"
+#include "common/visible_text.h"
 #include "desktop/export/columns.h"
 #include "desktop/export/picture_pages.h"
 #include "desktop/export/send.h"
@@ -45,7 +46,7 @@ bool QtEngine::ExportTable(const Table& table, const std::string& method, const 
 bool QtEngine::ExportText(const std::string& text, const std::string& method, const std::string&) {
   return Guarded([&] {
     TableContent content = Texts();
-    content.paragraph = CleanText(text);
+    content.paragraph = VisibleText(text);
     return ExportContent(content, method);
   });
 }
@@ -146,11 +147,11 @@ void QtEngine::Tell(const std::string& text) {
 
 TableContent QtEngine::Texts() const {
   TableContent content;
-  content.title = CleanText(settings_.title);
-  content.subTitle = CleanText(settings_.subTitle);
-  content.paragraph = CleanText(settings_.paragraph);
-  content.footer = CleanText(settings_.footer);
-  content.program = CleanText(settings_.programName + " " + settings_.programVersion);
+  content.title = VisibleText(settings_.title);
+  content.subTitle = VisibleText(settings_.subTitle);
+  content.paragraph = VisibleText(settings_.paragraph);
+  content.footer = VisibleText(settings_.footer);
+  content.program = VisibleText(settings_.programName + " " + settings_.programVersion);
   content.made = desk_.clock.Now();
   content.madeText = FormatMediumDate(content.made, desk_.locale.Texts()) + " " +
                      FormatTime(content.made, desk_.locale.Texts());

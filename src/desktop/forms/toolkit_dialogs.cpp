@@ -7,11 +7,24 @@
 #include <QMessageBox>
 #include <QMimeDatabase>
 
+#include "common/visible_text.h"
+
 namespace sentrel {
 namespace {
 
 QMimeType KindByName(const QFileInfo& file) {
   return QMimeDatabase().mimeTypeForFile(file.fileName(), QMimeDatabase::MatchExtension);
+}
+
+QString Visible(const QString& text) {
+  return QString::fromStdString(VisibleText(text.toStdString()));
+}
+
+/// Of the program or of the toolkit.
+void ShowPlainly(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Visible(box.text()));
+  box.setInformativeText(Visible(box.informativeText()));
 }
 
 }  // namespace
@@ -31,7 +44,7 @@ ToolkitDialogs::ToolkitDialogs() {
 
 bool ToolkitDialogs::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Show) {
-    if (auto* box = qobject_cast<QMessageBox*>(watched)) box->setTextFormat(Qt::PlainText);
+    if (auto* box = qobject_cast<QMessageBox*>(watched)) ShowPlainly(*box);
     if (auto* dialog = qobject_cast<QFileDialog*>(watched)) dialog->setIconProvider(&icons_);
   }
   return QObject::eventFilter(watched, event);

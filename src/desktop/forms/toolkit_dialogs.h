@@ -16,8 +16,8 @@ class NameIcons : public QFileIconProvider {
 };
 
 /// Makes the toolkit's dialogs harmless for as long as this lives, also those that it opens itself:
-/// a message box shows its text as it stands, because the name of a file in it may look like
-/// markup; a file dialog opens none of the files that it shows.
+/// a message box shows its text as it stands and every character of it (VisibleText), because the
+/// name of a file in it may look like markup; a file dialog opens none of the files that it shows.
 class ToolkitDialogs : public QObject {
  public:
   ToolkitDialogs();

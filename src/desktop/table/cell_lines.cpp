@@ -5,29 +5,16 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "common/visible_text.h"
+
 namespace sentrel {
 namespace {
 
-constexpr char16_t kControlPictures = 0x2400;  // U+2400 shows 0x00, U+2401 shows 0x01, ...
 constexpr char16_t kReplacement = 0xFFFD;
 /// No language needs more marks on one letter.
 constexpr int kHighestPile = 8;
 /// No glyph is narrower than this many pixels: no more text is laid out than can be seen.
 constexpr int kNarrowestGlyph = 2;
-
-bool ChangesDirection(QChar c) {
-  const auto code = c.unicode();
-  return (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069) ||
-         code == 0x200E || code == 0x200F || code == 0x061C;
-}
-
-QChar Harmless(QChar c) {
-  if (c == u'\t') return u' ';
-  if (c.unicode() < 0x20) return QChar(static_cast<char16_t>(kControlPictures + c.unicode()));
-  if (c.category() == QChar::Other_Control || ChangesDirection(c)) return kReplacement;
-  if (c == QChar::LineSeparator || c == QChar::ParagraphSeparator) return kReplacement;
-  return c;
-}
 
 /// Stands on or within the character before it, and may be piled up without end.
 bool TakesNoRoom(char32_t c) {
@@ -86,12 +73,12 @@ std::vector<CellLine> CellLines(const std::string& text, const QFont& font, int 
   const QFontMetrics metrics(font);
   const int room = std::max(width, metrics.maxWidth());
   const qsizetype visible = static_cast<qsizetype>(room) / kNarrowestGlyph * kMostWrappedLines;
-  QString whole = QString::fromStdString(text);
+  QString whole = QString::fromStdString(VisibleText(text));
   whole.replace("\r\n", "\n").replace('\r', '\n');
   std::vector<CellLine> lines;
   for (QStringView part : QStringView(whole).tokenize(u'\n')) {
     QString line = part.left(visible).toString();
-    std::transform(line.begin(), line.end(), line.begin(), Harmless);
+    line.replace(u'\t', u' ');
     LevelPiles(line);
     if (const int advance = metrics.horizontalAdvance(line); advance <= room) {
       lines.push_back({line, advance});

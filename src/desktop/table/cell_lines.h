@@ -20,9 +20,9 @@ struct CellLine {
   int width = 0;
 };
 
-/// The lines to paint for the text of a cell, each at most `width` pixels wide. Characters that
-/// would disturb the picture (control characters, directional overrides, piles of marks) are made
-/// visible instead of obeyed.
+/// The lines to paint for the text of a cell, each at most `width` pixels wide. What would
+/// disturb the picture is shown instead of obeyed: characters that cannot be seen (VisibleText),
+/// piles of marks.
 std::vector<CellLine> CellLines(const std::string& text, const QFont& font, int width);
 
 }  // namespace sentrel
