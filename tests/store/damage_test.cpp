@@ -95,7 +95,7 @@ TEST_F(Damage, AnOrdinaryUserLeavesTheMachinesFileAndSeesTheirOwnWhenItIsRepaire
   });
   EXPECT_THAT(Names(), UnorderedElementsAre("registry.db"));
   folder_.Unlock();
-  EXPECT_EQ(Get("x"), "-");
+  EXPECT_EQ(Get("y"), "-") << "this repairs it";
   AsOrdinaryUser([&] { EXPECT_EQ(Get("x"), "mine"); });
 }
 
@@ -145,8 +145,8 @@ TEST_F(Damage, AHalfWrittenFileIsReadAsItWasBeforeAndRepairedByWhoeverMayWriteIt
   fs::remove_all(folder_.User().parent_path());
   AsOrdinaryUser([&] {
     EXPECT_EQ(Get("1"), kLong);
-    EXPECT_TRUE(Set("1", "mine"));
-    EXPECT_EQ(Get("1"), "mine");
+    EXPECT_TRUE(Set("x", "mine"));
+    EXPECT_EQ(Get("x"), "mine");
   });
   EXPECT_TRUE(fs::exists(folder_.Machine().native() + "-journal"));
   folder_.Unlock();
