@@ -4,7 +4,6 @@ namespace sentrel {
 namespace {
 
 using ber::Bytes;
-using ber::Element;
 
 std::optional<Binding> TakeByLength(Bytes& list) {
   Bytes rest = list;

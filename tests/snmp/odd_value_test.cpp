@@ -43,6 +43,7 @@ std::vector<Case> GoodValues() {
       {Tagged(0x04, std::string(3'000, 'x')), 4, std::string(3'000, 'x')},
       {"\x04\x84\0\0\0\x01x"s, 4, "x"},
       {Tagged(0x03, "\x80"), 3, "0x80"},
+      {Tagged(0x03, ""), 3, ""},
       {Tagged(0x05, ""), 5, ""},
       {Tagged(0x06, "\x2b\x06\x01\x8f\xff\xff\xff\x7f"), 6, "1.3.6.1.4294967295"},
       {Tagged(0x06, "\0"s), 6, "0.0"},
