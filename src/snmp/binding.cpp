@@ -4,7 +4,6 @@ namespace sentrel {
 namespace {
 
 using ber::Bytes;
-using ber::Element;
 
 std::optional<Binding> TakeByLength(Bytes& list) {
   Bytes rest = list;
@@ -19,23 +18,24 @@ std::optional<Binding> TakeByLength(Bytes& list) {
   return Binding{*whole, *name, behindName, behindValue.empty() ? value : std::nullopt};
 }
 
+/// For one whose length covers more than a name and a value.
 std::optional<Binding> TakeByParts(Bytes& list) {
-  Bytes rest = list;
-  const auto whole = ber::TakeElement(rest);
+  Bytes behind = list;
+  const auto whole = ber::TakeElement(behind);
   if (!whole || whole->FirstTag() != ber::kSequence) return std::nullopt;
-  const Bytes content = list.subspan(whole->content.data() - list.data());
-  Bytes behindName = content;
+  Bytes behindName = whole->content;
   const auto name = ber::TakeElement(behindName);
   Bytes next = behindName;
   const auto value = name ? ber::TakeElement(next) : std::nullopt;
-  const bool even = value && (next.empty() || next[0] == ber::kSequence);
-  if (!even || name->FirstTag() != ber::kOid || value->FirstTag() == ber::kSequence) {
+  if (!value || name->FirstTag() != ber::kOid || value->FirstTag() == ber::kSequence) {
     return std::nullopt;
   }
-  list = next;
-  return Binding{{whole->identifier, content.first(content.size() - next.size())},
+  if (!next.empty() && next[0] != ber::kSequence) return std::nullopt;
+  const std::size_t size = next.data() - whole->content.data();
+  list = list.subspan(next.data() - list.data());
+  return Binding{{whole->identifier, whole->content.first(size)},
                  *name,
-                 behindName.first(behindName.size() - next.size()),
+                 behindName.first(next.data() - behindName.data()),
                  value};
 }
 

@@ -18,8 +18,8 @@ struct Binding {
 };
 
 /// Cuts one binding off the front of a list. Nothing, and no change, where what stands there has no
-/// name. A binding of a wrong length is as long as its name and value, where the next one follows
-/// or the list ends behind them.
+/// name. A binding that declares too great a length is as long as its name and value, where the
+/// next one follows behind them.
 std::optional<Binding> TakeBinding(ber::Bytes& list);
 
 }  // namespace sentrel

@@ -41,10 +41,13 @@ void MakeBinding(Writable bytes) {
   MakeElement(ber::kOctets, content.subspan(kName.size()));
 }
 
-/// The library looks into an Opaque for a number and refuses what only begins like one.
-bool IsFalseNumber(const ber::Element& value, const std::string& text) {
-  const bool likeNumber = value.FirstTag() == ber::kOpaque && value.content.size() >= 2 &&
-                          value.content[0] == 0x9F && (value.content[1] & 0xF0) == 0x70;
+/// The library looks into an Opaque for a number and refuses what only begins like one, and a BIT
+/// STRING that does not even tell how many of its bits are unused.
+bool IsRefused(const ber::Element& value, const std::string& text) {
+  const ber::Bytes content = value.content;
+  if (value.FirstTag() == ber::kBitString) return content.empty();
+  const bool likeNumber = value.FirstTag() == ber::kOpaque && content.size() >= 2 &&
+                          content[0] == 0x9F && (content[1] & 0xF0) == 0x70;
   return likeNumber && text.starts_with("0x");
 }
 
@@ -52,7 +55,7 @@ bool IsUsual(Bytes bytes) {
   Bytes rest = bytes;
   const auto value = ber::TakeElement(rest);
   std::string text;
-  return value && rest.empty() && ValueText(*value, text) && !IsFalseNumber(*value, text) &&
+  return value && rest.empty() && ValueText(*value, text) && !IsRefused(*value, text) &&
          bytes.size() - value->content.size() <= kUsualHeader;
 }
 

@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
@@ -6,8 +8,10 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "fakes/notification.h"
 #include "program_fixture.h"
 #include "snmp/sender.h"
+#include "udp_sender.h"
 
 namespace sentrel {
 namespace {
@@ -91,6 +95,27 @@ TEST_F(SendingTest, WhatCannotBeReplayedIsRefused) {
   EXPECT_EQ(Replay(state.filePath("headless.Trap")), 1);
   EXPECT_EQ(Replay(state.filePath("missing.Trap")), 1);
   EXPECT_EQ(Replay(REPLAY), 1) << "it is no saved trap";
+
+  // A NULL with octets, and a name that is none: snmptrap would send nothing of them, or an error.
+  const std::string id = "1.3.6.1.4.1.58213";
+  std::string odd = NotificationBytes("public", {id}, {"x"});
+  odd[odd.size() - 3] = '\x05';
+  std::string unnamed = NotificationBytes("public", {id}, {"x"});
+  unnamed[unnamed.size() - 4] = '\x85';
+  const std::pair<std::string, std::string> cases[] = {{odd, id + "=5=tag 0x05: 0x78"},
+                                                       {unnamed, "::tag 0x06: 0x"}};
+  int rows = 2;
+  for (const auto& [bytes, field] : cases) {
+    test::UdpSender(port).Send(bytes);
+    AwaitRows(++rows);
+    EXPECT_THAT(program.Traps().RowData(1), testing::HasSubstr(field));
+    EXPECT_THAT(program.Traps().Cell(1, 4), testing::HasSubstr(field.substr(field.find("tag"))));
+    SelectRow1();
+    const QString name = state.filePath(QString("odd %1.Trap").arg(rows));
+    SaveAs(name);
+    EXPECT_EQ(Replay(name), 1);
+  }
+  EXPECT_EQ(program.Traps().Rows(), rows);
 }
 
 }  // namespace

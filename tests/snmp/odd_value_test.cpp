@@ -43,6 +43,7 @@ std::vector<Case> GoodValues() {
       {Tagged(0x04, std::string(3'000, 'x')), 4, std::string(3'000, 'x')},
       {"\x04\x84\0\0\0\x01x"s, 4, "x"},
       {Tagged(0x03, "\x80"), 3, "0x80"},
+      {Tagged(0x03, ""), 3, ""},
       {Tagged(0x05, ""), 5, ""},
       {Tagged(0x06, "\x2b\x06\x01\x8f\xff\xff\xff\x7f"), 6, "1.3.6.1.4294967295"},
       {Tagged(0x06, "\0"s), 6, "0.0"},
@@ -173,9 +174,9 @@ TEST(OddValue, OfANameOrOfTheListHidesNothing) {
   }
 }
 
-TEST(OddValue, IsNoneWhereOnlyTheLengthOfABindingIsWrong) {
+TEST(OddValue, IsNoneWhereABindingReachesIntoTheNext) {
   const std::string good = Binding(Tagged(2, "\x07"));
-  for (const int length : {0, 1, 9, 11, 14, 24}) {
+  for (const int length : {13, 14, 26, 40}) {
     const std::string wrong = "\x30"s + static_cast<char>(length) + good.substr(2);
     EXPECT_THAT(Read(Pdu(0xA7, wrong + good + good)).Values, testing::ElementsAre("7", "7", "7"));
   }

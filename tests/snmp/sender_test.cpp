@@ -90,15 +90,18 @@ TEST_F(SenderTest, WhatDoesNotFitIsToldAndNotSent) {
   };
   const Case cases[] = {
       {2, {"2147483648"}, "a whole number from -2147483648 to 2147483647, not \"2147483648\"."},
-      {2, {"", " 1", "1x", "up(1)"}, "must be a whole number from -2147483648 to 2147483647"},
+      {2,
+       {"", " 1", "1x", "up(1)", "tag 0x02: empty"},
+       "must be a whole number from -2147483648 to 2147483647"},
       {65, {"-1"}, "must be a whole number from 0 to 4294967295"},
       {66, {"4294967296"}, "must be a whole number from 0 to 4294967295"},
       {67, {"1.5"}, "must be a whole number from 0 to 4294967295"},
       {70, {"18446744073709551616"}, "must be a whole number from 0 to 18446744073709551615"},
       {5, {"x"}, "must be empty, not \"x\"."},
+      {5, {"tag 0x05: 0x78"}, "must be empty"},
       {6, {"", "1", "3.1", "1.40", "1.3.4294967296", "1..3"}, "must be an object identifier"},
       {6, {"1.3" + std::string(254, '.')}, "must be an object identifier, such as 1.3.6.1.4.1."},
-      {64, {"192.0.2.256", "::1"}, "must be an IPv4 address"},
+      {64, {"192.0.2.256", "::1", "tag 0x40: 0xC00002"}, "must be an IPv4 address"},
       {0, {"x"}, "The type code 0 of"},
       {48, {""}, "The type code 48"},
       {129, {""}, "type code 129"},
@@ -112,7 +115,7 @@ TEST_F(SenderTest, WhatDoesNotFitIsToldAndNotSent) {
       EXPECT_THAT(sender_->StatusText(), HasSubstr(reason)) << type << " " << value;
     }
   }
-  for (const char* id : {"", "1", "x", "1.3.", "sysUpTime.0"}) {
+  for (const char* id : {"", "1", "x", "1.3.", "sysUpTime.0", "no name", "tag 0x06: empty"}) {
     EXPECT_NE(SendOne(4, "x", id), 0) << id;
     EXPECT_THAT(sender_->StatusText(), HasSubstr("is no object identifier")) << id;
   }
