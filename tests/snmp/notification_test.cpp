@@ -6,7 +6,6 @@ namespace sentrel::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string kVendor = "1.3.6.1.4.1.58213";
 const std::string kUpTime = "1.3.6.1.2.1.1.3.0";
@@ -115,7 +114,7 @@ TEST_F(NotificationTest, NothingArrivesAfterStopUntilItStartsAgain) {
   ASSERT_TRUE(WaitBlockedUntil([&] { return Listener().Counters().Of(Outcome::kAccepted) == 1; }));
   Listener().StopListening();
   EXPECT_FALSE(Listener().Deliver(std::chrono::milliseconds(1)));
-  EXPECT_THAT(traps_, IsEmpty());
+  EXPECT_EQ(traps_.size(), 1U) << "what arrived before is handed on";
   EXPECT_FALSE(Listener().Listening());
   EXPECT_NE(port, Listener().Port());
   ASSERT_EQ(Listener().StartListening(), 0);

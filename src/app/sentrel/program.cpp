@@ -3,12 +3,15 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <cstdlib>
 
 #include "app/folders.h"
+#include "common/failure.h"
 #include "console/globals.h"
 #include "desktop/forms/qt_send_form.h"
 #include "desktop/forms/qt_settings_form.h"
 #include "desktop/window/icons.h"
+#include "store/standing.h"
 
 namespace sentrel {
 namespace {
@@ -37,6 +40,16 @@ void MakeStateFolder(const std::filesystem::path& folder, bool ofMachine) {
       folder, ofMachine ? perms::owner_all | others : perms(perms::owner_all), ignored);
 }
 
+/// Where version 3 users are configured; empty for the SNMP library's own folders. Root lets nobody
+/// in for the sake of a home folder that somebody else can write.
+std::string SnmpFolders(bool root) {
+  const char* const home = std::getenv("HOME");
+  if (!root || home == nullptr) return "";
+  Standing standing = Standing::Foreign;
+  Attempt([&] { standing = StandingOf(std::filesystem::path(home) / ".snmp" / "sentrel.conf"); });
+  return standing == Standing::Foreign ? "/etc/snmp" : "";
+}
+
 ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& application) {
   const bool root = geteuid() == 0;
   const std::filesystem::path& folder = root ? options.machineFolder : options.userFolder;
@@ -44,7 +57,7 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
   return {.port = options.port,
           .portHelper = application.ProgramFolder() + "/sentrel-port",
           .stateFolder = folder,
-          .configurationPath = "",
+          .configurationPath = SnmpFolders(root),
           .queue = {},
           .sendPort = options.sendPort};
 }
