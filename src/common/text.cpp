@@ -48,9 +48,9 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
 
 bool IsPrintableAscii(std::string_view text) {
   // No early end, so that the compiler can look at many at once.
-  bool other = false;
-  for (const char c : text) other |= static_cast<unsigned char>(c - 0x20) >= 0x7F - 0x20;
-  return !other;
+  unsigned char others = 0;
+  for (const char c : text) others |= static_cast<unsigned char>(c - 0x20) >= 0x7F - 0x20 ? 1 : 0;
+  return others == 0;
 }
 
 std::vector<std::string_view> SplitLines(std::string_view text) {

@@ -216,33 +216,36 @@ TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
 /// Every line of the log after the first begins with 18 blanks at a binding, with 22 within one.
 TEST_F(RowBuilderTest, NoTextBeginsAnEntryOrABindingOfTheLog) {
   const std::string forged = "Dec-05 15:49:37   192.0.2.66";
-  const std::string further = "\r\n" + kIndent + "    ";
+  // A value and what the log has of it, with "|" before each further line.
   const std::pair<std::string, std::string> cases[] = {
-      {"a\r\n\r\n" + forged, "a" + further + forged},
-      {"\n" + kIndent + "1.9 = b\n", further + kIndent + "1.9 = b"},
-      {"a\rb\n\rc", "a" + further + "b" + further + "c"},
+      {"a\r\n\r\n" + forged, "a|" + forged},
+      {"\n                  1.9 = b\n", "|                  1.9 = b"},
+      {"a\rb\n\rc", "a|b|c"},
       {"a\vb\fc\x1C"
        "d\u0085"
        "e\u2028"
        "f\u2029"
        "g",
-       "a" + further + "b" + further + "c" + further + "d" + further + "e" + further + "f" +
-           further + "g"},
-      {"a\n \t\n\u00A0\u3000\n\u00A0b", "a" + further + "\u00A0b"},
-      {"Gerät\x85\xE2\x80\nb", "Gerät\x85\xE2\x80" + further + "b"},
+       "a|b|c|d|e|f|g"},
+      {"a\n \t\n\u00A0\u3000\n\u00A0b", "a|\u00A0b"},
+      {"Gerät\x85\xE2\x80\nb", "Gerät\x85\xE2\x80|b"},
+  };
+  const auto entry = [&](const std::string& lines) {
+    return "192.0.2.7\r\n" + kIndent + ReplaceAll(lines, "|", "\r\n" + kIndent + "    ");
   };
   for (const bool raw : {true, false}) {
     for (const auto& [value, logged] : cases) {
-      EXPECT_EQ(DetailText(TrapOf({{"1.2", value}, {kEnterprise, value}}), raw, lookup),
-                "192.0.2.7\r\n" + kIndent + "1.2 = " + logged + "\r\n" + kIndent +
-                    "Enterprise = " + logged);
+      EXPECT_EQ(DetailText(TrapOf({{"1.2", value}}), raw, lookup), entry("1.2 = " + logged));
+      const Trap enterprise = TrapOf({{"1.2", "a"}, {kEnterprise, value}});
+      EXPECT_THAT(DetailText(enterprise, raw, lookup),
+                  testing::EndsWith(entry("Enterprise = " + logged).substr(9)));
       EXPECT_EQ(DescribeTrap(TrapOf({{"1.2", value}}), raw, lookup).SummaryText, "1.2 = " + value)
           << "the table keeps the line ends";
     }
   }
   mibs.entries["1.3.1"] = {"name\n" + forged, {{1, "up\n" + forged}}};
   EXPECT_EQ(DetailText(TrapOf({{"1.3.1", "1"}}), false, lookup),
-            "192.0.2.7\r\n" + kIndent + "name" + further + forged + " = up" + further + forged);
+            entry("name|" + forged + " = up|" + forged));
 }
 
 TEST_F(RowBuilderTest, NothingIsReadBeyondTheShortestList) {

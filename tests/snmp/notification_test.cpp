@@ -6,6 +6,7 @@ namespace sentrel::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 const std::string kVendor = "1.3.6.1.4.1.58213";
 const std::string kUpTime = "1.3.6.1.2.1.1.3.0";
@@ -112,9 +113,11 @@ TEST_F(NotificationTest, NothingArrivesAfterStopUntilItStartsAgain) {
   const std::uint16_t port = Listener().Port();
   EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-c", "c", "HOST", "1", kVendor}), 0);
   ASSERT_TRUE(WaitBlockedUntil([&] { return Listener().Counters().Of(Outcome::kAccepted) == 1; }));
+  EXPECT_THAT(traps_, IsEmpty());
   Listener().StopListening();
+  EXPECT_EQ(traps_.size(), 1U) << "what had arrived is handed on first";
   EXPECT_FALSE(Listener().Deliver(std::chrono::milliseconds(1)));
-  EXPECT_EQ(traps_.size(), 1U) << "what arrived before is handed on";
+  EXPECT_EQ(traps_.size(), 1U);
   EXPECT_FALSE(Listener().Listening());
   EXPECT_NE(port, Listener().Port());
   ASSERT_EQ(Listener().StartListening(), 0);
