@@ -204,9 +204,10 @@ int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, 
 
 Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
   Trap read = ToTrap(pdu, current_->peer);
-  const std::string bindings = BindingsText(read);
+  const bool inform = pdu.command == SNMP_MSG_INFORM;
+  const std::string bindings = inform ? BindingsText(read) : "";
   ArrivedTrap trap(std::move(read));
-  if (pdu.command != SNMP_MSG_INFORM) return HandOn(trap);
+  if (!inform) return HandOn(trap);
   const std::string requestId = std::to_string(pdu.reqid);
   const InformIdentity identity{.peer = current_->peer,
                                 .engine = TextOf({pdu.contextEngineID, pdu.contextEngineIDLen}),
