@@ -45,10 +45,10 @@ Bytes BytesOf(std::string_view encoded) {
   return {reinterpret_cast<const std::uint8_t*>(encoded.data()), encoded.size()};
 }
 
-std::size_t CountOf(Bytes list) {
-  std::size_t count = 0;
-  while (TakeBinding(list)) ++count;
-  return list.empty() ? count : count + 1;
+/// The same at the end of the lists or within them.
+Place PlaceAt(Trap& trap, std::size_t i) {
+  if (i >= trap.OIDs.size()) Resize(trap, i + 1);
+  return PlaceOf(trap, i);
 }
 
 void PutOdd(const Element& value, const Place& place) {
@@ -80,10 +80,10 @@ void PutRest(Bytes rest, const Place& place) {
 
 /// Fills the trap's lists from `first` on.
 void PutBindings(Bytes list, std::size_t first, Trap& trap) {
-  Resize(trap, first + CountOf(list));
   std::size_t i = first;
-  while (const auto binding = TakeBinding(list)) PutBinding(*binding, PlaceOf(trap, i++));
-  if (!list.empty()) PutRest(list, PlaceOf(trap, i));
+  while (const auto binding = TakeBinding(list)) PutBinding(*binding, PlaceAt(trap, i++));
+  if (!list.empty()) PutRest(list, PlaceAt(trap, i++));
+  Resize(trap, i);
 }
 
 /// The parts of a version 1 PDU, in their order.
