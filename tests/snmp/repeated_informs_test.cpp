@@ -18,9 +18,9 @@ class LossyRelay {
   LossyRelay(std::uint16_t listener, int lostAnswer)
       : sender_(Socket()), listener_(Socket()), lostAnswer_(lostAnswer) {
     sockaddr_in to = Loopback(listener);
-    connect(listener_, reinterpret_cast<sockaddr*>(&to), sizeof to);
+    EXPECT_EQ(connect(listener_, reinterpret_cast<sockaddr*>(&to), sizeof to), 0);
     sockaddr_in own = Loopback(0);
-    bind(sender_, reinterpret_cast<sockaddr*>(&own), sizeof own);
+    EXPECT_EQ(bind(sender_, reinterpret_cast<sockaddr*>(&own), sizeof own), 0);
   }
   ~LossyRelay() {
     close(sender_);
