@@ -8,13 +8,14 @@ namespace sentrel::bench {
 
 using namespace std::chrono_literals;
 
-BarePath::BarePath(const std::string& configuration)
+BarePath::BarePath(const std::string& configuration, int receiveBuffer)
     : state_(std::filesystem::temp_directory_path() / "sentrel-bench-state"),
       listener_({.port = 0,
                  .portHelper = "",
                  .stateFolder = state_,
                  .configurationPath = state_,
-                 .queue = {}},
+                 .queue = {},
+                 .receiveBuffer = receiveBuffer},
                 observer_, [this] { Wake(); }) {
   std::filesystem::create_directories(state_);
   std::ofstream(state_ / "sentrel.conf") << configuration;

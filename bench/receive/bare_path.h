@@ -16,8 +16,9 @@ namespace sentrel::bench {
 /// that only takes the traps off it.
 class BarePath {
  public:
-  /// With these lines in sentrel.conf.
-  explicit BarePath(const std::string& configuration = "");
+  /// With these lines in sentrel.conf, and a socket's buffer of so many bytes.
+  explicit BarePath(const std::string& configuration = "",
+                    int receiveBuffer = ListenerOptions().receiveBuffer);
   ~BarePath();
   BarePath(const BarePath&) = delete;
   BarePath& operator=(const BarePath&) = delete;

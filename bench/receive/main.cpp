@@ -11,6 +11,8 @@ namespace sentrel::bench {
 namespace {
 
 constexpr double kBoundMicroseconds = 5;
+/// What a system gives to an ordinary user where nobody has raised net.core.rmem_max.
+constexpr int kSmallBuffer = 208 << 10;
 
 void Measure(const BarePath& path, std::uint32_t rate, std::uint32_t count) {
   const std::uint64_t accepted = path.Accepted();
@@ -25,12 +27,18 @@ void Measure(const BarePath& path, std::uint32_t rate, std::uint32_t count) {
 }
 
 void Main() {
-  const BarePath path;
   std::printf("bound: %.0f us of processor time a trap\n", kBoundMicroseconds);
   std::printf("%9s  %9s\n", "asked/s", "sent/s");
+  const BarePath path;
   for (const std::uint32_t rate : {1'000, 5'000, 20'000, 60'000, 100'000, 0}) {
     Measure(path, rate, rate == 0 ? 400'000 : 3 * rate);
   }
+}
+
+void OfAnOrdinaryUser() {
+  std::printf("with a buffer of %d KB\n", kSmallBuffer >> 10);
+  const BarePath path("", kSmallBuffer);
+  for (const std::uint32_t rate : {5'000, 20'000, 40'000}) Measure(path, rate, 10 * rate);
 }
 
 }  // namespace
@@ -38,4 +46,5 @@ void Main() {
 
 int main() {
   sentrel::bench::Main();
+  sentrel::bench::OfAnOrdinaryUser();
 }

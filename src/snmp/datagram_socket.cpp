@@ -14,7 +14,6 @@ namespace {
 constexpr std::size_t kSlot = 65'536 + 320;
 constexpr std::size_t kControl =
     CMSG_SPACE(sizeof(std::uint32_t)) + CMSG_SPACE(sizeof(in6_pktinfo));
-constexpr int kBufferBytes = 256 << 20;
 /// Of a socket's buffer the system takes this much for a small datagram.
 constexpr std::size_t kSmallDatagram = 1'280;
 
@@ -23,9 +22,9 @@ bool SetOption(int socket, int level, int name, int value) {
 }
 
 /// Each option is a help, none is a need: what the system refuses is done without.
-void Prepare(int socket) {
-  if (setsockopt(socket, SOL_SOCKET, SO_RCVBUFFORCE, &kBufferBytes, sizeof kBufferBytes) != 0) {
-    SetOption(socket, SOL_SOCKET, SO_RCVBUF, kBufferBytes);
+void Prepare(int socket, int bufferBytes) {
+  if (setsockopt(socket, SOL_SOCKET, SO_RCVBUFFORCE, &bufferBytes, sizeof bufferBytes) != 0) {
+    SetOption(socket, SOL_SOCKET, SO_RCVBUF, bufferBytes);
   }
   SetOption(socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
   // Where the socket has both families, this tells of IPv4 too.
@@ -66,8 +65,9 @@ struct DatagramSocket::Slots {
   std::array<std::array<std::uint8_t, kSlot>, kBatch> bytes;
 };
 
-DatagramSocket::DatagramSocket(int descriptor) : descriptor_(descriptor), slots_(new Slots) {
-  Prepare(descriptor_);
+DatagramSocket::DatagramSocket(int descriptor, int bufferBytes)
+    : descriptor_(descriptor), slots_(new Slots) {
+  Prepare(descriptor_, bufferBytes);
   batch_.reserve(kBatch);
   for (std::size_t i = 0; i < kBatch; ++i) {
     slots_->data[i] = {slots_->bytes[i].data(), kSlot};

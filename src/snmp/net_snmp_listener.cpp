@@ -52,7 +52,8 @@ std::int16_t NetSnmpListener::StartListening() {
   }
   try {
     receiver_ = std::make_unique<Receiver>(
-        socket, queue_, counters_, [this]() -> SnmpLibrary& { return SetUpLibrary(); }, wake_);
+        socket, options_.receiveBuffer, queue_, counters_,
+        [this]() -> SnmpLibrary& { return SetUpLibrary(); }, wake_);
     return 0;
   } catch (const std::exception& error) {
     failure_ = {std::string("The system refuses what reception needs: ") + error.what() + ".",

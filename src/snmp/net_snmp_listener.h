@@ -29,6 +29,8 @@ struct ListenerOptions {
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
   std::string configurationPath;
   QueueLimits queue;
+  /// Bytes of the socket's buffer that the system is asked for. An ordinary user gets less.
+  int receiveBuffer = 256 << 20;
   /// UDP port of the targets of SendTrap.
   std::uint16_t sendPort = kTrapPort;
 };

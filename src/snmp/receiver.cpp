@@ -35,9 +35,9 @@ void BlockSignals(sigset_t& before) {
 
 }  // namespace
 
-Receiver::Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
+Receiver::Receiver(int descriptor, int bufferBytes, TrapQueue& queue, SharedCounters& counters,
                    std::function<SnmpLibrary&()> setUpLibrary, std::function<void()> wake)
-    : socket_(descriptor),
+    : socket_(descriptor, bufferBytes),
       queue_(queue),
       counters_(counters),
       setUpLibrary_(std::move(setUpLibrary)),

@@ -19,12 +19,12 @@ class Receiver {
  public:
   static constexpr std::chrono::seconds kLastReading{1};
 
-  /// Takes the descriptor over. Throws std::system_error when the system has no thread or
-  /// descriptor to give.
-  /// Both functions are called on the receiver thread and must not throw: `setUpLibrary` once,
-  /// before anything is read; it takes some milliseconds, for which no window needs to wait. `wake`
-  /// once the queue has gone from empty to non-empty, at most once for each batch of datagrams.
-  Receiver(int descriptor, TrapQueue& queue, SharedCounters& counters,
+  /// Takes the descriptor over, and asks for a buffer as DatagramSocket does. Throws
+  /// std::system_error when the system has no thread or descriptor to give. Both functions are
+  /// called on the receiver thread and must not throw: `setUpLibrary` once, before anything is
+  /// read; it takes some milliseconds, for which no window needs to wait. `wake` once the queue has
+  /// gone from empty to non-empty, at most once for each batch of datagrams.
+  Receiver(int descriptor, int bufferBytes, TrapQueue& queue, SharedCounters& counters,
            std::function<SnmpLibrary&()> setUpLibrary, std::function<void()> wake);
   /// Ends the thread once it has read what the socket holds, but nothing that arrives from now on.
   /// What has not been read within kLastReading is lost.
