@@ -26,7 +26,7 @@ class SilentNameServer {
   bool WasAsked() { return !socket_.ReadBatch().empty(); }
 
  private:
-  DatagramSocket socket_{socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)};
+  DatagramSocket socket_{socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0), 1 << 20};
 };
 
 using DISABLED_DeadNameServer = ListenerTest;
