@@ -136,8 +136,7 @@ TEST(RepeatedInforms, AreTheSameInAllThatCountsOnly) {
       {peer, "", "eu", "1", "b"},         {peer, "e", "u", "1b", ""},
   };
   for (const InformIdentity& other : others) EXPECT_NE(informs.DigestOf(other), first);
-  EXPECT_NE(RepeatedInforms().DigestOf({peer, "e", "u", "1", "b"}), first)
-      << "the key is of chance";
+  EXPECT_NE(RepeatedInforms().DigestOf({peer, "e", "u", "1", "b"}), first) << "the key is random";
 }
 
 TEST(RepeatedInforms, AreForgottenWithTimeAndInNumbers) {
