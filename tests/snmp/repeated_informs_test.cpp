@@ -5,6 +5,8 @@
 
 #include <future>
 
+#include "encoded_message.h"
+#include "fakes/loopback.h"
 #include "listener_fixture.h"
 
 namespace sentrel::test {
@@ -46,13 +48,6 @@ class LossyRelay {
 
  private:
   static int Socket() { return socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0); }
-  static sockaddr_in Loopback(std::uint16_t port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-  }
 
   const int sender_;
   const int listener_;
@@ -109,15 +104,6 @@ TEST_F(RepeatedInformTest, ThatWasNotTakenIsTakenLater) {
   sender.Send(inform);
   EXPECT_TRUE(WaitForTraps(2));
   EXPECT_EQ(Repeated(), 0U);
-}
-
-Peer PeerOf(std::uint32_t address, std::uint16_t port) {
-  Peer peer{};
-  peer.remote.v4.sin_family = AF_INET;
-  peer.remote.v4.sin_addr.s_addr = htonl(address);
-  peer.remote.v4.sin_port = htons(port);
-  peer.remoteLength = sizeof(sockaddr_in);
-  return peer;
 }
 
 TEST(RepeatedInforms, AreTheSameInAllThatCountsOnly) {
