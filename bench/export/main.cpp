@@ -8,9 +8,9 @@
 #include <chrono>
 #include <functional>
 
+#include "common/atomic_file.h"
 #include "desktop/export/print.h"
 #include "desktop/export/table_pages.h"
-#include "common/atomic_file.h"
 #include "documents/file_formats.h"
 
 namespace sentrel {

@@ -41,11 +41,6 @@ bool IsLetter(char32_t c) {
   return IsSmall(c) || IsCapital(c);
 }
 
-bool IsPrintable(char32_t c) {
-  if (c < 0x20) return c == '\t' || c == '\r' || c == '\n';
-  return c < 0x7F || c > 0x9F;
-}
-
 /// Nothing where an octet is no UTF-8.
 std::optional<std::u32string> FromUtf8(std::string_view octets) {
   std::u32string text;

@@ -6,10 +6,10 @@
 
 namespace sentrel {
 
-/// The text, in UTF-8, that octets most likely mean which are no plain UTF-8 text: text with one
-/// NUL behind it, as of a C string, or text in ISO 8859-1, or both. Nothing where they may as well
-/// be an address, a time, BITS, an engine ID or a hash. The octets cannot be had back from the
-/// text.
+/// For octets that are no plain UTF-8 text: the text, in UTF-8, that they most likely mean. That is
+/// text with one NUL behind it, as of a C string, or text in ISO 8859-1, or both. Nothing where
+/// they may as well be an address, a time, BITS, an engine ID or a hash. The octets cannot be
+/// recovered from the text.
 ///
 /// Behind the NUL that is left out, all octets are printable, and:
 /// - Up to three octets: at least two, all ASCII letters of one word. They may be a network (IPv4)

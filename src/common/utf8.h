@@ -32,6 +32,12 @@ inline Utf8Character FirstCharacter(std::string_view text) {
   return {code, length};
 }
 
+/// Whether the character may stand in a text: any but control characters other than TAB, CR and LF.
+constexpr bool IsPrintable(char32_t code) {
+  if (code < 0x20) return code == '\t' || code == '\r' || code == '\n';
+  return code < 0x7F || code > 0x9F;
+}
+
 /// `code` is no surrogate and at most 0x10FFFF.
 inline void AppendUtf8(char32_t code, std::string& text) {
   const auto append = [&](char32_t octet) { text += static_cast<char>(octet); };

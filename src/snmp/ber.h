@@ -4,10 +4,19 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 
 namespace sentrel::ber {
 
 using Bytes = std::span<const std::uint8_t>;
+
+/// The same octets; the argument must outlive the result.
+inline Bytes BytesOf(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+inline std::string_view TextOf(Bytes bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
 
 // Tags of RFC 1157, RFC 3416 and X.690, and of the numbers that are wrapped in an Opaque.
 enum Tag : std::uint8_t {

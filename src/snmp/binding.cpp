@@ -18,36 +18,36 @@ std::optional<Binding> TakeByLength(Bytes& list) {
   return Binding{*whole, *name, behindName, behindValue.empty() ? value : std::nullopt};
 }
 
-/// For one whose length covers more than a name and a value.
-std::optional<Binding> TakeByParts(Bytes& list) {
-  Bytes behind = list;
-  const auto whole = ber::TakeElement(behind);
-  if (!whole || whole->FirstTag() != ber::kSequence) return std::nullopt;
-  Bytes behindName = whole->content;
-  const auto name = ber::TakeElement(behindName);
-  Bytes next = behindName;
-  const auto value = name ? ber::TakeElement(next) : std::nullopt;
-  if (!value || name->FirstTag() != ber::kOid || value->FirstTag() == ber::kSequence) {
+/// The same binding with no more than a name and a value, where the next binding, or nothing,
+/// follows behind them.
+std::optional<Binding> CutToItsParts(const Binding& binding) {
+  Bytes next = binding.behindName;
+  const auto value = ber::TakeElement(next);
+  if (!value || binding.name.FirstTag() != ber::kOid || value->FirstTag() == ber::kSequence) {
     return std::nullopt;
   }
   if (!next.empty() && next[0] != ber::kSequence) return std::nullopt;
-  const std::size_t size = next.data() - whole->content.data();
-  list = list.subspan(next.data() - list.data());
-  return Binding{{whole->identifier, whole->content.first(size)},
-                 *name,
-                 behindName.first(next.data() - behindName.data()),
+  const auto upToNext = [&](Bytes bytes) { return bytes.first(next.data() - bytes.data()); };
+  return Binding{{binding.whole.identifier, upToNext(binding.whole.content)},
+                 binding.name,
+                 upToNext(binding.behindName),
                  value};
 }
 
 }  // namespace
 
 std::optional<Binding> TakeBinding(Bytes& list) {
-  Bytes rest = list;
-  auto binding = TakeByLength(rest);
-  if (!binding || !binding->value) {
-    if (auto byParts = TakeByParts(list)) return byParts;
+  Bytes behind = list;
+  auto binding = TakeByLength(behind);
+  if (!binding) return std::nullopt;
+  if (!binding->value) {
+    if (auto cut = CutToItsParts(*binding)) {
+      binding = cut;
+      const Bytes content = cut->whole.content;
+      behind = list.subspan(content.data() + content.size() - list.data());
+    }
   }
-  if (binding) list = rest;
+  list = behind;
   return binding;
 }
 

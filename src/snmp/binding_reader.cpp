@@ -41,10 +41,6 @@ void Resize(Trap& trap, std::size_t count) {
   trap.Values.resize(count);
 }
 
-Bytes BytesOf(std::string_view encoded) {
-  return {reinterpret_cast<const std::uint8_t*>(encoded.data()), encoded.size()};
-}
-
 /// The same at the end of the lists or within them.
 Place PlaceAt(Trap& trap, std::size_t i) {
   if (i >= trap.OIDs.size()) Resize(trap, i + 1);
@@ -146,11 +142,11 @@ bool TellsAgent(const Element& address, const Trap& trap) {
 }  // namespace
 
 void ReadBindings(std::string_view encoded, Trap& trap) {
-  PutBindings(BytesOf(encoded), 0, trap);
+  PutBindings(ber::BytesOf(encoded), 0, trap);
 }
 
 void ReadVersion1Pdu(std::string_view encoded, Trap& trap) {
-  const Bytes pdu = BytesOf(encoded);
+  const Bytes pdu = ber::BytesOf(encoded);
   const Parts parts = PartsOf(pdu);
   PutBindings(parts[kBindings].content, 2, trap);
   const Place upTime = PlaceOf(trap, 0);

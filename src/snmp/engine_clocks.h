@@ -12,6 +12,9 @@
 
 namespace sentrel {
 
+/// In octets (RFC 3411, section 5).
+inline constexpr std::size_t kLongestEngineId = 32;
+
 /// What an authenticated message says of its place in time (RFC 3414, section 2.2): the boots and
 /// the time, in seconds, of the engine that is authoritative for it.
 struct EngineMoment {

@@ -18,17 +18,19 @@ namespace {
 using namespace std::string_literals;
 
 constexpr char kName[] = "sentrel";
-/// RFC 3411, section 5.
-constexpr std::size_t kLongestEngineId = 32;
 
-HeardEngines& Heard() {
-  static HeardEngines heard;
-  return heard;
-}
+/// What the files say. The library calls the readers of lines, and has no place for an object.
+struct KeptState {
+  std::string engineId;
+  /// 0 where none was kept.
+  long boots = 0;
+  HeardEngines heard;
+  std::set<std::string> forgotten;
+};
 
-std::set<std::string>& Forgotten() {
-  static std::set<std::string> forgotten;
-  return forgotten;
+KeptState& Kept() {
+  static KeptState state;
+  return state;
 }
 
 /// Reads the octets at the front of a line, as the library writes them, and moves behind them.
@@ -42,14 +44,9 @@ std::string TakeEngineId(const char*& line) {
   return {buffer.begin(), buffer.begin() + length};
 }
 
-std::string& KeptEngineId() {
-  static std::string id;
-  return id;
-}
-
 void ReadEngineId(const char*, char* line) {
   const char* rest = line;
-  KeptEngineId() = TakeEngineId(rest);
+  Kept().engineId = TakeEngineId(rest);
 }
 
 void SetEngineId(const std::string& id) {
@@ -57,7 +54,7 @@ void SetEngineId(const std::string& id) {
 }
 
 /// In the SNMP library's own form (RFC 3411, section 5: its enterprise, then a format of its own).
-std::string ChanceEngineId() {
+std::string RandomEngineId() {
   std::string id = "\x80\x00\x1F\x88\x80"s;
   std::random_device random;
   while (id.size() < 17) id += static_cast<char>(random());
@@ -67,18 +64,12 @@ std::string ChanceEngineId() {
 /// The library would make its own ID, which in a process that had another is not always unique.
 int SetUpEngineId(int, int, void*, void*) {
   const bool isConfigured = !OwnEngineId().empty();
-  if (!isConfigured) SetEngineId(KeptEngineId().empty() ? ChanceEngineId() : KeptEngineId());
+  if (!isConfigured) SetEngineId(Kept().engineId.empty() ? RandomEngineId() : Kept().engineId);
   return SNMPERR_SUCCESS;
 }
 
-/// 0 where none was kept.
-long& KeptBoots() {
-  static long boots;
-  return boots;
-}
-
 void ReadBoots(const char*, char* line) {
-  KeptBoots() = std::strtol(line, nullptr, 10);
+  Kept().boots = std::strtol(line, nullptr, 10);
 }
 
 /// The library checks the time window of informs by it.
@@ -94,12 +85,12 @@ void ReadHeard(const char*, char* line) {
   if (engine.empty() || rest == nullptr) return;
   EngineMoment newest{};
   std::istringstream numbers(rest);
-  if (numbers >> newest.boots >> newest.time) Heard()[engine] = newest;
+  if (numbers >> newest.boots >> newest.time) Kept().heard[engine] = newest;
 }
 
 void ReadForgotten(const char*, char* line) {
   const char* rest = line;
-  Forgotten().insert(TakeEngineId(rest));
+  Kept().forgotten.insert(TakeEngineId(rest));
 }
 
 std::string Octets(const void* octets, std::size_t length) {
@@ -136,10 +127,7 @@ std::string UserLine(const usmUser& user) {
 }  // namespace
 
 void ReadKeptState() {
-  Heard().clear();
-  Forgotten().clear();
-  KeptEngineId().clear();
-  KeptBoots() = 0;
+  Kept() = {};
   register_prenetsnmp_mib_handler(kName, "oldEngineID", ReadEngineId, nullptr, nullptr);
   register_config_handler(kName, "engineBoots", ReadBoots, nullptr, nullptr);
   register_config_handler(kName, "heardEngine", ReadHeard, nullptr, nullptr);
@@ -147,8 +135,8 @@ void ReadKeptState() {
 }
 
 HeardEngines HeardBefore() {
-  HeardEngines heard = Heard();
-  std::erase_if(heard, [](const auto& engine) { return Forgotten().contains(engine.first); });
+  HeardEngines heard = Kept().heard;
+  std::erase_if(heard, [](const auto& engine) { return Kept().forgotten.contains(engine.first); });
   return heard;
 }
 
@@ -164,16 +152,16 @@ void SetUpEngineIdAfterReading() {
 }
 
 void ContinueBoots() {
-  if (KeptEngineId() != OwnEngineId()) return;
+  if (Kept().engineId != OwnEngineId()) return;
   // The library adds one, without a look at the end of the numbers.
   constexpr long kHighest = EngineClocks::kMostBoots - 1;
-  std::string kept = std::to_string(std::clamp(KeptBoots(), 0L, kHighest));
+  std::string kept = std::to_string(std::clamp(Kept().boots, 0L, kHighest));
   engineBoots_conf("engineBoots", kept.data());
   TellOwnTime();
 }
 
 void TakeEngineIdOfThisRun() {
-  SetEngineId(ChanceEngineId());
+  SetEngineId(RandomEngineId());
   TellOwnTime();
 }
 

@@ -14,7 +14,7 @@ using HeardEngines = std::map<EngineClocks::EngineId, EngineMoment>;
 /// lines. For the moment when the library has registered its own words and has yet to read a file.
 void ReadKeptState();
 /// Gives the engine its ID when the files have been read: the one that an administrator has set,
-/// else the one that was kept, else one of chance. For the moment before the library is set up.
+/// else the one that was kept, else a random one. For the moment before the library is set up.
 void SetUpEngineIdAfterReading();
 /// Counts one boot more than the engine of this ID had, up to the highest value (RFC 3414, section
 /// 2.2.2). For the moment when the library is set up.
@@ -24,7 +24,7 @@ HeardEngines HeardBefore();
 
 /// The ID of this program's engine.
 std::string OwnEngineId();
-/// Gives this run an engine of its own, with an ID of chance: a run that cannot keep its boots
+/// Gives this run an engine of its own, with a random ID: a run that cannot keep its boots
 /// count must not be taken for another one (RFC 3414, section 2.2.2).
 void TakeEngineIdOfThisRun();
 

@@ -49,14 +49,6 @@ Outcome OutcomeOfError(int error) {
   }
 }
 
-std::string_view TextOf(ber::Bytes bytes) {
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-ber::Bytes BytesOf(std::string_view text) {
-  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
 bool IsNotification(const netsnmp_pdu& pdu) {
   return pdu.command == SNMP_MSG_TRAP2 || pdu.command == SNMP_MSG_INFORM;
 }
@@ -125,9 +117,9 @@ Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message
   if (!message.pdu.IsInform()) return HandOn(trap_);
   const InformIdentity identity{.peer = peer,
                                 .engine = {},
-                                .user = TextOf(message.community),
-                                .requestId = TextOf(message.pdu.requestId),
-                                .bindings = TextOf(message.pdu.bindings)};
+                                .user = ber::TextOf(message.community),
+                                .requestId = ber::TextOf(message.pdu.requestId),
+                                .bindings = ber::TextOf(message.pdu.bindings)};
   const Outcome outcome = HandOnOnce(identity, trap_);
   const bool answered = outcome != Outcome::kQueueFull && reply_(peer, ResponseTo(message));
   if (answered) ++answeredInforms_;
@@ -199,12 +191,13 @@ Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
   const auto read = ReadPdu(guard_.Pdu());
   if (!read) return Outcome::kMalformed;
   const std::string_view user(pdu.securityName, pdu.securityNameLen);
-  AssignTrap(*read, current_->peer, OctetText(BytesOf(user)), trap_);
-  const InformIdentity identity{.peer = current_->peer,
-                                .engine = TextOf({pdu.contextEngineID, pdu.contextEngineIDLen}),
-                                .user = user,
-                                .requestId = TextOf(read->requestId),
-                                .bindings = TextOf(read->bindings)};
+  AssignTrap(*read, current_->peer, OctetText(ber::BytesOf(user)), trap_);
+  const InformIdentity identity{
+      .peer = current_->peer,
+      .engine = ber::TextOf({pdu.contextEngineID, pdu.contextEngineIDLen}),
+      .user = user,
+      .requestId = ber::TextOf(read->requestId),
+      .bindings = ber::TextOf(read->bindings)};
   Outcome outcome = Outcome::kRepeated;
   if (!guard_.IsRepeated()) {
     outcome = read->IsInform() ? HandOnOnce(identity, trap_) : HandOn(trap_);

@@ -56,8 +56,7 @@ void AssignTrap(const NotificationPdu& pdu, const Peer& peer, std::string_view c
                 ArrivedTrap& trap) {
   std::string sourceAddress;
   AddressText(peer, sourceAddress);
-  trap.Assign(sourceAddress, community,
-              {reinterpret_cast<const char*>(pdu.bindings.data()), pdu.bindings.size()},
+  trap.Assign(sourceAddress, community, ber::TextOf(pdu.bindings),
               pdu.tag == ber::kTrapV1 ? &ReadVersion1Pdu : &ReadBindings);
 }
 

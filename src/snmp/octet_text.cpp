@@ -9,16 +9,11 @@ namespace {
 
 using Octets = std::span<const std::uint8_t>;
 
-constexpr bool IsPlain(char32_t character) {
-  if (character < 0x20) return character == '\t' || character == '\r' || character == '\n';
-  return character < 0x7F || character > 0x9F;
-}
-
 bool IsText(Octets octets) {
   std::string_view text(reinterpret_cast<const char*>(octets.data()), octets.size());
   while (!text.empty()) {
     const auto [code, length] = FirstCharacter(text);
-    if (length == 0 || !IsPlain(code)) return false;
+    if (length == 0 || !IsPrintable(code)) return false;
     text.remove_prefix(length);
   }
   return true;

@@ -28,7 +28,7 @@ struct InformIdentity {
 };
 
 /// Which informs have been taken: a sender that misses the answer sends the same once more. Keeps
-/// no more than a digest of each, by a key of chance, so that nobody can make two that differ count
+/// no more than a digest of each, by a random key, so that nobody can make two that differ count
 /// as the same; and no more than kMost of them, of which the oldest is forgotten first. Belongs to
 /// one thread.
 class RepeatedInforms {

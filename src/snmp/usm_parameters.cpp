@@ -7,8 +7,7 @@ namespace {
 
 using ber::Bytes;
 
-/// RFC 3411, section 5, and RFC 3414, section 2.4.
-constexpr std::size_t kLongestEngineId = 32;
+/// RFC 3414, section 2.4.
 constexpr std::size_t kLongestUserName = 32;
 
 /// 0 to 2^31 - 1, as both the boots and the time are.

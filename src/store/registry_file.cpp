@@ -20,6 +20,12 @@ constexpr const char* kTables[] = {
     "key TEXT COLLATE NOCASE, name TEXT COLLATE NOCASE, value, "
     "PRIMARY KEY (key, name)) WITHOUT ROWID"};
 
+/// SQL on the entries of a key's list: what has a name of digits alone.
+std::string OnEntries(const std::string& action) {
+  return action +
+         " FROM options WHERE key = ?1 AND name GLOB '[0-9]*' AND name NOT GLOB '*[^0-9]*'";
+}
+
 /// Nothing, or false, where the step failed.
 template <typename Step>
 auto ResultOf(Step step) {
@@ -55,13 +61,7 @@ std::optional<bool> RegistryFile::HasKey(const std::string& key) {
 }
 
 std::optional<bool> RegistryFile::HasEntries(const std::string& key) {
-  return Ask([&] {
-    return hasOptions_ && db_->Run(
-                                 "SELECT 1 FROM options WHERE key = ?1 "
-                                 "AND name GLOB '[0-9]*' AND name NOT GLOB '*[^0-9]*'",
-                                 key)
-                              .Step();
-  });
+  return Ask([&] { return hasOptions_ && db_->Run(OnEntries("SELECT 1").c_str(), key).Step(); });
 }
 
 RegistryFile::Value RegistryFile::Get(const std::string& key, const std::string& name) {
@@ -127,10 +127,7 @@ bool RegistryFile::Remove(const std::string& key, const std::string& name) {
 
 bool RegistryFile::RemoveEntries(const std::string& key) {
   return ResultOf([&] {
-    db_->Execute(
-        "DELETE FROM options WHERE key = ?1 "
-        "AND name GLOB '[0-9]*' AND name NOT GLOB '*[^0-9]*'",
-        key);
+    db_->Execute(OnEntries("DELETE").c_str(), key);
     return true;
   });
 }

@@ -6,8 +6,8 @@
 #include "common/text.h"
 #include "documents/file_formats.h"
 #include "documents/unicode.h"
-#include "hard_table.h"
 #include "fakes/shell.h"
+#include "hard_table.h"
 
 namespace sentrel {
 namespace {

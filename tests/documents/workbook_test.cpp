@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "documents/file_formats.h"
-#include "hard_table.h"
 #include "fakes/shell.h"
+#include "hard_table.h"
 
 namespace sentrel {
 namespace {

@@ -6,9 +6,9 @@
 #include <fstream>
 #include <functional>
 #include <random>
-#include <sstream>
 
 #include "common/failure.h"
+#include "fakes/shell.h"
 #include "mib/image_cache.h"
 #include "mib/image_writer.h"
 #include "mib/lookup.h"
@@ -44,12 +44,6 @@ std::string LargeImage() {
 std::shared_ptr<const Image> Open(const std::string& bytes) {
   auto copy = std::make_shared<std::string>(bytes);
   return Image::Over(*copy, copy);
-}
-
-std::string Contents(const std::string& path) {
-  std::stringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
 }
 
 TEST(Image, TellsWhatWasCompiled) {
@@ -118,10 +112,10 @@ TEST(WholeFile, TakesThePlaceOfTheOldOneOrLeavesIt) {
   WriteWhole(path, "old");
   const std::ifstream reader(path);
   WriteWhole(path, "");
-  EXPECT_EQ(Contents(path), "");
+  EXPECT_EQ(ReadFile(path), "");
   const std::string large(5'000'000, 'x');
   WriteWhole(path, large);
-  EXPECT_EQ(Contents(path), large);
+  EXPECT_EQ(ReadFile(path), large);
   std::stringstream seen;
   seen << reader.rdbuf();
   EXPECT_EQ(seen.str(), "old");
@@ -147,8 +141,8 @@ TEST(WholeFile, FollowsNoLinkThatHasTheNameOfItsDraft) {
     if (isLink) std::filesystem::create_symlink(victim, draft);
     if (!isLink) std::filesystem::create_hard_link(victim, draft);
     WriteWhole(path, "new");
-    EXPECT_EQ(Contents(victim), "precious");
-    EXPECT_EQ(Contents(path), "new");
+    EXPECT_EQ(ReadFile(victim), "precious");
+    EXPECT_EQ(ReadFile(path), "new");
     EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(path)));
   }
 }
@@ -162,7 +156,7 @@ TEST(WholeFile, PreparedHoldsNothingButWhatIsWritten) {
     file.Prepare(guess);
     const std::string text(1'000'000, static_cast<char>('a' + guess % 7));
     file.Write(text);
-    EXPECT_EQ(Contents(path), text) << guess;
+    EXPECT_EQ(ReadFile(path), text) << guess;
   }
   WholeFile(path).Prepare(5'000'000);
   EXPECT_EQ(std::filesystem::file_size(path), 1'000'000);

@@ -183,15 +183,6 @@ TEST_F(SendFormTest, AFailureIsToldAndTheSameTrapCanBeSentAgain) {
   Run([&] { EXPECT_THAT(Target().History(), ElementsAre("192.0.2.2")); });
 }
 
-TEST_F(SendFormTest, CancelSendsAndRemembersNothing) {
-  const auto cancel = [&] {
-    Target().SetText("192.0.2.1");
-    view.form->cmdCancel_Click();
-  };
-  EXPECT_THAT(Run(cancel), ElementsAre("Unload"));
-  EXPECT_EQ(registry.changes, 0);
-}
-
 TEST_F(SendFormTest, ADialogThatClosesAmongThePendingEventsSendsNothing) {
   view.pending = [&] { view.Unload(); };
   EXPECT_THAT(

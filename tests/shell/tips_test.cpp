@@ -76,16 +76,6 @@ TEST(TipBook, ReadsTitlesAndParagraphs) {
     EXPECT_THAT(ReadTips(empty), IsEmpty()) << empty;
 }
 
-TEST(TipBook, HasNoEndInEitherDirection) {
-  TipBook book({{"a", "1"}, {"b", "2"}, {"c", "3"}}, 7);
-  EXPECT_EQ(book.Current().title, "b");
-  book.Next();
-  book.Next();
-  EXPECT_EQ(book.Current().title, "a");
-  book.Previous();
-  EXPECT_EQ(book.Current().title, "c");
-}
-
 TEST(TipBook, EveryDayHasItsOwnNumber) {
   EXPECT_EQ(DayNumber(2026, 3, 1), DayNumber(2026, 2, 28) + 1);
   EXPECT_EQ(DayNumber(2027, 1, 1), DayNumber(2026, 1, 1) + 365);

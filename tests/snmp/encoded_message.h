@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "snmp/ber.h"
 #include "snmp/datagram.h"
 
 namespace sentrel::test {
@@ -31,13 +32,18 @@ inline std::string Message(int version, const std::string& pdu,
   return Tagged(0x30, Tagged(2, number) + Tagged(4, community) + pdu);
 }
 
+/// An IPv4 address in the machine's own order of bytes.
+inline Peer PeerOf(std::uint32_t address, std::uint16_t port) {
+  Peer peer{};
+  peer.remote.v4.sin_family = AF_INET;
+  peer.remote.v4.sin_addr.s_addr = htonl(address);
+  peer.remote.v4.sin_port = htons(port);
+  peer.remoteLength = sizeof(sockaddr_in);
+  return peer;
+}
+
 inline Datagram FromLoopback(const std::string& bytes) {
-  Datagram datagram{.bytes = {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()},
-                    .peer = {}};
-  datagram.peer.remote.v4.sin_family = AF_INET;
-  datagram.peer.remote.v4.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  datagram.peer.remoteLength = sizeof(sockaddr_in);
-  return datagram;
+  return {ber::BytesOf(bytes), PeerOf(INADDR_LOOPBACK, 0)};
 }
 
 }  // namespace sentrel::test

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "encoded_message.h"
 #include "snmp/report_limit.h"
 #include "snmp/version3_users.h"
 
@@ -103,17 +104,11 @@ TEST(AuthUser, LowersOnlyWhatTheLineSays) {
 }
 
 TEST(ReportLimitTest, OneSourceDoesNotSilenceTheOthers) {
-  const auto from = [](std::uint32_t address) {
-    Peer peer{};
-    peer.remote.v4.sin_family = AF_INET;
-    peer.remote.v4.sin_addr.s_addr = address;
-    return peer;
-  };
   ReportLimit limit;
   const auto now = ReportLimit::Clock::now();
   const auto allowed = [&](std::uint32_t address, ReportLimit::Clock::time_point moment) {
     int count = 0;
-    while (count < 10'000 && limit.Allows(from(address), moment)) ++count;
+    while (count < 10'000 && limit.Allows(PeerOf(address, 162), moment)) ++count;
     return count;
   };
   EXPECT_EQ(allowed(1, now), 2 * ReportLimit::kOfOneSource);

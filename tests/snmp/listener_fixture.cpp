@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <sstream>
 
 namespace sentrel::test {
 namespace {
@@ -14,13 +13,6 @@ using Clock = std::chrono::steady_clock;
 constexpr auto kPatience = 20s;
 
 }  // namespace
-
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
-}
 
 void WriteFile(const fs::path& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
@@ -76,6 +68,13 @@ bool ListenerTest::WaitBlockedUntil(const std::function<bool()>& condition) {
     std::this_thread::yield();
   }
   return true;
+}
+
+void ListenerTest::ExpectOutcome(Outcome outcome, const std::function<void()>& step) {
+  const std::uint64_t before = listener_->Counters().Of(outcome);
+  step();
+  EXPECT_TRUE(WaitUntil([&] { return listener_->Counters().Of(outcome) == before + 1; }))
+      << "not " << OutcomeText(outcome);
 }
 
 int ListenerTest::Send(const char* tool, const std::vector<std::string>& arguments,

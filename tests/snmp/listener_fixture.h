@@ -13,12 +13,12 @@
 #include <thread>
 #include <vector>
 
+#include "fakes/shell.h"
 #include "snmp/net_snmp_listener.h"
 #include "udp_sender.h"
 
 namespace sentrel::test {
 
-std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& content);
 
 /// The environment for a program of the SNMP library that keeps its files in this folder.
@@ -39,6 +39,12 @@ class ListenerTest : public testing::Test, public TrapObserver {
   static bool WaitBlockedUntil(const std::function<bool()>& condition);
   bool WaitForTraps(std::size_t count) {
     return WaitUntil([&] { return traps_.size() >= count; });
+  }
+
+  /// Does a step, after which one more datagram has this outcome.
+  void ExpectOutcome(Outcome outcome, const std::function<void()>& step);
+  void ExpectOutcome(const std::string& datagram, Outcome outcome) {
+    ExpectOutcome(outcome, [&] { UdpSender(Listener().Port()).Send(datagram); });
   }
 
   /// Runs a sender with arguments of which "HOST" is the listener's address. Returns its exit code.

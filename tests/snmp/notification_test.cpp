@@ -25,35 +25,39 @@ class NotificationTest : public ListenerTest {
   }
 };
 
-TEST_F(NotificationTest, Version1GenericTrapBecomesVersion2Bindings) {
+TEST_F(NotificationTest, Version1TrapBecomesVersion2Bindings) {
+  using Texts = std::vector<std::string>;
+  const std::string kIfIndex = "1.3.6.1.2.1.2.2.1.1.3";
+  const struct {
+    Texts arguments, ids, values;
+  } cases[] = {
+      {{"192.0.2.7", "2", "0", "4711", kIfIndex, "i", "3"},
+       {kUpTime, kTrapOid, kIfIndex, kTrapAddress, kTrapEnterprise},
+       {"4711", "1.3.6.1.6.3.1.1.5.3", "3", "192.0.2.7", kVendor}},
+      // The source's own address says nothing new.
+      {{"127.0.0.1", "6", "42", "1"},
+       {kUpTime, kTrapOid, kTrapEnterprise},
+       {"1", kVendor + ".0.42", kVendor}},
+      {{"0.0.0.0", "6", "42", "1"},
+       {kUpTime, kTrapOid, kTrapEnterprise},
+       {"1", kVendor + ".0.42", kVendor}},
+      // Bindings of the trap's own stay.
+      {{"192.0.2.7", "0", "0", "1", kTrapEnterprise, "o", "1.3.6.1.4.1.1", kTrapAddress, "a",
+        "192.0.2.9"},
+       {kUpTime, kTrapOid, kTrapEnterprise, kTrapAddress},
+       {"1", "1.3.6.1.6.3.1.1.5.1", "1.3.6.1.4.1.1", "192.0.2.9"}},
+  };
   Start();
-  const Trap trap = Arrives({"-v1", "-c", "private", "HOST", kVendor, "192.0.2.7", "2", "0", "4711",
-                             "1.3.6.1.2.1.2.2.1.1.3", "i", "3"});
-  EXPECT_EQ(trap.SourceAddress, "127.0.0.1");
-  EXPECT_EQ(trap.Community, "private");
-  EXPECT_THAT(trap.OIDs, ElementsAre(kUpTime, kTrapOid, "1.3.6.1.2.1.2.2.1.1.3", kTrapAddress,
-                                     kTrapEnterprise));
-  EXPECT_THAT(trap.DataTypes, ElementsAre(67, 6, 2, 64, 6));
-  EXPECT_THAT(trap.Values, ElementsAre("4711", "1.3.6.1.6.3.1.1.5.3", "3", "192.0.2.7", kVendor));
-}
-
-TEST_F(NotificationTest, Version1SpecificTrapNamesItsEnterprise) {
-  Start();
-  // The source's own address says nothing new.
-  const Trap own = Arrives({"-v1", "-c", "c", "HOST", kVendor, "127.0.0.1", "6", "42", "1"});
-  EXPECT_THAT(own.OIDs, ElementsAre(kUpTime, kTrapOid, kTrapEnterprise));
-  EXPECT_THAT(own.Values, ElementsAre("1", kVendor + ".0.42", kVendor));
-  const Trap none = Arrives({"-v1", "-c", "c", "HOST", kVendor, "0.0.0.0", "6", "42", "1"});
-  EXPECT_THAT(none.OIDs, ElementsAre(kUpTime, kTrapOid, kTrapEnterprise));
-}
-
-TEST_F(NotificationTest, Version1KeepsBindingsOfItsOwn) {
-  Start();
-  const Trap trap =
-      Arrives({"-v1", "-c", "c", "HOST", kVendor, "192.0.2.7", "0", "0", "1", kTrapEnterprise, "o",
-               "1.3.6.1.4.1.1", kTrapAddress, "a", "192.0.2.9"});
-  EXPECT_THAT(trap.OIDs, ElementsAre(kUpTime, kTrapOid, kTrapEnterprise, kTrapAddress));
-  EXPECT_THAT(trap.Values, ElementsAre("1", "1.3.6.1.6.3.1.1.5.1", "1.3.6.1.4.1.1", "192.0.2.9"));
+  for (const auto& [arguments, ids, values] : cases) {
+    Texts command = {"-v1", "-c", "private", "HOST", kVendor};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    const Trap trap = Arrives(command);
+    EXPECT_EQ(trap.SourceAddress, "127.0.0.1");
+    EXPECT_EQ(trap.Community, "private");
+    EXPECT_EQ(trap.OIDs, ids);
+    EXPECT_EQ(trap.Values, values);
+  }
+  EXPECT_THAT(traps_[0].DataTypes, ElementsAre(67, 6, 2, 64, 6));
 }
 
 TEST_F(NotificationTest, Version2KeepsEveryTypeAndOrder) {

@@ -4,13 +4,15 @@
 
 #include <string_view>
 
+#include "snmp/ber.h"
+
 namespace sentrel {
 namespace {
 
 using namespace std::string_view_literals;
 
 std::string TextOf(std::string_view octets) {
-  return OctetText({reinterpret_cast<const std::uint8_t*>(octets.data()), octets.size()});
+  return OctetText(ber::BytesOf(octets));
 }
 
 TEST(OctetText, IsTextOnlyWhereEveryCharacterIsPlain) {

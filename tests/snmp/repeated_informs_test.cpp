@@ -5,6 +5,8 @@
 
 #include <future>
 
+#include "encoded_message.h"
+#include "fakes/loopback.h"
 #include "listener_fixture.h"
 
 namespace sentrel::test {
@@ -46,13 +48,6 @@ class LossyRelay {
 
  private:
   static int Socket() { return socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0); }
-  static sockaddr_in Loopback(std::uint16_t port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-  }
 
   const int sender_;
   const int listener_;
@@ -111,15 +106,6 @@ TEST_F(RepeatedInformTest, ThatWasNotTakenIsTakenLater) {
   EXPECT_EQ(Repeated(), 0U);
 }
 
-Peer PeerOf(std::uint32_t address, std::uint16_t port) {
-  Peer peer{};
-  peer.remote.v4.sin_family = AF_INET;
-  peer.remote.v4.sin_addr.s_addr = htonl(address);
-  peer.remote.v4.sin_port = htons(port);
-  peer.remoteLength = sizeof(sockaddr_in);
-  return peer;
-}
-
 TEST(RepeatedInforms, AreTheSameInAllThatCountsOnly) {
   const Peer peer = PeerOf(1, 2);
   const Peer sameSource = PeerOf(1, 2);
@@ -136,8 +122,7 @@ TEST(RepeatedInforms, AreTheSameInAllThatCountsOnly) {
       {peer, "", "eu", "1", "b"},         {peer, "e", "u", "1b", ""},
   };
   for (const InformIdentity& other : others) EXPECT_NE(informs.DigestOf(other), first);
-  EXPECT_NE(RepeatedInforms().DigestOf({peer, "e", "u", "1", "b"}), first)
-      << "the key is of chance";
+  EXPECT_NE(RepeatedInforms().DigestOf({peer, "e", "u", "1", "b"}), first) << "the key is random";
 }
 
 TEST(RepeatedInforms, AreForgottenWithTimeAndInNumbers) {

@@ -1,6 +1,5 @@
 #include "udp_sender.h"
 
-#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -8,6 +7,8 @@
 #include <array>
 #include <cerrno>
 #include <stdexcept>
+
+#include "fakes/loopback.h"
 
 namespace sentrel::test {
 namespace {
@@ -21,10 +22,7 @@ std::string Next(int socket) {
 }  // namespace
 
 UdpSender::UdpSender(std::uint16_t port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-  sockaddr_in to{};
-  to.sin_family = AF_INET;
-  to.sin_port = htons(port);
-  to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  const sockaddr_in to = Loopback(port);
   if (connect(socket_, reinterpret_cast<const sockaddr*>(&to), sizeof to) != 0) {
     throw std::runtime_error("cannot connect a UDP socket");
   }
@@ -55,9 +53,7 @@ std::size_t UdpSender::TakeAnswers() const {
 }
 
 UdpCatcher::UdpCatcher() : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-  sockaddr_in own{};
-  own.sin_family = AF_INET;
-  own.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  sockaddr_in own = Loopback(0);
   socklen_t length = sizeof own;
   auto* const address = reinterpret_cast<sockaddr*>(&own);
   if (bind(socket_, address, length) != 0 || getsockname(socket_, address, &length) != 0) {

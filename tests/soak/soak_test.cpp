@@ -19,6 +19,7 @@
 
 #include "app/program.h"
 #include "fakes/free_port.h"
+#include "fakes/shell.h"
 #include "memory.h"
 #include "storm.h"
 #include "user.h"
@@ -41,11 +42,6 @@ constexpr const char* kUsers =
     "createUser -e 0x8000000001020304 aes SHA-256 another-phrase AES priv-pass-phrase\n"
     "createUser good SHA auth-pass-phrase AES priv-pass-phrase\n";
 constexpr const char* kSoakOid = "1.3.6.1.4.1.58213.77";
-
-std::string Contents(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void Write(const fs::path& path, const std::string& text) {
   fs::create_directories(path.parent_path());
@@ -84,7 +80,7 @@ struct Home {
 
 Storm::Samples Samples() {
   Storm::Samples samples;
-  for (const auto& file : fs::directory_iterator(SAMPLES)) samples.push_back(Contents(file));
+  for (const auto& file : fs::directory_iterator(SAMPLES)) samples.push_back(ReadFile(file.path()));
   std::sort(samples.begin(), samples.end());
   return samples;
 }
@@ -159,7 +155,7 @@ class SoakTest : public testing::Test {
     EXPECT_EQ(EntriesIn(log), static_cast<qsizetype>(Accepted() - before));
   }
   static qsizetype EntriesIn(const fs::path& log) {
-    const QByteArray text = QByteArray::fromStdString(Contents(log));
+    const QByteArray text = QByteArray::fromStdString(ReadFile(log));
     EXPECT_TRUE(text.endsWith("\r\n"));
     return text.count("   127.0.0.1\r\n");
   }

@@ -45,10 +45,10 @@ TEST_F(Damage, SetsTheFileAsideAndBeginsAFreshOne) {
   const std::string aside = "registry.db.damaged-20261205-154937";
   for (const auto& damage : damages) {
     damage();
-    const std::string damaged = Bytes(folder_.Machine());
+    const std::string damaged = ReadFile(folder_.Machine());
     EXPECT_TRUE(Set("x", "fresh"));
     EXPECT_THAT(Names(), UnorderedElementsAre("registry.db", aside));
-    EXPECT_EQ(Bytes(folder_.Machine().parent_path() / aside), damaged);
+    EXPECT_EQ(ReadFile(folder_.Machine().parent_path() / aside), damaged);
     EXPECT_EQ(Get("x") + Get("1"), "fresh-");
     auto registry = folder_.Registry();
     EXPECT_EQ(GetText(registry, kUser, "a", "other file"), "kept");
@@ -136,7 +136,7 @@ void DieWhileWriting(const fs::path& file) {
   });
   waitpid(child, nullptr, 0);
   ASSERT_TRUE(fs::exists(file.native() + "-journal"));
-  ASSERT_NE(Bytes(file).find("half written"), std::string::npos);
+  ASSERT_NE(ReadFile(file).find("half written"), std::string::npos);
 }
 
 TEST_F(Damage, AHalfWrittenFileIsReadAsItWasBeforeAndRepairedByWhoeverMayWriteIt) {

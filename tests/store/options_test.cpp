@@ -75,7 +75,7 @@ TEST_F(OptionsTest, WhatCouldNotBeReadIsNotWrittenByAnyoneInThatRun) {
     const fs::path machine = folder_.Machine();
     const fs::path user = folder_.User();
     const fs::path aside = folder_.Root() / "user" / "aside";
-    const std::string sound = Bytes(machine);
+    const std::string sound = ReadFile(machine);
     std::optional<Occupied> other;
     const struct {
       const char* name;

@@ -25,7 +25,7 @@ TEST_F(PosixLogFileTest, MakesTheFileForItsOwnerAndAppends) {
   EXPECT_TRUE(Append(path_, "one\r\n"));
   umask(before);
   EXPECT_TRUE(Append(path_, "two M\xC3\xA4rz\r\n"));
-  EXPECT_EQ(Bytes(path_), "one\r\ntwo M\xC3\xA4rz\r\n");
+  EXPECT_EQ(ReadFile(path_), "one\r\ntwo M\xC3\xA4rz\r\n");
   EXPECT_EQ(static_cast<unsigned>(fs::status(path_).permissions()), 0644U);
 }
 
@@ -33,10 +33,10 @@ TEST_F(PosixLogFileTest, AFileMovedOrRemovedMeanwhileIsBegunAnew) {
   Append(path_, "one");
   fs::rename(path_, folder_.Root() / "old.log");
   Append(path_, "two");
-  EXPECT_EQ(Bytes(path_), "two");
+  EXPECT_EQ(ReadFile(path_), "two");
   fs::remove(path_);
   Append(path_, "three");
-  EXPECT_EQ(Bytes(path_), "three");
+  EXPECT_EQ(ReadFile(path_), "three");
 }
 
 TEST_F(PosixLogFileTest, RefusesWhatCannotTakeTheEntryAtOnce) {
@@ -133,7 +133,7 @@ TEST_F(PosixLogFileTest, AFileAtTheSizeLimitLosesTheEntryNotTheProcess) {
     setrlimit(RLIMIT_FSIZE, &more);
     EXPECT_FALSE(Append(path_, "in part\r\n"));
   });
-  EXPECT_EQ(Bytes(path_), "12345678\r\n");
+  EXPECT_EQ(ReadFile(path_), "12345678\r\n");
 }
 
 TEST_F(PosixLogFileTest, EntriesOfTwoProcessesNeverMix) {

@@ -238,7 +238,7 @@ TEST_F(SqliteRegistryTest, AFailedWriteInABatchUndoesTheWhole) {
 
 TEST_F(SqliteRegistryTest, AnUnchangedValueWritesNothing) {
   Set("x", "1");
-  const auto changeCounter = [this] { return Bytes(folder_.Machine()).substr(24, 4); };
+  const auto changeCounter = [this] { return ReadFile(folder_.Machine()).substr(24, 4); };
   const std::string before = changeCounter();
   EXPECT_TRUE(Set("x", "1"));
   EXPECT_EQ(changeCounter(), before);

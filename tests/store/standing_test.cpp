@@ -85,7 +85,7 @@ TEST_F(StandingTest, RootLeavesAUsersStoreAlone) {
   if (geteuid() != 0) GTEST_SKIP() << "only root gives files away";
   Give(folder, kNobody);
   Give(file, kNobody);
-  const std::string before = Bytes(file);
+  const std::string before = ReadFile(file);
   const auto expectNothing = [this] {
     auto registry = folder_.Registry();
     EXPECT_EQ(GetText(registry, kUser, "a", "x"), "-");
@@ -93,7 +93,7 @@ TEST_F(StandingTest, RootLeavesAUsersStoreAlone) {
     EXPECT_TRUE(Set("x", "the machine's"));
   };
   expectNothing();
-  EXPECT_EQ(Bytes(file), before);
+  EXPECT_EQ(ReadFile(file), before);
   fs::remove(file);
   expectNothing();
   EXPECT_TRUE(fs::is_empty(folder)) << "nothing is made in it either";

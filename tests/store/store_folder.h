@@ -13,6 +13,7 @@
 
 #include "fakes/fake_console.h"
 #include "fakes/registry_access.h"
+#include "fakes/shell.h"
 #include "store/database.h"
 #include "store/sqlite_registry.h"
 #include "store/write_signals.h"
@@ -89,11 +90,6 @@ inline void OnAFullDisk(rlim_t size, const std::function<void()>& step) {
     EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
     step();
   }));
-}
-
-inline std::string Bytes(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// Runs a statement on a file, as an administrator might; returns the last value that it gives.

@@ -6,12 +6,12 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 
+#include "common/atomic_file.h"
 #include "common/failure.h"
 #include "common/text.h"
 #include "desktop/export/filename.h"
 #include "desktop/export/progress.h"
 #include "desktop/export/send.h"
-#include "common/atomic_file.h"
 
 namespace sentrel {
 namespace {

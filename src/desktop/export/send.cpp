@@ -8,8 +8,8 @@
 #include <QStandardPaths>
 #include <QTextDocument>
 
-#include "common/failure.h"
 #include "common/atomic_file.h"
+#include "common/failure.h"
 
 namespace sentrel {
 namespace {
