@@ -85,7 +85,8 @@ void ReadHeard(const char*, char* line) {
   if (engine.empty() || rest == nullptr) return;
   EngineMoment newest{};
   std::istringstream numbers(rest);
-  if (numbers >> newest.boots >> newest.time) Kept().heard[engine] = newest;
+  const bool isRead = static_cast<bool>(numbers >> newest.boots >> newest.time);
+  if (isRead && newest.boots <= EngineClocks::kMostBoots) Kept().heard[engine] = newest;
 }
 
 void ReadForgotten(const char*, char* line) {
@@ -151,17 +152,18 @@ void SetUpEngineIdAfterReading() {
                          SetUpEngineId, nullptr);
 }
 
-void ContinueBoots() {
-  if (Kept().engineId != OwnEngineId()) return;
-  // The library adds one, without a look at the end of the numbers.
-  constexpr long kHighest = EngineClocks::kMostBoots - 1;
-  std::string kept = std::to_string(std::clamp(Kept().boots, 0L, kHighest));
-  engineBoots_conf("engineBoots", kept.data());
+void TakeNewEngineId() {
+  SetEngineId(RandomEngineId());
   TellOwnTime();
 }
 
-void TakeEngineIdOfThisRun() {
-  SetEngineId(RandomEngineId());
+void ContinueBoots() {
+  if (Kept().engineId != OwnEngineId()) return;
+  if (Kept().boots < 1) return TakeNewEngineId();
+  // The library adds one, without a look at the end of the numbers.
+  constexpr long kHighest = EngineClocks::kMostBoots - 1;
+  std::string kept = std::to_string(std::min(Kept().boots, kHighest));
+  engineBoots_conf("engineBoots", kept.data());
   TellOwnTime();
 }
 

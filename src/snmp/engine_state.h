@@ -17,16 +17,17 @@ void ReadKeptState();
 /// else the one that was kept, else a random one. For the moment before the library is set up.
 void SetUpEngineIdAfterReading();
 /// Counts one boot more than the engine of this ID had, up to the highest value (RFC 3414, section
-/// 2.2.2). For the moment when the library is set up.
+/// 2.2.2). Where its count is not known, the engine gets a new ID. For the moment when the library
+/// is set up.
 void ContinueBoots();
 /// What was read, less the engines that forgetEngine lines name.
 HeardEngines HeardBefore();
 
 /// The ID of this program's engine.
 std::string OwnEngineId();
-/// Gives this run an engine of its own, with a random ID: a run that cannot keep its boots
-/// count must not be taken for another one (RFC 3414, section 2.2.2).
-void TakeEngineIdOfThisRun();
+/// Gives the engine a random ID: one that does not know its boots count, or cannot keep it, must
+/// not be taken for the engine that it was (RFC 3414, section 2.2.2).
+void TakeNewEngineId();
 
 /// The lines that bring this run's engine back: ID, boots count, users with their keys.
 std::string EngineLines();

@@ -49,10 +49,6 @@ Outcome OutcomeOfError(int error) {
   }
 }
 
-bool IsNotification(const netsnmp_pdu& pdu) {
-  return pdu.command == SNMP_MSG_TRAP2 || pdu.command == SNMP_MSG_INFORM;
-}
-
 /// The socket is not the library's.
 int LeaveOpen(netsnmp_transport* transport) {
   transport->sock = -1;
@@ -105,7 +101,8 @@ Outcome NotificationParser::Parse(const Datagram& datagram) {
   MessageFrame frame;
   const Outcome framed = ReadFrame(datagram.bytes, frame);
   if (framed != Outcome::kAccepted) return framed;
-  if (frame.version == MessageFrame::kVersion3) return ParseVersion3(datagram);
+  if (frame.version == MessageFrame::kVersion3)
+    return ParseVersion3({.bytes = frame.whole, .peer = datagram.peer});
   CommunityMessage message;
   const Outcome read = ReadCommunityMessage(frame, message);
   return read == Outcome::kAccepted ? TakeCommunityMessage(message, datagram.peer) : read;
@@ -120,7 +117,7 @@ Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message
                                 .user = ber::TextOf(message.community),
                                 .requestId = ber::TextOf(message.pdu.requestId),
                                 .bindings = ber::TextOf(message.pdu.bindings)};
-  const Outcome outcome = HandOnOnce(identity, trap_);
+  const Outcome outcome = HandOnOnce(identity, communityInforms_, trap_);
   const bool answered = outcome != Outcome::kQueueFull && reply_(peer, ResponseTo(message));
   if (answered) ++answeredInforms_;
   return outcome;
@@ -130,21 +127,25 @@ Outcome NotificationParser::HandOn(ArrivedTrap& trap) {
   return sink_(trap) ? Outcome::kAccepted : Outcome::kQueueFull;
 }
 
-Outcome NotificationParser::HandOnOnce(const InformIdentity& inform, ArrivedTrap& trap) {
-  const auto digest = informs_.DigestOf(inform);
+Outcome NotificationParser::HandOnOnce(const InformIdentity& inform, RepeatedInforms& taken,
+                                       ArrivedTrap& trap) {
+  const auto digest = taken.DigestOf(inform);
   const auto now = CoarseClock::now();
-  if (digest && informs_.Has(*digest, now)) return Outcome::kRepeated;
+  if (digest && taken.Has(*digest, now)) return Outcome::kRepeated;
   const Outcome outcome = HandOn(trap);
-  if (digest && outcome == Outcome::kAccepted) informs_.Add(*digest, now);
+  if (digest && outcome == Outcome::kAccepted) taken.Add(*digest, now);
   return outcome;
 }
 
 Outcome NotificationParser::ParseVersion3(const Datagram& datagram) {
   current_ = &datagram;
   outcome_ = Outcome::kMalformed;
+  taken_ = false;
   guard_.Expect(datagram.peer);
   netsnmp_large_fd_setfd(kToken, &ready_);
   snmp_sess_read2(session_, &ready_);
+  const bool isRefusedByLibrary = guard_.Passed() != nullptr && !taken_ && !guard_.Refusal();
+  if (isRefusedByLibrary) outcome_ = TakeVersion3Message(*guard_.Passed(), nullptr);
   current_ = nullptr;
   return guard_.Refusal().value_or(outcome_);
 }
@@ -180,31 +181,36 @@ int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, 
                                   void* parser) {
   // The library also shows messages that failed authentication: those carry an error.
   const bool genuine = session->s_snmp_errno == SNMPERR_SUCCESS;
-  if (operation == NETSNMP_CALLBACK_OP_RECEIVED_MESSAGE && genuine && IsNotification(*pdu)) {
-    auto& self = *static_cast<NotificationParser*>(parser);
-    self.outcome_ = self.Handle(*pdu);
+  auto& self = *static_cast<NotificationParser*>(parser);
+  const Version3Message* const message = self.guard_.Passed();
+  if (operation == NETSNMP_CALLBACK_OP_RECEIVED_MESSAGE && genuine && message != nullptr) {
+    self.outcome_ = self.TakeVersion3Message(*message, pdu);
   }
   return 1;
 }
 
-Outcome NotificationParser::Handle(netsnmp_pdu& pdu) {
-  const auto read = ReadPdu(guard_.Pdu());
-  if (!read) return Outcome::kMalformed;
-  const std::string_view user(pdu.securityName, pdu.securityNameLen);
-  AssignTrap(*read, current_->peer, OctetText(ber::BytesOf(user)), trap_);
-  const InformIdentity identity{
-      .peer = current_->peer,
-      .engine = ber::TextOf({pdu.contextEngineID, pdu.contextEngineIDLen}),
-      .user = user,
-      .requestId = ber::TextOf(read->requestId),
-      .bindings = ber::TextOf(read->bindings)};
+Outcome NotificationParser::TakeVersion3Message(const Version3Message& message,
+                                                netsnmp_pdu* answerable) {
+  taken_ = true;
+  const auto pdu = ReadPdu(message.pdu);
+  if (!pdu || pdu->tag == ber::kTrapV1) {
+    return answerable == nullptr ? outcome_ : Outcome::kUnsupportedPdu;
+  }
+  const Peer& peer = current_->peer;
+  AssignTrap(*pdu, peer, OctetText(ber::BytesOf(message.user)), trap_);
+  const InformIdentity identity{.peer = peer,
+                                .engine = message.contextEngine,
+                                .user = message.user,
+                                .requestId = ber::TextOf(pdu->requestId),
+                                .bindings = ber::TextOf(pdu->bindings)};
   Outcome outcome = Outcome::kRepeated;
   if (!guard_.IsRepeated()) {
-    outcome = read->IsInform() ? HandOnOnce(identity, trap_) : HandOn(trap_);
+    outcome = pdu->IsInform() ? HandOnOnce(identity, version3Informs_, trap_) : HandOn(trap_);
   }
   if (outcome == Outcome::kQueueFull) return outcome;
   guard_.Take();
-  if (read->IsInform()) Acknowledge(pdu);
+  const bool mayAnswer = !guard_.IsRepeated() || guard_.MayAnswer();
+  if (pdu->IsInform() && answerable != nullptr && mayAnswer) Acknowledge(*answerable);
   return outcome;
 }
 

@@ -55,10 +55,11 @@ class NotificationParser {
   netsnmp_transport* MakeTransport();
   Outcome TakeCommunityMessage(const CommunityMessage& message, const Peer& peer);
   Outcome ParseVersion3(const Datagram& datagram);
-  Outcome Handle(netsnmp_pdu& pdu);
+  /// The library answers an inform by its own PDU, null where it could not read that.
+  Outcome TakeVersion3Message(const Version3Message& message, netsnmp_pdu* answerable);
   Outcome HandOn(ArrivedTrap& trap);
   /// Whatever comes of it but kQueueFull, the inform is to be answered.
-  Outcome HandOnOnce(const InformIdentity& inform, ArrivedTrap& trap);
+  Outcome HandOnOnce(const InformIdentity& inform, RepeatedInforms& taken, ArrivedTrap& trap);
   void Acknowledge(netsnmp_pdu& inform);
 
   Version3Guard& guard_;
@@ -69,8 +70,11 @@ class NotificationParser {
   netsnmp_large_fd_set ready_;
   const Datagram* current_ = nullptr;
   ArrivedTrap trap_;
-  RepeatedInforms informs_;
+  /// Apart, so that nobody without a key can push those with one out of memory.
+  RepeatedInforms communityInforms_;
+  RepeatedInforms version3Informs_;
   Outcome outcome_ = Outcome::kMalformed;
+  bool taken_ = false;
   std::uint64_t answeredInforms_ = 0;
 };
 

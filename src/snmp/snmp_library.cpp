@@ -36,9 +36,31 @@ void KeepCreateUser(const char*, char* line) {
   CreateUserLines().emplace_back(line);
 }
 
+/// The words of a line, as the library reads them.
+std::vector<std::string> WordsOf(const std::string& line) {
+  std::vector<std::string> words;
+  std::string word(line.size() + 1, '\0');
+  for (const char* rest = line.c_str(); rest != nullptr && *rest != '\0';) {
+    rest = copy_nword_const(rest, word.data(), static_cast<int>(word.size()));
+    words.emplace_back(word.c_str());
+  }
+  return words;
+}
+
+/// The library reads on behind the end of a line that has a user's name and one word more.
+bool IsReadable(const std::string& line) {
+  const std::vector<std::string> words = WordsOf(line);
+  std::size_t name = 0;
+  if (words.size() > name && words[name] == "-M") ++name;
+  if (words.size() > name && words[name] == "-e") name += 2;
+  return words.size() > name && words.size() != name + 2;
+}
+
 /// The library changes the line that it reads.
 void CreateUsers() {
-  for (std::string line : CreateUserLines()) usm_parse_create_usmUser("createUser", line.data());
+  for (std::string line : CreateUserLines()) {
+    if (IsReadable(line)) usm_parse_create_usmUser("createUser", line.data());
+  }
 }
 
 LeastLevels& AuthUserLines() {
@@ -130,7 +152,7 @@ void SnmpLibrary::SetUpEngine() {
     snmp_clean_persistent(kName);
   } else {
     stateFile_.clear();
-    TakeEngineIdOfThisRun();
+    TakeNewEngineId();
     createUsers();
     clocks_ = std::make_unique<EngineClocks>(OwnEngineId(), HeardBefore());
   }

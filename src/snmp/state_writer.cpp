@@ -7,7 +7,7 @@ namespace sentrel {
 namespace {
 
 constexpr std::chrono::seconds kAfterChange{1};
-constexpr std::chrono::seconds kBetweenWrites{60};
+constexpr std::chrono::seconds kBetweenWrites{10};
 
 }  // namespace
 

@@ -9,8 +9,8 @@
 
 namespace sentrel {
 
-/// Writes what must outlive a crash a moment after it changed, and then at most once a minute, on a
-/// thread of its own: the receiver must not wait for a disk.
+/// Writes what must outlive a crash a moment after it changed, and then at most once in ten
+/// seconds, on a thread of its own: the receiver must not wait for a disk.
 ///
 /// Changed may be called on any thread and costs next to nothing; the function runs on this
 /// object's thread alone.

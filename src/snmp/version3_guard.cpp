@@ -31,6 +31,12 @@ void TellLibrary(const snmp_secmod_incoming_params& message, const UsmParameters
   *message.scopedPduLen = Rest(message).size() - parameters.length;
 }
 
+/// RFC 3412, section 7.1, step 3: where the PDU cannot be read, the flag decides.
+bool IsReportAskedFor(const netsnmp_pdu& pdu) {
+  return SNMP_CMD_CONFIRMED(pdu.command) ||
+         (pdu.command == 0 && (pdu.flags & SNMP_MSG_FLAG_RPRT_BIT) != 0);
+}
+
 /// The library has read the parameters once more.
 bool SaysTheSame(const snmp_secmod_incoming_params& message, const UsmParameters& parameters) {
   return std::string_view(reinterpret_cast<const char*>(message.secEngineID),
@@ -63,7 +69,7 @@ void Version3Guard::Expect(const Peer& peer) {
   refusal_.reset();
   repeated_ = false;
   authentic_.reset();
-  pdu_.clear();
+  passed_ = false;
 }
 
 int Version3Guard::Decode(snmp_secmod_incoming_params* message) {
@@ -72,8 +78,12 @@ int Version3Guard::Decode(snmp_secmod_incoming_params* message) {
 
 void Version3Guard::Report(session_list* list, netsnmp_transport* transport,
                            netsnmp_session* session, int error, netsnmp_pdu* pdu) {
-  if (!current_->reports_.Allows(*current_->peer_, ReportLimit::Clock::now())) return;
+  if (!IsReportAskedFor(*pdu) || !current_->MayAnswer()) return;
   current_->original_.handle_report(list, transport, session, error, pdu);
+}
+
+bool Version3Guard::MayAnswer() {
+  return answers_.Allows(*peer_, AnswerLimit::Clock::now());
 }
 
 int Version3Guard::Refuse(Outcome outcome, int error) {
@@ -94,10 +104,16 @@ int Version3Guard::Check(snmp_secmod_incoming_params& message) {
   if (!SaysTheSame(message, *parameters)) {
     return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
   }
-  KeepPdu(message);
-  if (message.secLevel == SNMP_SEC_LEVEL_NOAUTH) return SNMPERR_SUCCESS;
-  authentic_ = std::move(parameters);
-  return CheckFreshness();
+  const bool isKept = KeepMessage(message, parameters->user);
+  if (!isKept && message.secLevel == SNMP_SEC_LEVEL_AUTHPRIV) {
+    return Refuse(Outcome::kNotDecrypted, SNMPERR_USM_DECRYPTIONERROR);
+  }
+  if (message.secLevel != SNMP_SEC_LEVEL_NOAUTH) {
+    authentic_ = std::move(parameters);
+    if (const int error = CheckFreshness()) return error;
+  }
+  passed_ = isKept;
+  return SNMPERR_SUCCESS;
 }
 
 int Version3Guard::CheckSender(const UsmParameters& parameters, int level) {
@@ -114,15 +130,18 @@ int Version3Guard::CheckSender(const UsmParameters& parameters, int level) {
   return SNMPERR_SUCCESS;
 }
 
-void Version3Guard::KeepPdu(const snmp_secmod_incoming_params& message) {
+bool Version3Guard::KeepMessage(const snmp_secmod_incoming_params& message,
+                                const std::string& user) {
   ber::Bytes bytes(*message.scopedPdu, *message.scopedPduLen);
   auto scoped = ber::TakeContent(ber::kSequence, bytes);
-  const bool isScoped =
-      scoped && ber::TakeContent(ber::kOctets, *scoped) && ber::TakeContent(ber::kOctets, *scoped);
-  if (!isScoped) return;
-  pdu_.assign(scoped->begin(), scoped->end());
+  const auto engine = scoped ? ber::TakeContent(ber::kOctets, *scoped) : std::nullopt;
+  if (!engine || !ber::TakeContent(ber::kOctets, *scoped)) return false;
+  message_.user = user;
+  message_.contextEngine = ber::TextOf(*engine);
+  message_.pdu.assign(scoped->begin(), scoped->end());
   u_char* const begin = *message.scopedPdu + (scoped->data() - *message.scopedPdu);
   NeutralizeOddValues({begin, scoped->size()});
+  return true;
 }
 
 int Version3Guard::CheckFreshness() {

@@ -3,18 +3,26 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
+#include <string>
 #include <vector>
 
+#include "snmp/answer_limit.h"
 #include "snmp/datagram.h"
 #include "snmp/engine_clocks.h"
 #include "snmp/listener_counters.h"
 #include "snmp/net_snmp.h"
-#include "snmp/report_limit.h"
 #include "snmp/usm_parameters.h"
 #include "snmp/version3_users.h"
 
 namespace sentrel {
+
+/// A version 3 message that has passed, as far as a notification needs it.
+struct Version3Message {
+  std::string user;
+  std::string contextEngine;
+  /// The PDU in clear, with bytes of no meaning behind it.
+  std::vector<std::uint8_t> pdu;
+};
 
 /// Stands before and behind the SNMP library's security model (USM, RFC 3414), which decrypts and
 /// checks digests, and asks more of a version 3 message than the library does:
@@ -23,7 +31,7 @@ namespace sentrel {
 /// - it is protected as well as the user's keys allow, or as an authUser line says. The library
 ///   takes an unprotected message from anyone who knows a user's name;
 /// - it is fresh, as EngineClocks sees it, and is not taken twice;
-/// and it lets only so many reports leave.
+/// and it lets only so many answers leave that a stranger can ask for.
 ///
 /// The library has one security model for the process, so one guard at a time. Belongs to the
 /// thread that parses.
@@ -42,10 +50,13 @@ class Version3Guard {
   std::optional<Outcome> Refusal() const { return refusal_; }
   /// Whether the very message was taken before: an inform whose answer was lost, or a recording.
   bool IsRepeated() const { return repeated_; }
-  /// The PDU of the message that the library has read, in clear, with bytes of no meaning behind
-  /// it. The library itself gets one in which odd values are replaced (NeutralizeOddValues): it
-  /// would refuse the whole message for one of them, and answers informs.
-  std::span<const std::uint8_t> Pdu() const { return pdu_; }
+  /// What has passed; null where the message did not, or was none of version 3. The library itself
+  /// gets a PDU in which odd values are replaced (NeutralizeOddValues): it would refuse the whole
+  /// message for one of them, and answers informs.
+  const Version3Message* Passed() const { return passed_ ? &message_ : nullptr; }
+  /// Whether one more answer may leave that anyone could ask for: a report, or one that was given
+  /// before.
+  bool MayAnswer();
   /// The message that the library has read is taken. It will not be fresh again.
   void Take();
 
@@ -58,7 +69,7 @@ class Version3Guard {
   int Check(snmp_secmod_incoming_params& message);
   int CheckSender(const UsmParameters& parameters, int level);
   int CheckFreshness();
-  void KeepPdu(const snmp_secmod_incoming_params& message);
+  bool KeepMessage(const snmp_secmod_incoming_params& message, const std::string& user);
   int Refuse(Outcome outcome, int error);
 
   static Version3Guard* current_;
@@ -67,7 +78,7 @@ class Version3Guard {
   const Version3Users users_;
   EngineClocks& clocks_;
   const std::function<void()> heard_;
-  ReportLimit reports_;
+  AnswerLimit answers_;
 
   // Of the message in hand.
   const Peer* peer_ = nullptr;
@@ -76,7 +87,8 @@ class Version3Guard {
   /// Where its digest has been found right.
   std::optional<UsmParameters> authentic_;
   std::vector<std::uint8_t> digest_;
-  std::vector<std::uint8_t> pdu_;
+  Version3Message message_;
+  bool passed_ = false;
 };
 
 }  // namespace sentrel

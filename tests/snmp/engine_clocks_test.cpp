@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "encoded_message.h"
-#include "snmp/report_limit.h"
+#include "snmp/answer_limit.h"
 #include "snmp/version3_users.h"
 
 namespace sentrel::test {
@@ -103,20 +103,20 @@ TEST(AuthUser, LowersOnlyWhatTheLineSays) {
                                  {"three", SecurityLevel::kAuthPriv}}));
 }
 
-TEST(ReportLimitTest, OneSourceDoesNotSilenceTheOthers) {
-  ReportLimit limit;
-  const auto now = ReportLimit::Clock::now();
-  const auto allowed = [&](std::uint32_t address, ReportLimit::Clock::time_point moment) {
+TEST(AnswerLimitTest, OneSourceDoesNotSilenceTheOthers) {
+  AnswerLimit limit;
+  const auto now = AnswerLimit::Clock::now();
+  const auto allowed = [&](std::uint32_t address, AnswerLimit::Clock::time_point moment) {
     int count = 0;
     while (count < 10'000 && limit.Allows(PeerOf(address, 162), moment)) ++count;
     return count;
   };
-  EXPECT_EQ(allowed(1, now), 2 * ReportLimit::kOfOneSource);
-  EXPECT_EQ(allowed(2, now), 2 * ReportLimit::kOfOneSource);
-  EXPECT_EQ(allowed(1, now + 1s), ReportLimit::kOfOneSource);
+  EXPECT_EQ(allowed(1, now), 2 * AnswerLimit::kOfOneSource);
+  EXPECT_EQ(allowed(2, now), 2 * AnswerLimit::kOfOneSource);
+  EXPECT_EQ(allowed(1, now + 1s), AnswerLimit::kOfOneSource);
   int all = 0;
   for (std::uint32_t address = 3; address < 1'000; ++address) all += allowed(address, now + 1s);
-  EXPECT_LE(all, 2 * ReportLimit::kInAll);
+  EXPECT_LE(all, 2 * AnswerLimit::kInAll);
 }
 
 }  // namespace

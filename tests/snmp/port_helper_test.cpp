@@ -38,7 +38,7 @@ TEST_F(PortHelperTest, HandsOverTheBoundSocket) {
     const int descriptor = SocketFromPortHelper(
         Script(std::string("exec unshare -rn sh -c 'exec " PORT_HELPER " ") + streams + "'"));
     ASSERT_GE(descriptor, 0) << -descriptor << streams;
-    const DatagramSocket socket(descriptor);
+    const DatagramSocket socket(descriptor, 1 << 20);
     EXPECT_EQ(socket.Port(), 162);
   }
 }

@@ -41,10 +41,15 @@ class LossyRelay {
     socklen_t length = sizeof from_;
     auto* from = reinterpret_cast<sockaddr*>(&from_);
     ssize_t size = recvfrom(sender_, bytes_, sizeof bytes_, MSG_DONTWAIT, from, &length);
-    if (size > 0) send(listener_, bytes_, size, 0);
+    if (size > 0) {
+      send(listener_, bytes_, size, 0);
+      recorded_.assign(bytes_, size);
+    }
     size = recv(listener_, bytes_, sizeof bytes_, MSG_DONTWAIT);
     if (size > 0 && ++answers_ != lostAnswer_) sendto(sender_, bytes_, size, 0, from, sizeof from_);
   }
+  /// What the sender sent last.
+  const std::string& Recorded() const { return recorded_; }
 
  private:
   static int Socket() { return socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0); }
@@ -55,6 +60,7 @@ class LossyRelay {
   int answers_ = 0;
   sockaddr_in from_{};
   char bytes_[65'536];
+  std::string recorded_;
 };
 
 class RepeatedInformTest : public ListenerTest {
@@ -70,9 +76,12 @@ class RepeatedInformTest : public ListenerTest {
       relay.Pass();
       return exitCode.wait_for(0s) == std::future_status::ready;
     }));
+    recorded_ = relay.Recorded();
     return exitCode.get();
   }
   std::uint64_t Repeated() { return Listener().Counters().Of(Outcome::kRepeated); }
+
+  std::string recorded_;
 };
 
 TEST_F(RepeatedInformTest, WhoseAnswerWasLostIsAnsweredAgainAndMakesOneRow) {
@@ -90,6 +99,15 @@ TEST_F(RepeatedInformTest, WhoseAnswerWasLostIsAnsweredAgainAndMakesOneRow) {
   EXPECT_EQ(traps_.size(), 2U);
   EXPECT_EQ(Listener().Counters().Of(Outcome::kAccepted), 2U);
   EXPECT_EQ(Listener().Counters().answeredInforms, 2 + Repeated());
+
+  // A recording gets no answer for each time that it is played back.
+  const UdpSender stranger(Listener().Port());
+  const std::uint64_t received = Listener().Counters().Received();
+  constexpr std::uint64_t kPlayed = 2'000;
+  for (std::uint64_t i = 0; i < kPlayed; ++i) stranger.Send(recorded_);
+  EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == received + kPlayed; }));
+  EXPECT_LT(stranger.TakeAnswers(), kPlayed / 2);
+  EXPECT_EQ(traps_.size(), 2U);
 }
 
 TEST_F(RepeatedInformTest, ThatWasNotTakenIsTakenLater) {

@@ -40,14 +40,19 @@ void MakeStateFolder(const std::filesystem::path& folder, bool ofMachine) {
       folder, ofMachine ? perms::owner_all | others : perms(perms::owner_all), ignored);
 }
 
+/// Whether the file is there, or could be made, and in no other hands.
+bool IsOurs(const std::filesystem::path& file) {
+  Standing standing = Standing::Foreign;
+  Attempt([&] { standing = StandingOf(file); });
+  return standing != Standing::Foreign;
+}
+
 /// Where version 3 users are configured; empty for the SNMP library's own folders. Root lets nobody
 /// in for the sake of a home folder that somebody else can write.
 std::string SnmpFolders(bool root) {
   const char* const home = std::getenv("HOME");
   if (!root || home == nullptr) return "";
-  Standing standing = Standing::Foreign;
-  Attempt([&] { standing = StandingOf(std::filesystem::path(home) / ".snmp" / "sentrel.conf"); });
-  return standing == Standing::Foreign ? "/etc/snmp" : "";
+  return IsOurs(std::filesystem::path(home) / ".snmp" / "sentrel.conf") ? "" : "/etc/snmp";
 }
 
 ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& application) {
@@ -56,7 +61,7 @@ ListenerOptions ListenerSetup(const ProgramOptions& options, const Application& 
   MakeStateFolder(folder, root);
   return {.port = options.port,
           .portHelper = application.ProgramFolder() + "/sentrel-port",
-          .stateFolder = folder,
+          .stateFolder = IsOurs(folder / "sentrel.conf") ? folder.string() : "",
           .configurationPath = SnmpFolders(root),
           .queue = {},
           .sendPort = options.sendPort};

@@ -1,4 +1,4 @@
-#include "snmp/report_limit.h"
+#include "snmp/answer_limit.h"
 
 #include <algorithm>
 #include <functional>
@@ -23,18 +23,18 @@ std::string NetworkOf(const Peer& peer) {
 
 }  // namespace
 
-ReportLimit::ReportLimit() : secret_(std::random_device()()), sources_(kBuckets) {}
+AnswerLimit::AnswerLimit() : secret_(std::random_device()()), sources_(kBuckets) {}
 
-bool ReportLimit::Bucket::Take(double perSecond, Clock::time_point now) {
+bool AnswerLimit::Bucket::Take(double perSecond, Clock::time_point now) {
   const std::chrono::duration<double> since = now - filledAt;
-  reports = std::min(reports + since.count() * perSecond, kSavedSeconds * perSecond);
+  answers = std::min(answers + since.count() * perSecond, kSavedSeconds * perSecond);
   filledAt = now;
-  if (reports < 1) return false;
-  reports -= 1;
+  if (answers < 1) return false;
+  answers -= 1;
   return true;
 }
 
-bool ReportLimit::Allows(const Peer& peer, Clock::time_point now) {
+bool AnswerLimit::Allows(const Peer& peer, Clock::time_point now) {
   const std::size_t hash = std::hash<std::string>()(std::to_string(secret_) + NetworkOf(peer));
   return sources_[hash % kBuckets].Take(kOfOneSource, now) && all_.Take(kInAll, now);
 }

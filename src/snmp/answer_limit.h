@@ -9,10 +9,11 @@
 
 namespace sentrel {
 
-/// How many reports (RFC 3412, section 7.6) leave: anyone may ask for them, with a false sender's
-/// address too. A sender that finds out this program's engine ID and time needs two for each of its
-/// first informs. Belongs to one thread.
-class ReportLimit {
+/// How many answers leave that anyone can ask for, with a false sender's address too: reports (RFC
+/// 3412, section 7.6), and answers to informs that were recorded. A sender that finds out this
+/// program's engine ID and time needs two reports for each of its first informs. Belongs to one
+/// thread.
+class AnswerLimit {
  public:
   using Clock = std::chrono::steady_clock;
 
@@ -20,13 +21,13 @@ class ReportLimit {
   static constexpr double kOfOneSource = 100;
   static constexpr double kInAll = 1'000;
 
-  ReportLimit();
-  /// Whether one more report may leave for the peer.
+  AnswerLimit();
+  /// Whether one more answer may leave for the peer.
   bool Allows(const Peer& peer, Clock::time_point now);
 
  private:
   struct Bucket {
-    double reports = 0;
+    double answers = 0;
     Clock::time_point filledAt;
     bool Take(double perSecond, Clock::time_point now);
   };
