@@ -40,6 +40,7 @@ constexpr Range kUnseen[] = {
     {0x200B, 0x200F},    // zero widths, directional marks
     {0x2028, 0x202E},    // separators of lines, directional embeddings and overrides
     {0x2060, 0x206F},    // word joiner, invisible operators, directional isolates
+    {0x2800, 0x2800},    // blank Braille pattern
     {0x3164, 0x3164},    // Hangul filler
     {0xFDD0, 0xFDEF},    // noncharacters
     {0xFE00, 0xFE0F},    // variation selectors
