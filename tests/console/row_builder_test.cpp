@@ -105,8 +105,11 @@ TEST_F(RowBuilderTest, LogEntriesFollowInOrderAndTheNameIsReadForEach) {
   clock.now = {2027, 3, 1, 0, 0, 9};
   locale.texts.months[2] = "Mär";
   log.WriteToLog("3\r\n");
+  LogTo("~/c.log");
+  log.WriteToLog("4\r\n");
   EXPECT_EQ(logFile.contents["a.log"], "Dec-05 15:49:37   1\r\n\r\nDec-05 15:49:37   2\r\n\r\n");
   EXPECT_EQ(logFile.contents["b.log"], "Mär-01 00:00:09   3\r\n\r\n");
+  EXPECT_EQ(logFile.contents["/home/ann/c.log"], "Mär-01 00:00:09   4\r\n\r\n");
 }
 
 TEST_F(RowBuilderTest, ALogEntryThatCannotBeWrittenIsLostInSilence) {
