@@ -14,31 +14,21 @@ std::int32_t NameOf(std::size_t position) {
 }  // namespace
 
 std::vector<std::string> StoredList::Load() {
-  held_ = ReadSection();
-  std::vector<std::string> texts = held_;
+  std::vector<std::string> texts;
+  for (std::size_t position = 0; position < kCapacity; ++position) {
+    texts.push_back(registry_.ReadRegistryValue(kApplicationDescription, section_, NameOf(position),
+                                                "", false));
+  }
   std::erase(texts, "");
   return texts;
 }
 
 void StoredList::Save(std::vector<std::string> texts) {
   texts.resize(std::min(texts.size(), kCapacity));
+  if (texts == known_) return;
   RegistrySupport::Batch batch(registry_, RegistryBatch::Write);
-  const bool isTidy = texts.size() == held_.size();
-  if (texts == known_ && (isTidy || ReadSection() != held_)) return;
   WriteSection(texts);
-  if (!batch.End()) return;
-  held_ = texts;
-  known_ = std::move(texts);
-}
-
-std::vector<std::string> StoredList::ReadSection() const {
-  std::vector<std::string> texts;
-  for (std::size_t position = 0; position < kCapacity; ++position) {
-    texts.push_back(registry_.ReadRegistryValue(kApplicationDescription, section_, NameOf(position),
-                                                "", false));
-  }
-  while (!texts.empty() && texts.back().empty()) texts.pop_back();
-  return texts;
+  if (batch.End()) known_ = std::move(texts);
 }
 
 void StoredList::WriteSection(const std::vector<std::string>& texts) const {

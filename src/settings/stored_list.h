@@ -21,21 +21,17 @@ class StoredList {
   /// What the owner has made of the loaded texts: as long as it stays that, nothing has changed.
   void SetLoaded(std::vector<std::string> texts) { known_ = std::move(texts); }
   /// Leaves exactly these texts in the store, as one durable change. Texts that have not changed
-  /// are written only to tidy up a section that nobody else has touched either.
+  /// are not written, however untidy the section.
   void Save(std::vector<std::string> texts);
   bool IsUnreachable() const { return registry_.IsUnreachable(kApplicationDescription, section_); }
 
  private:
-  /// As it is in the store, empty texts for holes, up to the last text.
-  std::vector<std::string> ReadSection() const;
   void WriteSection(const std::vector<std::string>& texts) const;
 
   RegistrySupport registry_;
   std::string section_;
   /// What the owner last loaded or saved.
   std::optional<std::vector<std::string>> known_;
-  /// What the section held then.
-  std::vector<std::string> held_;
 };
 
 }  // namespace sentrel
