@@ -40,6 +40,7 @@ constexpr Range kUnseen[] = {
     {0x200B, 0x200F},    // zero widths, directional marks
     {0x2028, 0x202E},    // separators of lines, directional embeddings and overrides
     {0x2060, 0x206F},    // word joiner, invisible operators, directional isolates
+    {0x2800, 0x2800},    // blank Braille pattern
     {0x3164, 0x3164},    // Hangul filler
     {0xFDD0, 0xFDEF},    // noncharacters
     {0xFE00, 0xFE0F},    // variation selectors
@@ -74,10 +75,10 @@ constexpr Range kMongolian[] = {{0x1820, 0x18AA}};
 constexpr Range kMongolianSelectors[] = {{0x180B, 0x180F}};
 
 /// In order: what may be an emoji or be shown like one.
-constexpr Range kSymbols[] = {{0x00A9, 0x00A9}, {0x00AE, 0x00AE},  {0x203C, 0x203C},
-                              {0x2049, 0x2049}, {0x2122, 0x2122},  {0x2139, 0x2139},
-                              {0x2190, 0x2BFF}, {0x3030, 0x3030},  {0x303D, 0x303D},
-                              {0x3297, 0x3299}, {0x1F000, 0x1FAFF}};
+constexpr Range kSymbols[] = {{0x00A9, 0x00A9}, {0x00AE, 0x00AE}, {0x203C, 0x203C},
+                              {0x2049, 0x2049}, {0x2122, 0x2122}, {0x2139, 0x2139},
+                              {0x2190, 0x27FF}, {0x2801, 0x2BFF}, {0x3030, 0x3030},
+                              {0x303D, 0x303D}, {0x3297, 0x3299}, {0x1F000, 0x1FAFF}};
 
 bool Has(std::span<const Range> ranges, char32_t c) {
   const auto behind = std::upper_bound(ranges.begin(), ranges.end(), c,

@@ -15,7 +15,7 @@ TEST(VisibleText, ShowsWhatHidesReordersOrBreaks) {
       {"\uFEFFpass\u00ADword\u200B\u2060", "<U+FEFF>pass<U+00AD>word<U+200B><U+2060>"},
       {"x\U000E0041\U000E007F\U000E0100", "x<U+E0041><U+E007F><U+E0100>"},
       {"a\u2028b\u2029c\xC2\x85", "a<U+2028>b<U+2029>c<U+0085>"},
-      {"\u3164\u115F\uFFA0\u034F\u180E", "<U+3164><U+115F><U+FFA0><U+034F><U+180E>"},
+      {"\u3164\u115F\uFFA0\u034F\u180E\u2800", "<U+3164><U+115F><U+FFA0><U+034F><U+180E><U+2800>"},
       {"\uFFF9\uFFFC\uFDD0\uFFFF\U0010FFFE", "<U+FFF9><U+FFFC><U+FDD0><U+FFFF><U+10FFFE>"},
       {"pay\u200Dpal\u200C.com\uFE0F", "pay<U+200D>pal<U+200C>.com<U+FE0F>"},
       {"می\u200C\u200Cخواهم", "می<U+200C><U+200C>خواهم"},
