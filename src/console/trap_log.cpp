@@ -19,7 +19,8 @@ void TrapLog::WriteToLog(const std::string& Text) {
   Attempt([&] {
     std::string entry = FormatLogStamp(clock_.Now(), locale_.Texts());
     entry.reserve(entry.size() + kSeparator.size() + Text.size() + kCrLf.size());
-    file_.Append(settings_.LogFilename(), entry.append(kSeparator).append(Text).append(kCrLf));
+    file_.Append(file_.WholePath(settings_.LogFilename()),
+                 entry.append(kSeparator).append(Text).append(kCrLf));
   });
 }
 

@@ -8,7 +8,8 @@
 
 namespace sentrel {
 
-/// Appends accepted traps to the log file that the options name at the moment.
+/// Appends accepted traps to the log file that the options name at the moment, made whole as
+/// LogFile::WholePath does.
 class TrapLog {
  public:
   /// All of these must outlive the log.

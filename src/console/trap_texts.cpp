@@ -1,5 +1,6 @@
 #include "console/trap_texts.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -19,7 +20,6 @@ constexpr std::string_view kIndent = "                  ";
 /// Wider than that: no line of a binding but its first can be taken for a binding, or for an entry.
 constexpr std::string_view kFurtherIndent = "                      ";
 
-constexpr int kOctetString = 4;
 constexpr std::string_view kHexMark = "0x";
 
 /// Room for most lines.
@@ -33,10 +33,8 @@ std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup
 
 /// Of an OCTET STRING that stands in hexadecimal.
 std::optional<std::string> ReadableValue(const Trap& trap, size_t i) {
-  std::string_view value = trap.Values[i];
-  if (trap.DataTypes[i] != kOctetString || !value.starts_with(kHexMark)) return std::nullopt;
-  value.remove_prefix(kHexMark.size());
-  const auto octets = FromHex(value);
+  if (!std::binary_search(trap.HexOctets.begin(), trap.HexOctets.end(), i)) return std::nullopt;
+  const auto octets = FromHex(std::string_view(trap.Values[i]).substr(kHexMark.size()));
   return octets ? ReadableOctets(*octets) : std::nullopt;
 }
 

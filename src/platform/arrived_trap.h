@@ -11,7 +11,7 @@
 
 namespace sentrel {
 
-/// Replaces the trap's three lists by the bindings that `encoded` holds.
+/// Replaces the trap's lists by the bindings that `encoded` holds.
 using BindingReader = void (*)(std::string_view encoded, Trap& trap);
 
 /// A trap as it is handed on. Who sent it is at hand; its bindings may stay as they came over the

@@ -16,8 +16,9 @@ class LogFile {
   /// The whole path of a file that a person names: "~" in front is the user's home folder, and a
   /// relative name begins at the current folder. An empty name stays empty.
   virtual std::string WholePath(const std::string& name) const = 0;
-  /// What stands in the way of entries at this path, in a sentence for people; empty where nothing
-  /// is known to. Makes no file and changes none.
+  /// What stands in the way of entries at this path, in a sentence for people, or else why the last
+  /// entry was not written, if it was for this path; empty where nothing is known. Makes no file
+  /// and changes none.
   virtual std::string Obstacle(const std::string& path) const = 0;
 };
 

@@ -43,6 +43,7 @@ void SettingsForm::Form_Load() {
   view_.SetChecked(kCheckDeviceFilter, settings_.DeviceFilterActive());
   view_.SetChecked(kCheckLoggingActive, settings_.LoggingEnabled());
   view_.SetText(kLogFilename, logFile_.WholePath(settings_.LogFilename()));
+  shownLog_ = view_.Text(kLogFilename);
   LoadCommunities();
   ShowCommunityControls();
   LoadDeviceFilters();
@@ -57,8 +58,11 @@ void SettingsForm::LoadCommunities() {
   view_.SetChecked(kCheckCommunity, communities->Count() > 0);
   // The click that this may have been has put a line into the list.
   view_.ClearLines(kCommunityList);
-  for (const std::string& community : communities->CStrings())
-    view_.AddLine(kCommunityList, community);
+  const std::vector<std::string> stored = communities->CStrings();
+  for (const std::string& community : stored) view_.AddLine(kCommunityList, community);
+  const std::vector<std::string> shown = view_.Lines(kCommunityList);
+  shownCommunities_.clear();
+  for (std::size_t i = 0; i < shown.size(); ++i) shownCommunities_.emplace(shown[i], stored[i]);
 }
 
 void SettingsForm::LoadDeviceFilters() {
@@ -174,6 +178,7 @@ void SettingsForm::EnableRemoval(SettingsList list, SettingsButton removeButton)
 }
 
 std::string SettingsForm::LogPath() const {
+  if (LogIsUnchanged()) return logFile_.WholePath(settings_.LogFilename());
   return logFile_.WholePath(std::string(TrimBlanks(view_.Text(kLogFilename))));
 }
 
@@ -219,7 +224,7 @@ void SettingsForm::SaveOptions() {
   settings_.SetRaw(view_.Checked(kCheckRaw));
   settings_.SetDeviceFilterActive(view_.Checked(kCheckDeviceFilter));
   settings_.SetLoggingEnabled(view_.Checked(kCheckLoggingActive));
-  if (!settings_.LoggingEnabled()) return;
+  if (!settings_.LoggingEnabled() || LogIsUnchanged()) return;
   std::string filename = LogPath();
   settings_.SetLogFilename(filename);
 }
@@ -227,7 +232,11 @@ void SettingsForm::SaveOptions() {
 void SettingsForm::SaveCommunities() {
   const auto& communities = settings_.CommunityStrings();
   communities->Clear();
-  for (const std::string& line : view_.Lines(kCommunityList)) communities->Add(line);
+  for (const std::string& line : view_.Lines(kCommunityList)) {
+    const auto stored = shownCommunities_.lower_bound(line);
+    const bool isStored = stored != shownCommunities_.end() && stored->first == line;
+    communities->Add(isStored ? shownCommunities_.extract(stored).mapped() : line);
+  }
   communities->Sync();
 }
 

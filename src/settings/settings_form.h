@@ -1,6 +1,8 @@
 #pragma once
 
 #include <initializer_list>
+#include <map>
+#include <string>
 
 #include "platform/file_dialog.h"
 #include "platform/log_file.h"
@@ -65,7 +67,10 @@ class SettingsForm {
   void Reenter(SettingsText box);
   void RemoveSelected(SettingsList list, SettingsButton removeButton);
   void EnableRemoval(SettingsList list, SettingsButton removeButton);
+  /// As it would be written. A name that the user has not changed is the stored one, whatever the
+  /// box can show of it.
   std::string LogPath() const;
+  bool LogIsUnchanged() const { return view_.Text(settings_controls::kLogFilename) == shownLog_; }
   /// Says beside the box what stands in the way of the log, or nothing. Returns whether that is
   /// something that has not been said of this file before.
   bool FindsNewLogProblem();
@@ -80,6 +85,10 @@ class SettingsForm {
   SettingsView& view_;
   /// The log file that a problem was told of last.
   std::string problemFile_;
+  /// What the box made of the stored name.
+  std::string shownLog_;
+  /// The stored communities, in order, by the lines that the list made of them.
+  std::multimap<std::string, std::string> shownCommunities_;
 };
 
 }  // namespace sentrel

@@ -74,10 +74,21 @@ void PutRest(Bytes rest, const Place& place) {
   PutOdd({rest.first(1), rest.subspan(1)}, place);
 }
 
+/// Text has the length of its octets, hexadecimal never.
+bool IsHexOctets(const Binding& binding, const std::string& text) {
+  return binding.value && binding.value->FirstTag() == ber::kOctets &&
+         binding.value->content.size() != text.size();
+}
+
 /// Fills the trap's lists from `first` on.
 void PutBindings(Bytes list, std::size_t first, Trap& trap) {
   std::size_t i = first;
-  while (const auto binding = TakeBinding(list)) PutBinding(*binding, PlaceAt(trap, i++));
+  trap.HexOctets.clear();
+  while (const auto binding = TakeBinding(list)) {
+    PutBinding(*binding, PlaceAt(trap, i));
+    if (IsHexOctets(*binding, trap.Values[i])) trap.HexOctets.push_back(i);
+    ++i;
+  }
   if (!list.empty()) PutRest(list, PlaceAt(trap, i++));
   Resize(trap, i);
 }

@@ -25,8 +25,17 @@ void TakeBack(int file, ssize_t written) {
   [[maybe_unused]] const bool taken = last && ftruncate(file, end - written) == 0;
 }
 
-[[noreturn]] void Fail(const std::string& path, int error) {
-  throw Failure(fmt::format("{}: {}", path, std::generic_category().message(error)));
+/// Returns the error number, or 0.
+int Write(const std::string& path, std::string_view entry) {
+  // O_NONBLOCK: a pipe without a reader or a file that is leased refuses instead of waiting.
+  const int file =
+      open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0644);
+  if (file < 0) return errno;
+  const ssize_t written = write(file, entry.data(), entry.size());
+  const int error = written < 0 ? errno : ENOSPC;
+  if (written > 0 && written < static_cast<ssize_t>(entry.size())) TakeBack(file, written);
+  close(file);
+  return written == static_cast<ssize_t>(entry.size()) ? 0 : error;
 }
 
 std::string ObstacleFrom(int error) {
@@ -44,18 +53,27 @@ std::string ObstacleToMaking(const fs::path& path) {
   return May(W_OK | X_OK, folder) ? "" : ObstacleFrom(errno);
 }
 
+/// Empty where the file that is there, or could be made, seems to take entries.
+std::string ObstacleAt(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) {
+    if (S_ISDIR(status.st_mode)) return "This is a folder. Please add the name of a file.";
+    return May(W_OK, path) ? "" : ObstacleFrom(errno);
+  }
+  if (errno != ENOENT) return ObstacleFrom(errno);
+  std::error_code error;
+  const fs::path target = fs::read_symlink(path, error);
+  // A link to a file that is not there yet: entries would make that one.
+  return error ? ObstacleToMaking(path) : ObstacleAt(fs::path(path).parent_path() / target);
+}
+
 }  // namespace
 
 void PosixLogFile::Append(const std::string& path, std::string_view entry) {
-  // O_NONBLOCK: a pipe without a reader or a file that is leased refuses instead of waiting.
-  const int file =
-      open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0644);
-  if (file < 0) Fail(path, errno);
-  const ssize_t written = write(file, entry.data(), entry.size());
-  const int error = written < 0 ? errno : ENOSPC;
-  if (written > 0 && written < static_cast<ssize_t>(entry.size())) TakeBack(file, written);
-  close(file);
-  if (written != static_cast<ssize_t>(entry.size())) Fail(path, error);
+  lastError_ = Write(path, entry);
+  if (lastError_ == 0) return;
+  failedPath_ = path;
+  throw Failure(fmt::format("{}: {}", path, std::generic_category().message(lastError_)));
 }
 
 std::string PosixLogFile::WholePath(const std::string& name) const {
@@ -68,16 +86,11 @@ std::string PosixLogFile::WholePath(const std::string& name) const {
 }
 
 std::string PosixLogFile::Obstacle(const std::string& path) const {
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0) {
-    if (S_ISDIR(status.st_mode)) return "This is a folder. Please add the name of a file.";
-    return May(W_OK, path) ? "" : ObstacleFrom(errno);
-  }
-  if (errno != ENOENT) return ObstacleFrom(errno);
-  std::error_code error;
-  const fs::path target = fs::read_symlink(path, error);
-  // A link to a file that is not there yet: entries would make that one.
-  return error ? ObstacleToMaking(path) : Obstacle(fs::path(path).parent_path() / target);
+  std::string obstacle = ObstacleAt(path);
+  const bool failed = lastError_ != 0 && path == failedPath_;
+  if (!obstacle.empty() || !failed) return obstacle;
+  return fmt::format("The last entry could not be written: {}.",
+                     std::generic_category().message(lastError_));
 }
 
 }  // namespace sentrel

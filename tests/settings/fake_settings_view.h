@@ -32,12 +32,14 @@ class FakeSettingsView : public SettingsView {
   }
 
   std::string Text(SettingsText box) const override { return texts[box.name]; }
-  void SetText(SettingsText box, const std::string& text) override { texts[box.name] = text; }
+  void SetText(SettingsText box, const std::string& text) override {
+    texts[box.name] = shown(text);
+  }
   void SelectText(SettingsText box) override { selectedText = box.name; }
 
   std::vector<std::string> Lines(SettingsList list) const override { return lines[list.name]; }
   void AddLine(SettingsList list, const std::string& line) override {
-    lines[list.name].push_back(line);
+    lines[list.name].push_back(shown(line));
   }
   void RemoveLine(SettingsList list, std::size_t index) override {
     auto& all = lines.at(list.name);
@@ -56,6 +58,8 @@ class FakeSettingsView : public SettingsView {
   std::map<std::string, bool> enabled;
   std::string focus;
   std::set<std::string> checked;
+  /// What a control makes of a text.
+  std::function<std::string(std::string)> shown = [](std::string text) { return text; };
   /// What a click on a check box runs.
   std::map<std::string, std::function<void()>> onClick;
   mutable std::map<std::string, std::string> texts;

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "fake_settings_view.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_file_dialog.h"
@@ -263,6 +265,31 @@ TEST_F(SettingsFormTest, TheLogFilenameIsKeptWithLoggingOnOnly) {
   EXPECT_EQ(pressOK(false, "new.log"), "old.log");
   EXPECT_EQ(pressOK(true, " new.log "), "new.log");
   EXPECT_EQ(pressOK(true, ""), "");
+}
+
+TEST_F(SettingsFormTest, WhatTheControlsCannotShowStaysAsStoredUnlessTheUserChangesIt) {
+  // A box and a list show one sign for what is no UTF-8.
+  view.shown = [](std::string text) {
+    return std::replace(text.begin(), text.end(), '\xE4', '?'), text;
+  };
+  settings.CommunityStrings()->Add("a\xE4");
+  settings.CommunityStrings()->Add("b");
+  settings.CommunityStrings()->Sync();
+  settings.SetLoggingEnabled(true);
+  for (const std::string stored : {"~/tilde.log", "/x/\xE4.log"}) {
+    std::string filename = stored;
+    settings.SetLogFilename(filename);
+    const int before = registry.changes;
+    form.Form_Load();
+    form.LogFilename_LostFocus();
+    form.cmdOK_Click();
+    EXPECT_EQ(settings.LogFilename(), stored);
+    EXPECT_EQ(registry.changes, before);
+  }
+  form.Form_Load();
+  AddCommunity("mine");
+  form.cmdOK_Click();
+  EXPECT_THAT(NextStart(), ElementsAre("a\xE4", "b", "mine"));
 }
 
 TEST_F(SettingsFormTest, WhatStandsInTheWayOfTheLogIsSaidBesideTheBoxOnce) {

@@ -40,6 +40,7 @@ std::vector<Case> GoodValues() {
       {Tagged(0x04, ""), 4, ""},
       {Tagged(0x04, "eth0: \xc3\xa4"), 4, "eth0: \xc3\xa4"},
       {Tagged(0x04, "\0\x1b"s), 4, "0x001B"},
+      {Tagged(0x04, "0x001B"), 4, "0x001B"},
       {Tagged(0x04, std::string(3'000, 'x')), 4, std::string(3'000, 'x')},
       {"\x04\x84\0\0\0\x01x"s, 4, "x"},
       {Tagged(0x03, "\x80"), 3, "0x80"},
@@ -153,6 +154,8 @@ TEST(OddValue, IsShownByItsOctetsBesideWhatIsGood) {
     EXPECT_THAT(trap.OIDs, testing::Each("1.3.6.1.2.1.1.5"));
     EXPECT_THAT(trap.DataTypes, testing::ElementsAre(2, c.type, 2)) << c.text;
     EXPECT_THAT(trap.Values, testing::ElementsAre("7", c.text, "7"));
+    const bool isText = c.type != 4 || c.value.find(c.text) != std::string::npos;
+    EXPECT_EQ(trap.HexOctets, std::vector<std::size_t>(isText ? 0 : 1, 1)) << c.text;
   }
 }
 

@@ -51,7 +51,16 @@ TEST_F(PosixLogFileTest, RefusesWhatCannotTakeTheEntryAtOnce) {
                             folder_.Root() / "loop",
                             folder_.Root() / std::string(300, 'x'),
                             "/proc/version/traps.log"};
-  for (const fs::path& path : paths) EXPECT_FALSE(Append(path)) << path;
+  for (const fs::path& path : paths) {
+    EXPECT_FALSE(Append(path)) << path;
+    EXPECT_NE(log_.Obstacle(path), "") << path << ": what cannot be foreseen is remembered";
+  }
+  EXPECT_FALSE(Append("/dev/full"));
+  EXPECT_EQ(log_.Obstacle("/dev/full"),
+            "The last entry could not be written: No space left on device.");
+  EXPECT_EQ(log_.Obstacle(path_), "") << "another file";
+  EXPECT_TRUE(Append(path_));
+  EXPECT_EQ(log_.Obstacle("/dev/full"), "") << "nothing was written there last";
   fs::permissions(folder_.Root(), fs::perms(0555));
   AsOrdinaryUser([&] { EXPECT_FALSE(Append(path_)); });
   fs::permissions(folder_.Root(), fs::perms::all);
