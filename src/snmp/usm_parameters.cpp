@@ -42,8 +42,11 @@ std::optional<UsmParameters> ReadUsmParameters(Bytes bytes) {
     return std::nullopt;
   }
   if (engine->size() > kLongestEngineId || user->size() > kLongestUserName) return std::nullopt;
-  return UsmParameters{
-      Text(*engine), Text(*user), {*boots, *time}, *digest, bytes.size() - behind.size()};
+  return UsmParameters{Text(*engine),
+                       Text(*user),
+                       {*boots, *time},
+                       {digest->begin(), digest->end()},
+                       bytes.size() - behind.size()};
 }
 
 }  // namespace sentrel

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "snmp/engine_clocks.h"
 
@@ -16,8 +17,8 @@ struct UsmParameters {
   std::string engine;
   std::string user;
   EngineMoment moment;
-  /// msgAuthenticationParameters, where they came.
-  std::span<const std::uint8_t> digest;
+  /// msgAuthenticationParameters.
+  std::vector<std::uint8_t> digest;
   /// Bytes from msgSecurityParameters up to msgData.
   std::size_t length;
 };

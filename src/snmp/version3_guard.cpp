@@ -98,8 +98,6 @@ int Version3Guard::Check(snmp_secmod_incoming_params& message) {
     TellLibrary(message, *parameters);
     return error;
   }
-  // The library blanks the digest.
-  digest_.assign(parameters->digest.begin(), parameters->digest.end());
   if (const int error = original_.decode(&message)) return error;
   if (!SaysTheSame(message, *parameters)) {
     return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
@@ -145,8 +143,8 @@ bool Version3Guard::KeepMessage(const snmp_secmod_incoming_params& message,
 }
 
 int Version3Guard::CheckFreshness() {
-  switch (
-      clocks_.Judge(authentic_->engine, authentic_->moment, digest_, EngineClocks::Clock::now())) {
+  switch (clocks_.Judge(authentic_->engine, authentic_->moment, authentic_->digest,
+                        EngineClocks::Clock::now())) {
     case Freshness::kStale:
       return Refuse(Outcome::kNotInTimeWindow, SNMPERR_USM_NOTINTIMEWINDOW);
     case Freshness::kRepeated:
@@ -160,7 +158,8 @@ int Version3Guard::CheckFreshness() {
 
 void Version3Guard::Take() {
   if (!authentic_ || repeated_) return;
-  clocks_.Take(authentic_->engine, authentic_->moment, digest_, EngineClocks::Clock::now());
+  clocks_.Take(authentic_->engine, authentic_->moment, authentic_->digest,
+               EngineClocks::Clock::now());
   heard_();
 }
 

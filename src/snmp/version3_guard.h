@@ -86,7 +86,6 @@ class Version3Guard {
   bool repeated_ = false;
   /// Where its digest has been found right.
   std::optional<UsmParameters> authentic_;
-  std::vector<std::uint8_t> digest_;
   Version3Message message_;
   bool passed_ = false;
 };
