@@ -77,7 +77,7 @@ void PosixLogFile::Append(const std::string& path, std::string_view entry) {
 }
 
 std::string PosixLogFile::WholePath(const std::string& name) const {
-  if (name.empty()) return name;
+  if (name.empty() || name.front() == '/') return name;
   const char* home = std::getenv("HOME");
   const bool inHome = home != nullptr && (name == "~" || name.starts_with("~/"));
   std::error_code error;
