@@ -1,4 +1,4 @@
-#include "desktop/forms/qt_file_dialog.h"
+#include "desktop/forms/file_chooser.h"
 
 #include <gmock/gmock.h>
 #include <sys/inotify.h>
@@ -28,7 +28,7 @@ struct FileDialogTest : testing::Test {
   SaveFileRequest Request() const { return {"Log", "All Files (*.*)|*.*", Path("traps.log")}; }
 
   QWidget window;
-  QtFileDialog files{window};
+  FileChooser files{window};
   QTemporaryDir folder;
   User user;
 };

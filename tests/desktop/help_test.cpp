@@ -10,8 +10,8 @@
 #include <QWindow>
 
 #include "common/failure.h"
-#include "desktop/help/pages.h"
-#include "desktop/help/qt_browser.h"
+#include "desktop/help/help_browser.h"
+#include "desktop/help/help_pages.h"
 
 namespace sentrel {
 namespace {
@@ -120,7 +120,7 @@ struct HelpWindowTest : HelpPagesTest {
   void Choose(const char* tool) const { Window()->findChild<QAction*>(tool)->trigger(); }
 
   QWidget mainWindow;
-  QtBrowserFactory browsers{mainWindow};
+  HelpBrowserFactory browsers{mainWindow};
 };
 
 TEST_F(HelpWindowTest, GoesBackForwardAndToTheContents) {

@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "desktop/forms/qt_send_form.h"
+#include "desktop/forms/send_dialog.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_registry.h"
 
@@ -32,11 +32,11 @@ struct WatchedSNMP : FakeSNMP {
 };
 
 /// The dialog on the screen, used with mouse and keyboard.
-struct SendDialog : testing::Test {
+struct SendDialogTest : testing::Test {
   /// Shows the dialog to a user until it closes; one that the user leaves open is cancelled.
   void Use(const std::function<void()>& user) {
     calls.calls.clear();
-    QtSendForm shown(snmp, box, registry, nullptr);
+    SendDialog shown(snmp, box, registry, nullptr);
     form = &shown;
     bool used = false;
     QTimer::singleShot(0, &shown, [&] {
@@ -53,7 +53,7 @@ struct SendDialog : testing::Test {
   Widget& Find(const char* name) {
     return *form->findChild<Widget*>(name);
   }
-  QtAutoCombo& Box(const char* name) { return Find<QtAutoCombo>(name); }
+  AutoComboBox& Box(const char* name) { return Find<AutoComboBox>(name); }
   void Type(const char* name, const char* text) {
     Box(name).lineEdit()->selectAll();
     QTest::keyClicks(Box(name).lineEdit(), text);
@@ -72,10 +72,10 @@ struct SendDialog : testing::Test {
   FakeMessageBox box{calls};
   FakeRegistry registry;
   TrapObject trap;
-  QtSendForm* form = nullptr;
+  SendDialog* form = nullptr;
 };
 
-TEST_F(SendDialog, HasItsTitleCaptionsAndDefaults) {
+TEST_F(SendDialogTest, HasItsTitleCaptionsAndDefaults) {
   Use([&] {
     EXPECT_EQ(form->windowTitle(), " Send Trap ...");
     EXPECT_TRUE(form->isModal());
@@ -101,7 +101,7 @@ TEST_F(SendDialog, HasItsTitleCaptionsAndDefaults) {
   EXPECT_THAT(calls.calls, IsEmpty());
 }
 
-TEST_F(SendDialog, EnterSendsWithThePanelOverAllOfTheDialog) {
+TEST_F(SendDialogTest, EnterSendsWithThePanelOverAllOfTheDialog) {
   snmp.atSend = [&] {
     EXPECT_TRUE(Find("Message").isVisible());
     EXPECT_EQ(Find<QLabel>("Message").text(), "Sending SNMP Trap ...");
@@ -125,7 +125,7 @@ TEST_F(SendDialog, EnterSendsWithThePanelOverAllOfTheDialog) {
   });
 }
 
-TEST_F(SendDialog, PendingEventsAreHandledBeforeTheSendButNoKeys) {
+TEST_F(SendDialogTest, PendingEventsAreHandledBeforeTheSendButNoKeys) {
   bool trapTaken = false;
   snmp.atSend = [&] { EXPECT_TRUE(trapTaken); };
   snmp.sendResult = 1;
@@ -138,7 +138,7 @@ TEST_F(SendDialog, PendingEventsAreHandledBeforeTheSendButNoKeys) {
   EXPECT_THAT(calls.calls, ElementsAre("SendTrap 192.0.2.1 public", "MessageBox"));
 }
 
-TEST_F(SendDialog, EveryFailureLeavesTheDialogForAnotherTry) {
+TEST_F(SendDialogTest, EveryFailureLeavesTheDialogForAnotherTry) {
   snmp.sendResult = 1;
   snmp.statusText = "Network unreachable.";
   Use([&] {
@@ -173,7 +173,7 @@ TEST_F(SendDialog, EveryFailureLeavesTheDialogForAnotherTry) {
   });
 }
 
-TEST_F(SendDialog, CancelEscapeAndTheTitleBarCloseWithoutSending) {
+TEST_F(SendDialogTest, CancelEscapeAndTheTitleBarCloseWithoutSending) {
   const std::function<void()> ways[] = {
       [&] { Click("cmdCancel"); },
       [&] { QTest::keyClick(Box("Target").lineEdit(), Qt::Key_Escape); },
@@ -190,7 +190,7 @@ TEST_F(SendDialog, CancelEscapeAndTheTitleBarCloseWithoutSending) {
   EXPECT_EQ(registry.changes, 0);
 }
 
-struct RememberingDialog : SendDialog {
+struct RememberingDialog : SendDialogTest {
   RememberingDialog() {
     for (const char* host : {"192.0.2.10", "noc.example", "192.0.2.1"}) {
       Use([&] {

@@ -1,4 +1,6 @@
-#include "desktop/qt_services.h"
+#include "desktop/services/desktop_application.h"
+#include "desktop/services/desktop_clipboard.h"
+#include "desktop/services/desktop_files.h"
 
 #include <gtest/gtest.h>
 
@@ -14,8 +16,8 @@
 namespace sentrel {
 namespace {
 
-TEST(QtClipboard, OffersTextAndHtmlAndClears) {
-  QtClipboard clipboard;
+TEST(DesktopClipboard, OffersTextAndHtmlAndClears) {
+  DesktopClipboard clipboard;
   clipboard.SetText("a\tü\r\nb", "<table></table>");
   const QMimeData* content = QGuiApplication::clipboard()->mimeData();
   EXPECT_EQ(content->text(), "a\tü\r\nb");
@@ -24,23 +26,23 @@ TEST(QtClipboard, OffersTextAndHtmlAndClears) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
 }
 
-TEST(QtFileSystem, KnowsWhenAFileWasMadeInLocalTime) {
+TEST(DesktopFiles, KnowsWhenAFileWasMadeInLocalTime) {
   const QDateTime before = QDateTime::currentDateTime().addSecs(-2);
   QTemporaryFile file;
   ASSERT_TRUE(file.open());
-  const LocalTime made = QtFileSystem().CreatedAt(file.fileName().toStdString());
+  const LocalTime made = DesktopFiles().CreatedAt(file.fileName().toStdString());
   const QDateTime created(QDate(made.year, made.month, made.day),
                           QTime(made.hour, made.minute, made.second));
   EXPECT_GE(created, before);
   EXPECT_LE(created, QDateTime::currentDateTime());
-  EXPECT_THROW(QtFileSystem().CreatedAt("/nowhere/at/all"), Failure);
+  EXPECT_THROW(DesktopFiles().CreatedAt("/nowhere/at/all"), Failure);
 }
 
-TEST(QtFileSystem, DeletesWhatIsNotReadOnly) {
+TEST(DesktopFiles, DeletesWhatIsNotReadOnly) {
   QTemporaryDir folder;
   const QString path = folder.filePath("file");
   const std::string name = path.toStdString();
-  QtFileSystem files;
+  DesktopFiles files;
   EXPECT_THROW(files.Delete(name), Failure);
   ASSERT_TRUE(QFile(path).open(QFile::WriteOnly));
   QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther);
@@ -51,8 +53,8 @@ TEST(QtFileSystem, DeletesWhatIsNotReadOnly) {
   EXPECT_FALSE(files.Exists(name));
 }
 
-TEST(QtApplication, TheLayoutLiesBesideTheProgramWhereThatCanBeWritten) {
-  const QtApplication application("/elsewhere");
+TEST(DesktopApplication, TheLayoutLiesBesideTheProgramWhereThatCanBeWritten) {
+  const DesktopApplication application("/elsewhere");
   EXPECT_EQ(application.LayoutFolder(), application.ProgramFolder());
 }
 

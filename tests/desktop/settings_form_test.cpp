@@ -10,7 +10,7 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "desktop/forms/qt_settings_form.h"
+#include "desktop/forms/settings_dialog.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_file_dialog.h"
 #include "fakes/fake_registry.h"
@@ -27,9 +27,9 @@ constexpr int kCommunityFilter = 2;
 constexpr int kLogging = 3;
 
 /// The settings dialog on the screen, used with mouse and keyboard.
-struct SettingsDialog : testing::Test {
+struct SettingsDialogTest : testing::Test {
   void Open(int tab) {
-    dialog = std::make_unique<QtSettingsForm>(settings, box, files, logFile, nullptr);
+    dialog = std::make_unique<SettingsDialog>(settings, box, files, logFile, nullptr);
     dialog->open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     EXPECT_EQ(Tabs().currentIndex(), kGeneral);
@@ -71,10 +71,10 @@ struct SettingsDialog : testing::Test {
   FakeMessageBox box{log};
   FakeFileDialog files;
   FakeLogFile logFile;
-  std::unique_ptr<QtSettingsForm> dialog;
+  std::unique_ptr<SettingsDialog> dialog;
 };
 
-TEST_F(SettingsDialog, HasItsPagesAndCaptions) {
+TEST_F(SettingsDialogTest, HasItsPagesAndCaptions) {
   Open(kGeneral);
   EXPECT_EQ(dialog->windowTitle(), "Sentrel Settings ...");
   EXPECT_EQ(dialog->property("helpContext"), 9100);
@@ -114,7 +114,7 @@ TEST_F(SettingsDialog, HasItsPagesAndCaptions) {
   EXPECT_EQ(Find("Frame1").property("title").toString(), "Trap Decoding");
 }
 
-TEST_F(SettingsDialog, EveryWidgetThatTakesTheFocusTellsItsNameToAScreenReader) {
+TEST_F(SettingsDialogTest, EveryWidgetThatTakesTheFocusTellsItsNameToAScreenReader) {
   Open(kGeneral);
   int told = 0;
   for (QWidget* widget : dialog->findChildren<QWidget*>()) {
@@ -129,7 +129,7 @@ TEST_F(SettingsDialog, EveryWidgetThatTakesTheFocusTellsItsNameToAScreenReader) 
   EXPECT_GE(told, 18);
 }
 
-TEST_F(SettingsDialog, TheTwoWaysOfDecodingExcludeEachOther) {
+TEST_F(SettingsDialogTest, TheTwoWaysOfDecodingExcludeEachOther) {
   Open(kGeneral);
   EXPECT_TRUE(HasFocus("checkDecode"));
   Click("checkRaw");
@@ -144,7 +144,7 @@ TEST_F(SettingsDialog, TheTwoWaysOfDecodingExcludeEachOther) {
   EXPECT_TRUE(HasFocus("checkRaw"));
 }
 
-TEST_F(SettingsDialog, EachCheckBoxShowsItsControlsAndHidesThem) {
+TEST_F(SettingsDialogTest, EachCheckBoxShowsItsControlsAndHidesThem) {
   struct Group {
     int tab;
     const char* check;
@@ -175,7 +175,7 @@ TEST_F(SettingsDialog, EachCheckBoxShowsItsControlsAndHidesThem) {
   }
 }
 
-TEST_F(SettingsDialog, DeviceFiltersAreEnteredByKeyboardAlone) {
+TEST_F(SettingsDialogTest, DeviceFiltersAreEnteredByKeyboardAlone) {
   Open(kDeviceFilter);
   Click("checkDeviceFilter");
   EXPECT_TRUE(HasFocus("NewDeviceFilter"));
@@ -195,7 +195,7 @@ TEST_F(SettingsDialog, DeviceFiltersAreEnteredByKeyboardAlone) {
   EXPECT_EQ(Settings(registry).DeviceFilters()->Count(), 2);
 }
 
-TEST_F(SettingsDialog, AddButtonsGiveTheFocusBackToTheirBox) {
+TEST_F(SettingsDialogTest, AddButtonsGiveTheFocusBackToTheirBox) {
   Open(kCommunityFilter);
   Click("checkCommunity");
   Click("NewCommunity");
@@ -210,7 +210,7 @@ TEST_F(SettingsDialog, AddButtonsGiveTheFocusBackToTheirBox) {
   EXPECT_THAT(Lines("CommunityList"), ElementsAre("public", "two words"));
 }
 
-TEST_F(SettingsDialog, LinesAreRemovedByButtonAndByDeleteKey) {
+TEST_F(SettingsDialogTest, LinesAreRemovedByButtonAndByDeleteKey) {
   const std::pair<const char*, const char*> lists[] = {
       {"DeviceFilterList", "cmdDeleteDeviceFilter"}, {"CommunityList", "cmdDeleteCommunity"}};
   settings.SetDeviceFilterActive(true);
@@ -242,7 +242,7 @@ TEST_F(SettingsDialog, LinesAreRemovedByButtonAndByDeleteKey) {
   }
 }
 
-TEST_F(SettingsDialog, UntickingLeavesNoLineToRemove) {
+TEST_F(SettingsDialogTest, UntickingLeavesNoLineToRemove) {
   settings.CommunityStrings()->Add("private");
   Open(kCommunityFilter);
   ClickLine("CommunityList", 0);
@@ -252,7 +252,7 @@ TEST_F(SettingsDialog, UntickingLeavesNoLineToRemove) {
   EXPECT_FALSE(Find("cmdDeleteCommunity").isEnabled());
 }
 
-TEST_F(SettingsDialog, OKWithoutAFilterShowsWhereOneIsMissing) {
+TEST_F(SettingsDialogTest, OKWithoutAFilterShowsWhereOneIsMissing) {
   Open(kDeviceFilter);
   Click("checkDeviceFilter");
   QTest::mouseClick(Tabs().tabBar(), Qt::LeftButton, {},
@@ -264,7 +264,7 @@ TEST_F(SettingsDialog, OKWithoutAFilterShowsWhereOneIsMissing) {
   EXPECT_FALSE(settings.DeviceFilterActive());
 }
 
-TEST_F(SettingsDialog, ItsOtherWaysOutChangeNothing) {
+TEST_F(SettingsDialogTest, ItsOtherWaysOutChangeNothing) {
   settings.CommunityStrings()->Add("private");
   const std::function<void()> waysOut[] = {
       [this] { Click("cmdCancel"); }, [this] { dialog->close(); },
@@ -287,7 +287,7 @@ TEST_F(SettingsDialog, ItsOtherWaysOutChangeNothing) {
   }
 }
 
-TEST_F(SettingsDialog, AFolderForTheLogIsToldOfWhereItWasTyped) {
+TEST_F(SettingsDialogTest, AFolderForTheLogIsToldOfWhereItWasTyped) {
   settings.SetLoggingEnabled(true);
   logFile.obstacles = {{"/home/ann", "This is a folder."}};
   const auto problem = [&] { return Find<QLabel>("LogProblem").text(); };
@@ -306,7 +306,7 @@ TEST_F(SettingsDialog, AFolderForTheLogIsToldOfWhereItWasTyped) {
   EXPECT_EQ(Settings(registry).LogFilename(), "/tmp/b");
 }
 
-TEST_F(SettingsDialog, TheListsTakeTheRoomOfALargerWindow) {
+TEST_F(SettingsDialogTest, TheListsTakeTheRoomOfALargerWindow) {
   settings.SetDeviceFilterActive(true);
   Open(kDeviceFilter);
   const int height = List("DeviceFilterList").height();

@@ -10,10 +10,10 @@
 #include <QTest>
 
 #include "common/failure.h"
-#include "desktop/help/qt_about_dialog.h"
-#include "desktop/help/qt_tip_dialog.h"
+#include "desktop/help/about_window.h"
+#include "desktop/help/tip_window.h"
 #include "desktop/window/icons.h"
-#include "desktop/window/qt_main_window.h"
+#include "desktop/window/trap_window.h"
 #include "dialogs.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_registry.h"
@@ -30,8 +30,8 @@ TEST(AboutBoxDialog, ShowsWhatItIsGiven) {
   Table table;
   ToolBars tools;
   StatusBar status;
-  QtMainWindow owner(table, tools, status);
-  const auto about = QtAboutDialogFactory(owner).Create();
+  TrapWindow owner(table, tools, status);
+  const auto about = AboutWindowFactory(owner).Create();
   about->SetProgramName("SNMP Sentrel");
   about->SetPackageName("Tools & more");
   about->SetSubTitle("<b>Receive</b>");
@@ -78,7 +78,7 @@ struct TipDialogTest : testing::Test {
   FakeRegistry registry;
   RegistrySupport support{registry};
   FakeClock clock;
-  QtTipDialogFactory factory{owner, support, clock};
+  TipWindowFactory factory{owner, support, clock};
   std::unique_ptr<TipDialog> dialog = factory.Create();
   User user;
 };

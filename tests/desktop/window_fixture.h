@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/window/qt_main_window.h"
+#include "desktop/window/trap_window.h"
 
 namespace sentrel {
 
@@ -41,7 +41,7 @@ struct WindowTest : testing::Test, ToolBarsEvents, TableEvents {
   StatusBar status;
   std::vector<std::string> chosen;
   std::vector<int> buttons;
-  QtMainWindow window{table, tools, status};
+  TrapWindow window{table, tools, status};
 };
 
 }  // namespace sentrel

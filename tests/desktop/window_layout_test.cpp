@@ -23,7 +23,7 @@ struct WindowLayoutTest : WindowTest {
   Table nextTable;
   ToolBars nextTools;
   StatusBar nextStatus;
-  QtMainWindow next{nextTable, nextTools, nextStatus};
+  TrapWindow next{nextTable, nextTools, nextStatus};
 };
 
 TEST_F(WindowLayoutTest, SizePositionAndVisibilityComeBack) {

@@ -121,15 +121,15 @@ TEST_F(ExportFile, AFailureIsToldOnceUnlessQuiet) {
 }
 
 TEST_F(ExportFile, RefusesOtherKindsWithOneMessage) {
-  const std::pair<std::function<bool(QtEngine&)>, const char*> kinds[] = {
-      {[](QtEngine& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
-      {[](QtEngine& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
-      {[](QtEngine& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
-      {[](QtEngine& e) { return e.ExportMap({}, "PDF"); }, "maps"},
-      {[](QtEngine& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
-      {[](QtEngine& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
-      {[](QtEngine& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
-      {[](QtEngine& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
+  const std::pair<std::function<bool(DocumentEngine&)>, const char*> kinds[] = {
+      {[](DocumentEngine& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
+      {[](DocumentEngine& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
+      {[](DocumentEngine& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
+      {[](DocumentEngine& e) { return e.ExportMap({}, "PDF"); }, "maps"},
+      {[](DocumentEngine& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
+      {[](DocumentEngine& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
+      {[](DocumentEngine& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
+      {[](DocumentEngine& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
   };
   for (const auto& [call, word] : kinds) {
     log_.calls.clear();

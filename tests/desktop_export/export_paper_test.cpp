@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "desktop/export/print.h"
-#include "desktop/export/progress.h"
+#include "desktop/export/progress_dialog.h"
 #include "desktop/export/table_pages.h"
 #include "engine_fixture.h"
 
@@ -116,13 +116,13 @@ TEST_F(ExportPaper, LongWorkCanBeEndedWithACancelButton) {
   content.columns = {{"Column", Alignment::Left}};
   content.rows.assign(20000, {"cell"});
   TablePages pages(content);
-  DialogProgress progress(&owner_, "Exporting ...", std::chrono::milliseconds(0));
+  ProgressDialog progress(&owner_, "Exporting ...", std::chrono::milliseconds(0));
   user_.Press("ExportProgress", "Cancel");
   EXPECT_THROW(PdfFile(pages, {"t", "p", false, ""}, progress), Cancelled);
 }
 
 TEST_F(ExportPaper, ShortWorkShowsNothing) {
-  DialogProgress progress(&owner_, "Exporting ...");
+  ProgressDialog progress(&owner_, "Exporting ...");
   progress.Advance(0, 10);
   progress.Advance(5, 10);
   for (const QWidget* window : QApplication::topLevelWidgets()) {

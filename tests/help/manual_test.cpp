@@ -10,7 +10,7 @@
 #include <QXmlStreamReader>
 
 #include "controls/tool_table.h"
-#include "desktop/help/pages.h"
+#include "desktop/help/help_pages.h"
 #include "shell/help_benchwell.h"
 #include "shell/tip_book.h"
 #include "shell/tip_of_the_day.h"

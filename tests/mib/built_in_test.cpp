@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "mib/folders.h"
 #include "mib/lookup.h"
+#include "mib/module_folders.h"
 #include "workshop.h"
 
 namespace sentrel::mib {

@@ -4,7 +4,7 @@
 
 #include <semaphore>
 
-#include "mib/folders.h"
+#include "mib/module_folders.h"
 #include "workshop.h"
 
 namespace sentrel::mib {

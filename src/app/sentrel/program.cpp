@@ -5,11 +5,11 @@
 #include <QApplication>
 #include <cstdlib>
 
-#include "app/folders.h"
+#include "app/mib_setup.h"
 #include "common/failure.h"
 #include "console/globals.h"
-#include "desktop/forms/qt_send_form.h"
-#include "desktop/forms/qt_settings_form.h"
+#include "desktop/forms/send_dialog.h"
+#include "desktop/forms/settings_dialog.h"
 #include "desktop/window/icons.h"
 #include "store/standing.h"
 
@@ -118,7 +118,7 @@ Program::Program(const ProgramOptions& options)
 Commands Program::OtherCommands() {
   Commands commands;
   commands.ShowSettingsForm = [this] {
-    QtSettingsForm(settings_, messageBox_, fileDialog_, logFile_, &window_).exec();
+    SettingsDialog(settings_, messageBox_, fileDialog_, logFile_, &window_).exec();
   };
   commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
   commands.PrintTraps = [this] { trapExport_.PrintTraps(); };
@@ -133,7 +133,7 @@ Commands Program::OtherCommands() {
 }
 
 void Program::ShowSendForm(const TrapObject& trap) {
-  QtSendForm(listener_, messageBox_, registry_, &window_).SendTrap(trap);
+  SendDialog(listener_, messageBox_, registry_, &window_).SendTrap(trap);
 }
 
 bool Program::Start() {

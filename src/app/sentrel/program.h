@@ -18,15 +18,22 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
-#include "desktop/export/engine.h"
-#include "desktop/export/services.h"
-#include "desktop/forms/qt_file_dialog.h"
+#include "desktop/export/document_engine.h"
+#include "desktop/forms/file_chooser.h"
 #include "desktop/forms/toolkit_dialogs.h"
-#include "desktop/help/qt_about_dialog.h"
-#include "desktop/help/qt_browser.h"
-#include "desktop/help/qt_tip_dialog.h"
-#include "desktop/qt_services.h"
-#include "desktop/window/qt_main_window.h"
+#include "desktop/help/about_window.h"
+#include "desktop/help/help_browser.h"
+#include "desktop/help/tip_window.h"
+#include "desktop/services/desktop_application.h"
+#include "desktop/services/desktop_clipboard.h"
+#include "desktop/services/desktop_files.h"
+#include "desktop/services/desktop_message_box.h"
+#include "desktop/services/desktop_timer.h"
+#include "desktop/services/installed_printers.h"
+#include "desktop/services/system_clock.h"
+#include "desktop/services/system_locale.h"
+#include "desktop/services/wait_cursor.h"
+#include "desktop/window/trap_window.h"
 #include "documents/trap_document.h"
 #include "export/stored_export_memory.h"
 #include "export/trap_export.h"
@@ -65,7 +72,7 @@ class Program {
   /// has been told by then.
   bool Start();
 
-  QtMainWindow& Window() { return window_; }
+  TrapWindow& Window() { return window_; }
   const Table& Traps() const { return table_; }
   const NetSnmpListener& Listener() const { return listener_; }
   Settings& Options() { return settings_; }
@@ -77,7 +84,7 @@ class Program {
   Commands OtherCommands();
 
   ToolkitDialogs toolkitDialogs_;
-  QtApplication application_;
+  DesktopApplication application_;
   SystemClock clock_;
   SystemLocale locale_;
   SqliteRegistry registry_;
@@ -91,17 +98,17 @@ class Program {
   Table table_;
   ToolBars toolBars_;
   StatusBar statusBar_;
-  QtMainWindow window_;
-  QtMessageBox messageBox_;
-  QtFileDialog fileDialog_;
-  QtClipboard clipboard_;
-  QtFileSystem files_;
-  QtPrinters printers_;
-  QtMousePointer mousePointer_;
+  TrapWindow window_;
+  DesktopMessageBox messageBox_;
+  FileChooser fileDialog_;
+  DesktopClipboard clipboard_;
+  DesktopFiles files_;
+  InstalledPrinters printers_;
+  WaitCursor mousePointer_;
   StoredExportMemory exportMemory_;
-  QtEngineFactory exportEngines_;
+  DocumentEngineFactory exportEngines_;
   TrapExport trapExport_;
-  QtTimer resetTimer_;
+  DesktopTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
   Wakeup newTraps_;
@@ -113,13 +120,13 @@ class Program {
   SavedTrapCommand savedTrap_;
   TestTrap testTrap_;
   MainForm mainForm_;
-  QtBrowserFactory browsers_;
+  HelpBrowserFactory browsers_;
   Help_Benchwell help_;
   HelpKey helpKey_;
   ElfVersionReader versions_;
-  QtAboutDialogFactory aboutDialogs_;
+  AboutWindowFactory aboutDialogs_;
   AboutBox about_;
-  QtTipDialogFactory tipDialogs_;
+  TipWindowFactory tipDialogs_;
   TipOfTheDay tips_;
   ToolDispatch dispatch_;
   EndRequest endRequest_;

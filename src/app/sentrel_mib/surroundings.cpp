@@ -5,8 +5,8 @@
 #include <iostream>
 
 #include "common/failure.h"
-#include "mib/folders.h"
 #include "mib/image_cache.h"
+#include "mib/module_folders.h"
 
 namespace sentrel::app {
 namespace {

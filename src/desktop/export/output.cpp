@@ -10,7 +10,7 @@
 #include "common/failure.h"
 #include "common/text.h"
 #include "desktop/export/filename.h"
-#include "desktop/export/progress.h"
+#include "desktop/export/progress_dialog.h"
 #include "desktop/export/send.h"
 
 namespace sentrel {
@@ -30,7 +30,7 @@ std::optional<bool> ExportOutput::Paper(Pages& pages, const std::string& method)
 }
 
 bool ExportOutput::Print(Pages& pages) {
-  DialogProgress progress(&desk_.owner, "Printing ...");
+  ProgressDialog progress(&desk_.owner, "Printing ...");
   const auto outcome = PrintOnPaper(pages, Job(), &desk_.owner, settings_.quiet, progress);
   if (outcome == PrintOutcome::NoPrinter) return !settings_.quiet && OfferPdf(pages);
   return outcome == PrintOutcome::Done;
@@ -93,7 +93,7 @@ std::optional<QString> ExportOutput::ChooseFile(const FileKind& kind) const {
 void ExportOutput::Write(const QString& filename, const FileWriter& writer) {
   std::string bytes;
   {
-    DialogProgress progress(&desk_.owner, "Exporting ...");
+    ProgressDialog progress(&desk_.owner, "Exporting ...");
     bytes = writer(progress);
   }
   WriteFile(filename.toStdString(), bytes);

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "desktop/export/pages.h"
+#include "desktop/export/paper_pages.h"
 #include "desktop/export/print.h"
 #include "platform/clock.h"
 #include "platform/export_memory.h"

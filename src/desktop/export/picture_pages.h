@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "desktop/export/pages.h"
+#include "desktop/export/paper_pages.h"
 #include "platform/engine.h"
 
 namespace sentrel {

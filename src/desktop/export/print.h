@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <string>
 
-#include "desktop/export/pages.h"
+#include "desktop/export/paper_pages.h"
 
 namespace sentrel {
 

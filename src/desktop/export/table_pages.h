@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desktop/export/page_text.h"
-#include "desktop/export/pages.h"
+#include "desktop/export/paper_pages.h"
 #include "documents/table_content.h"
 
 namespace sentrel {

@@ -7,7 +7,7 @@
 #include <QSaveFile>
 
 #include "common/failure.h"
-#include "desktop/qt_services.h"
+#include "desktop/services/desktop_files.h"
 
 namespace sentrel {
 namespace {

@@ -1,0 +1,220 @@
+#include "desktop/export/document_engine.h"
+
+#include <fmt/format.h>
+
+#include <QFile>
+#include <QImageReader>
+
+#include "common/failure.h"
+#include "common/text.h"
+#include "common/visible_text.h"
+#include "desktop/export/columns.h"
+#include "desktop/export/picture_pages.h"
+#include "desktop/export/send.h"
+#include "desktop/export/table_pages.h"
+#include "documents/file_formats.h"
+#include "documents/unicode.h"
+
+namespace sentrel {
+namespace {
+
+constexpr std::int32_t kLandscape = 2;
+
+std::string ReadTextFile(const std::string& filename) {
+  QFile file(QString::fromStdString(filename));
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw Failure(
+        fmt::format("Cannot read the file {}: {}.", filename, file.errorString().toStdString()));
+  }
+  return file.readAll().toStdString();
+}
+
+[[noreturn]] void Unknown(const std::string& method) {
+  throw Failure(fmt::format("There is no export of the kind \"{}\" for this.", method));
+}
+
+}  // namespace
+
+bool DocumentEngine::ExportTable(const Table& table, const std::string& method,
+                                 const std::string&) {
+  return Guarded([&] {
+    TableContent content = Texts();
+    TakeTable(table, content);
+    return ChooseColumns(content) && ExportContent(content, method);
+  });
+}
+
+bool DocumentEngine::ExportText(const std::string& text, const std::string& method,
+                                const std::string&) {
+  return Guarded([&] {
+    TableContent content = Texts();
+    content.paragraph = VisibleText(text);
+    return ExportContent(content, method);
+  });
+}
+
+bool DocumentEngine::ExportTextFile(const std::string& filename, const std::string& method) {
+  return Guarded([&] { return ExportText(ReadTextFile(filename), method, ""); });
+}
+
+bool DocumentEngine::ExportPicture(const Picture& picture, const std::string& method,
+                                   const std::string&) {
+  return Guarded([&] { return ExportImage(ToImage(picture), method); });
+}
+
+bool DocumentEngine::ExportImageFile(const std::string& filename, const std::string& method,
+                                     const std::string&) {
+  return Guarded([&] {
+    QImageReader reader(QString::fromStdString(filename));
+    const QImage image = reader.read();
+    if (image.isNull()) {
+      throw Failure(fmt::format("Cannot read the picture {}: {}.", filename,
+                                reader.errorString().toStdString()));
+    }
+    return ExportImage(image, method);
+  });
+}
+
+bool DocumentEngine::ExportRTF(const std::string&, const std::string&, const std::string&) {
+  return Refuse("formatted text");
+}
+
+bool DocumentEngine::ExportEMFFile(const std::string&, const std::string&, const std::string&) {
+  return Refuse("metafiles");
+}
+
+bool DocumentEngine::ExportChart(const Chart&, const std::string&, const std::string&) {
+  return Refuse("charts");
+}
+
+bool DocumentEngine::ExportMap(const Map&, const std::string&) {
+  return Refuse("maps");
+}
+
+std::string DocumentEngine::SendTo(const std::string& filename, const std::string& sendToMethod) {
+  const bool sent = Guarded([&] {
+    SendFile(filename, sendToMethod, settings_.title);
+    return true;
+  });
+  return sent ? kSentAnswer : "False";
+}
+
+std::vector<EngineChoice> DocumentEngine::ExportMethods(std::int32_t objectType) {
+  static const std::vector<std::string> kMethods[] = {
+      {"CDF", "Text", "HTML", "MHTML", "XLS", "Excel", "PDF"},
+      {"TXT", "HTML", "MHTML", "PDF"},
+      {"PNG", "JPG", "PDF"}};
+  std::vector<EngineChoice> choices;
+  if (objectType < 0 || objectType > 2) return choices;
+  for (const std::string& method : kMethods[objectType]) {
+    choices.push_back({method, MethodName(method)});
+  }
+  return choices;
+}
+
+std::string DocumentEngine::MethodName(const std::string& method) {
+  const std::string upper = UpperCase(method);
+  if (upper == "EXCEL") return "Directly to Excel";
+  if (upper == "PDF") return "PDF file";
+  if (upper == "PRINTER") return "Printer";
+  if (upper == "PREVIEW") return "Print preview";
+  if (CanWriteImage(method)) return upper + " picture";
+  const FileFormat* format = FindFileFormat(method);
+  return format ? std::string(format->caption) : "";
+}
+
+std::vector<EngineChoice> DocumentEngine::SendToMethods() {
+  return SendTargets();
+}
+
+bool DocumentEngine::Guarded(const std::function<bool()>& work) {
+  try {
+    return work();
+  } catch (const Cancelled&) {
+    return false;
+  } catch (const std::exception& failure) {
+    Tell(failure.what());
+    return false;
+  }
+}
+
+bool DocumentEngine::Refuse(const char* kind) {
+  Tell(fmt::format("{} does not export {}.", settings_.programName, kind));
+  return false;
+}
+
+void DocumentEngine::Tell(const std::string& text) {
+  if (!settings_.quiet) desk_.messageBox.Show(text, MessageIcon::Exclamation);
+}
+
+TableContent DocumentEngine::Texts() const {
+  TableContent content;
+  content.title = VisibleText(settings_.title);
+  content.subTitle = VisibleText(settings_.subTitle);
+  content.paragraph = VisibleText(settings_.paragraph);
+  content.footer = VisibleText(settings_.footer);
+  content.program = VisibleText(settings_.programName + " " + settings_.programVersion);
+  content.made = desk_.clock.Now();
+  content.madeText = FormatMediumDate(content.made, desk_.locale.Texts()) + " " +
+                     FormatTime(content.made, desk_.locale.Texts());
+  content.landscape = settings_.orientation == kLandscape;
+  return content;
+}
+
+/// The titles that are ticked at first are those of the column list, or else all but those that
+/// were left out last time.
+bool DocumentEngine::ChooseColumns(TableContent& content) {
+  QStringList titles;
+  QStringList leftOut = QString::fromStdString(desk_.memory.LeftOutColumns()).split('\n');
+  for (const ContentColumn& column : content.columns) {
+    titles << QString::fromStdString(column.title);
+  }
+  if (!settings_.columnList.empty()) {
+    leftOut = titles;
+    for (const QString& title : QString::fromStdString(settings_.columnList).split(',')) {
+      leftOut.removeAll(title.trimmed());
+    }
+  }
+  const bool ask = !settings_.skipFieldSelection && !settings_.quiet;
+  if (!ask && settings_.columnList.empty()) return true;
+  ExportColumnsDialog dialog(titles, leftOut, &desk_.owner);
+  if (ask) {
+    if (dialog.exec() != QDialog::Accepted) return false;
+    desk_.memory.SetLeftOutColumns(dialog.LeftOut().join('\n').toStdString());
+  }
+  KeepColumns(dialog.Ticked(), content);
+  return true;
+}
+
+std::string DocumentEngine::WantedFormat(const std::string& method) const {
+  return settings_.fileFormat.empty() || settings_.selectMethod ? method : settings_.fileFormat;
+}
+
+bool DocumentEngine::ExportContent(const TableContent& content, const std::string& method) {
+  const std::string wanted = WantedFormat(method);
+  ExportOutput output(desk_, settings_);
+  TablePages pages(content);
+  if (const auto done = output.Paper(pages, wanted)) return *done;
+  const FileFormat* format = FindFileFormat(wanted);
+  if (!format || (content.columns.empty() && !format->forTexts)) Unknown(wanted);
+  const FileKind kind{QString::fromUtf8(format->caption.data()),
+                      QString::fromUtf8(format->extension.data())};
+  const auto writer = [&](Progress& progress) { return format->write(content, progress); };
+  return format->method == "Excel" ? output.OpenDirectly(kind, writer) : output.Save(kind, writer);
+}
+
+/// The picture becomes as large as fits into the size of the settings.
+bool DocumentEngine::ExportImage(const QImage& image, const std::string& method) {
+  ExportOutput output(desk_, settings_);
+  PicturePages pages(image);
+  if (const auto done = output.Paper(pages, method)) return *done;
+  const std::string format = CanWriteImage(method) ? method : settings_.imageFormat;
+  const QString extension = ImageExtension(format);
+  const QSize size(settings_.imageWidth, settings_.imageHeight);
+  const QImage scaled =
+      size.isEmpty() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  return output.Save({"Picture", extension},
+                     [&](Progress&) { return EncodeImage(scaled, extension).toStdString(); });
+}
+
+}  // namespace sentrel

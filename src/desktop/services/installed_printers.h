@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/printers.h"
+
+namespace sentrel {
+
+class InstalledPrinters : public Printers {
+ public:
+  int Count() const override;
+};
+
+}  // namespace sentrel
