@@ -4,10 +4,10 @@
 #include "console/selection_keeper.h"
 #include "console/trap_log.h"
 #include "controls/table.h"
-#include "platform/arrived_trap.h"
 #include "platform/clock.h"
 #include "platform/main_window.h"
 #include "settings/settings.h"
+#include "trap/arrived_trap.h"
 
 namespace sentrel {
 

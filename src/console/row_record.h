@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/trap.h"
+#include "trap/trap.h"
 
 namespace sentrel {
 

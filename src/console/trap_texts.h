@@ -3,7 +3,7 @@
 #include <string>
 
 #include "console/oid_lookup.h"
-#include "platform/trap.h"
+#include "trap/trap.h"
 
 namespace sentrel {
 

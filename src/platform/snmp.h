@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/arrived_trap.h"
+#include "trap/arrived_trap.h"
 
 namespace sentrel {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/trap.h"
+#include "trap/trap.h"
 
 namespace sentrel {
 

@@ -4,13 +4,13 @@
 #include <functional>
 #include <span>
 
-#include "platform/arrived_trap.h"
 #include "snmp/community_message.h"
 #include "snmp/datagram.h"
 #include "snmp/listener_counters.h"
 #include "snmp/net_snmp.h"
 #include "snmp/repeated_informs.h"
 #include "snmp/version3_guard.h"
+#include "trap/arrived_trap.h"
 
 namespace sentrel {
 

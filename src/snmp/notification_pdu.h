@@ -5,9 +5,9 @@
 #include <span>
 #include <string_view>
 
-#include "platform/arrived_trap.h"
 #include "snmp/ber.h"
 #include "snmp/datagram.h"
+#include "trap/arrived_trap.h"
 
 namespace sentrel {
 

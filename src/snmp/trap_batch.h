@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/arrived_trap.h"
+#include "trap/arrived_trap.h"
 
 namespace sentrel {
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "oracle/trap_conversion.h"
-#include "platform/trap.h"
 #include "snmp/datagram.h"
 #include "snmp/net_snmp.h"
+#include "trap/trap.h"
 
 namespace sentrel {
 

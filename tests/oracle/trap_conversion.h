@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/trap.h"
 #include "snmp/datagram.h"
 #include "snmp/net_snmp.h"
+#include "trap/trap.h"
 
 namespace sentrel {
 

@@ -25,23 +25,11 @@ struct Trap {
   /// any other that begins with "0x" is a text. No record of a trap keeps them.
   std::vector<std::size_t> HexOctets = {};
 
-  /// Whether all of it is the same that a record keeps.
-  bool operator==(const Trap& other) const {
-    return SourceAddress == other.SourceAddress && Community == other.Community &&
-           OIDs == other.OIDs && DataTypes == other.DataTypes && Values == other.Values;
-  }
+  /// Whether all that a record keeps is the same.
+  bool operator==(const Trap& other) const;
 };
 
 /// Memory that a trap occupies, in bytes, to within a few per cent.
-inline std::size_t MemoryOf(const Trap& trap) {
-  constexpr std::size_t kAllocation = 16;
-  std::size_t bytes = sizeof trap + trap.SourceAddress.capacity() + trap.Community.capacity() +
-                      trap.DataTypes.capacity() * sizeof(int) +
-                      trap.HexOctets.capacity() * sizeof(std::size_t);
-  for (const std::vector<std::string>* texts : {&trap.OIDs, &trap.Values}) {
-    for (const std::string& text : *texts) bytes += sizeof text + text.capacity() + kAllocation;
-  }
-  return bytes;
-}
+std::size_t MemoryOf(const Trap& trap);
 
 }  // namespace sentrel
