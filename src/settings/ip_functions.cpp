@@ -6,6 +6,8 @@
 #include <array>
 #include <charconv>
 
+#include "common/dotted_quad.h"
+
 namespace sentrel {
 namespace {
 
@@ -24,14 +26,6 @@ bool SplitParts(std::string_view text, FourParts& parts) {
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
-}
-
-bool IsByte(std::string_view part) {
-  if (part.empty() || !std::all_of(part.begin(), part.end(), IsDigit)) return false;
-  part.remove_prefix(std::min(part.find_first_not_of('0'), part.size()));
-  int value = 0;
-  std::from_chars(part.data(), part.data() + part.size(), value);
-  return part.size() <= 3 && value <= 255;
 }
 
 std::string KeepAddressCharacters(std::string_view text) {
@@ -78,9 +72,7 @@ const std::array<std::string, 33>& Masks() {
 }  // namespace
 
 bool IsIPAddress(std::string_view address) {
-  FourParts parts;
-  return std::count(address.begin(), address.end(), '.') == 3 && SplitParts(address, parts) &&
-         std::all_of(parts.begin(), parts.end(), IsByte);
+  return DottedQuad(address).has_value();
 }
 
 bool IsSubnetMask(std::string_view mask) {

@@ -5,7 +5,7 @@
 
 #include <cstring>
 
-#include "snmp/dotted_quad.h"
+#include "common/dotted_quad.h"
 
 namespace sentrel {
 namespace {

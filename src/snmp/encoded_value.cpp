@@ -9,7 +9,7 @@
 #include <limits>
 #include <optional>
 
-#include "snmp/dotted_quad.h"
+#include "common/dotted_quad.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {

@@ -6,8 +6,8 @@
 #include <cstring>
 #include <optional>
 
+#include "common/dotted_quad.h"
 #include "common/failure.h"
-#include "snmp/dotted_quad.h"
 #include "snmp/within_time.h"
 
 namespace sentrel {

@@ -6,9 +6,9 @@
 #include <limits>
 #include <optional>
 
+#include "common/dotted_quad.h"
 #include "common/failure.h"
 #include "common/text.h"
-#include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {

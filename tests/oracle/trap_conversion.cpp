@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "common/dotted_quad.h"
 #include "oracle/value_text.h"
-#include "snmp/dotted_quad.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "snmp/dotted_quad.h"
+#include "common/dotted_quad.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {

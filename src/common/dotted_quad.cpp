@@ -1,4 +1,4 @@
-#include "snmp/dotted_quad.h"
+#include "common/dotted_quad.h"
 
 #include <charconv>
 #include <vector>
