@@ -4,13 +4,12 @@
 
 namespace sentrel {
 
-void Main(Application& application, MainForm& mainForm,
+bool Main(Application& application, MainForm& mainForm,
           const std::function<void()>& showTipOfTheDay) {
   application.SetHelpFile(application.ProgramFolder() + "/Help/Varnholt.chm");
-  Attempt([&] {
-    mainForm.Show();
-    showTipOfTheDay();
-  });
+  const bool isShown = Attempt([&] { mainForm.Show(); });
+  if (isShown) Attempt(showTipOfTheDay);
+  return isShown;
 }
 
 }  // namespace sentrel

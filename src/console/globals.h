@@ -7,10 +7,10 @@
 
 namespace sentrel {
 
-/// The start of a run, once options and window logic have been made. Returns with the window shown,
-/// or, after a failure that the user has been told of, with the window unloaded. Only where the
-/// window is shown the tip of the day is offered.
-void Main(Application& application, MainForm& mainForm,
+/// The start of a run, once options and window logic have been made. Returns whether the window is
+/// shown; else it is unloaded, and the user has been told of the failure. Only where the window is
+/// shown is the tip of the day offered.
+bool Main(Application& application, MainForm& mainForm,
           const std::function<void()>& showTipOfTheDay);
 
 }  // namespace sentrel

@@ -1,3 +1,4 @@
+#include "common/failure.h"
 #include "console/globals.h"
 #include "window_fixture.h"
 
@@ -17,7 +18,7 @@ struct MainFormTest : WindowTest {
 };
 
 TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
-  Main(application, form, offerTip);
+  EXPECT_TRUE(Main(application, form, offerTip));
   EXPECT_THAT(log.calls, ElementsAre(kHints, "StartListening", "Show", "Tip"));
   EXPECT_EQ(application.helpFile, "/opt/sentrel/Help/Varnholt.chm");
   EXPECT_EQ(window.caption, "SNMP Sentrel");
@@ -35,7 +36,7 @@ TEST_F(MainFormTest, TheRawToolShowsTheStoredOptionAndANegativeResultIsNoFailure
 
 TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
   snmp.startResult = 1;
-  Main(application, form, offerTip);
+  EXPECT_FALSE(Main(application, form, offerTip));
   EXPECT_THAT(log.calls, ElementsAre(kHints, "StartListening", "MessageBox", "Unload",
                                      "StopListening", "CloseListener", kSave));
   EXPECT_EQ(messageBox.text,
@@ -43,6 +44,10 @@ TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
             "it running ?\r\n\r\nThe reason.\r\n\r\nThe remedy.");
   EXPECT_EQ(messageBox.icon, MessageIcon::CriticalStop);
   EXPECT_EQ(messageBox.title, "Sentrel");
+}
+
+TEST_F(MainFormTest, ATipThatFailsIsNoFailedStart) {
+  EXPECT_TRUE(Main(application, form, [] { throw Failure("no tips"); }));
 }
 
 TEST_F(MainFormTest, UnloadingGoesOnPastAStepThatFails) {

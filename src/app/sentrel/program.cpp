@@ -137,12 +137,7 @@ void Program::ShowSendForm(const TrapObject& trap) {
 }
 
 bool Program::Start() {
-  bool shown = false;
-  Main(application_, mainForm_, [&] {
-    shown = true;
-    tips_.ShowTipOfTheDay(kTipSet, false);
-  });
-  return shown;
+  return Main(application_, mainForm_, [this] { tips_.ShowTipOfTheDay(kTipSet, false); });
 }
 
 bool Program::AdoptMibs() {
