@@ -47,46 +47,29 @@ std::string FileBehind(const std::string& path) {
   return error ? path : behind.string();
 }
 
-/// The new file until it takes the place of the old one; removed when it does not.
-class NewFile {
- public:
-  explicit NewFile(const std::string& target)
-      : target_(target), name_(target.substr(0, target.rfind('/') + 1) + ".sentrel-XXXXXX") {
-    descriptor_ = mkostemp(name_.data(), O_CLOEXEC);
-    Check(descriptor_ >= 0, target_);
-  }
-  ~NewFile() {
-    if (descriptor_ >= 0) close(descriptor_);
-    if (!renamed_) unlink(name_.c_str());
-  }
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
+int OpenDraft(std::string& name, const std::string& target) {
+  const int descriptor = mkostemp(name.data(), O_CLOEXEC);
+  Check(descriptor >= 0, target);
+  return descriptor;
+}
 
-  void Write(std::string_view bytes) {
-    while (!bytes.empty()) {
-      const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
-      if (written < 0 && errno == EINTR) continue;
-      Check(written >= 0, target_);
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
+/// Once its place on the disk is settled, the renaming need not wait for the disk. Where the file
+/// system cannot do that, the writing settles it.
+void Allocate(int descriptor, std::size_t size) {
+  if (size > 0) fallocate(descriptor, 0, 0, static_cast<off_t>(size));
+}
+
+/// What goes wrong here goes wrong again when it matters.
+void FillWithZeros(int descriptor, std::size_t size) {
+  Allocate(descriptor, size);
+  const std::string zeros(1 << 18, '\0');
+  for (std::size_t place = 0; place < size; place += zeros.size()) {
+    const auto at = static_cast<off_t>(place);
+    if (pwrite(descriptor, zeros.data(), zeros.size(), at) < 0) return;
   }
+}
 
-  void TakePlace(mode_t mode) {
-    Check(fchmod(descriptor_, mode) == 0, target_);
-    Check(fsync(descriptor_) == 0, target_);
-    Check(close(std::exchange(descriptor_, -1)) == 0, target_);
-    Check(std::rename(name_.c_str(), target_.c_str()) == 0, target_);
-    renamed_ = true;
-  }
-
- private:
-  const std::string& target_;
-  std::string name_;
-  int descriptor_ = -1;
-  bool renamed_ = false;
-};
-
-/// Makes the new name safe. The file is whole by now, so a failure is nobody's business.
+/// Makes the new name safe. The file is whole by now, so a failure changes nothing.
 void SyncFolderOf(const std::string& path) {
   const std::string folder = path.substr(0, path.rfind('/') + 1);
   const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
@@ -97,13 +80,58 @@ void SyncFolderOf(const std::string& path) {
 
 }  // namespace
 
+AtomicFile::AtomicFile(const std::string& path, mode_t newFileMode)
+    : target_(FileBehind(path)),
+      mode_(ModeFor(target_, newFileMode)),
+      draft_(target_.substr(0, target_.rfind('/') + 1) + ".sentrel-XXXXXX"),
+      descriptor_(OpenDraft(draft_, target_)) {}
+
+AtomicFile::~AtomicFile() {
+  if (preparation_.valid()) preparation_.wait();
+  if (descriptor_ >= 0) close(descriptor_);
+  if (!draft_.empty()) unlink(draft_.c_str());
+}
+
+void AtomicFile::Prepare(std::size_t size) {
+  Attempt([&] {
+    preparation_ = std::async(std::launch::async, [descriptor = descriptor_, size] {
+      Attempt([&] { FillWithZeros(descriptor, size); });
+    });
+  });
+}
+
+void AtomicFile::Write(std::string_view bytes, SafeFrom safety) {
+  if (preparation_.valid()) preparation_.wait();
+  Allocate(descriptor_, bytes.size());
+  WriteDraft(bytes);
+  Check(fchmod(descriptor_, mode_) == 0, target_);
+  if (safety == SafeFrom::PowerCut) Check(fsync(descriptor_) == 0, target_);
+  Check(close(std::exchange(descriptor_, -1)) == 0, target_);
+  Check(std::rename(draft_.c_str(), target_.c_str()) == 0, target_);
+  draft_.clear();
+  if (safety == SafeFrom::PowerCut) SyncFolderOf(target_);
+}
+
+void AtomicFile::WriteDraft(std::string_view bytes) {
+  off_t place = 0;
+  while (!bytes.empty()) {
+    const ssize_t written = pwrite(descriptor_, bytes.data(), bytes.size(), place);
+    if (written < 0 && errno == EINTR) continue;
+    Check(written >= 0, target_);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+    place += written;
+  }
+  Check(ftruncate(descriptor_, place) == 0, target_);
+}
+
 void WriteFile(const std::string& path, std::string_view bytes, mode_t newFileMode) {
-  const std::string target = FileBehind(path);
-  const mode_t mode = ModeFor(target, newFileMode);
-  NewFile file(target);
-  file.Write(bytes);
-  file.TakePlace(mode);
-  SyncFolderOf(target);
+  AtomicFile(path, newFileMode).Write(bytes);
+}
+
+void MakeFolderFor(const std::string& path) {
+  std::error_code ignored;
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
 }
 
 }  // namespace sentrel

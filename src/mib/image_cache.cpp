@@ -1,11 +1,12 @@
 #include "mib/image_cache.h"
 
 #include <future>
+#include <optional>
 
+#include "common/atomic_file.h"
 #include "common/failure.h"
 #include "mib/hash.h"
 #include "mib/image_writer.h"
-#include "mib/whole_file.h"
 
 namespace sentrel::mib {
 
@@ -22,13 +23,14 @@ std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
   current_ = FingerprintOf(sources.fingerprint);
   Collection collection(std::move(sources.files), options);
   if (options.stop != nullptr && *options.stop) return nullptr;
-  WholeFile file(file_);
+  std::optional<AtomicFile> file;
   const size_t estimate = collection.ImageSizeEstimate(*base_);
   auto room = std::async(std::launch::async, MakeRoom, estimate);
-  file.Prepare(estimate);
+  MakeFolderFor(file_);
+  if (Attempt([&] { file.emplace(file_); })) file->Prepare(estimate);
   const Catalog catalog = collection.Compile(*base_);
   auto bytes = std::make_shared<std::string>(MakeImage(catalog, current_, room.get()));
-  Attempt([&] { file.Write(*bytes); });
+  if (file) Attempt([&] { file->Write(*bytes, AtomicFile::SafeFrom::Crash); });
   // The mapped file leaves its pages to the system; the bytes only stand in for it.
   if (auto image = FromFile(current_)) return image;
   return Image::Over(*bytes, bytes);

@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 
 #include "common/failure.h"
 #include "fakes/shell.h"
@@ -20,13 +21,13 @@ unsigned Mode(const std::string& path) {
   return static_cast<unsigned>(std::filesystem::status(path).permissions());
 }
 
-class AtomicFile : public testing::Test {
+class AtomicFileTest : public testing::Test {
  protected:
   TemporaryFolder folder_;
   std::string path_ = folder_ / "Traps.csv";
 };
 
-TEST_F(AtomicFile, WritesANewFileAndReplacesAnOldOneKeepingItsMode) {
+TEST_F(AtomicFileTest, WritesANewFileAndReplacesAnOldOneKeepingItsMode) {
   WriteFile(path_, "one");
   EXPECT_EQ(ReadFile(path_), "one");
   EXPECT_EQ(Mode(path_) & 0600, 0600u);
@@ -37,7 +38,38 @@ TEST_F(AtomicFile, WritesANewFileAndReplacesAnOldOneKeepingItsMode) {
   EXPECT_EQ(folder_.Files(), 1);
 }
 
-TEST_F(AtomicFile, WritesThroughALink) {
+/// The size told beforehand is a guess, and there may be nothing to write in the end.
+TEST_F(AtomicFileTest, PreparedHoldsNothingButWhatIsWritten) {
+  for (const size_t guess : {0, 1, 5'000'000}) {
+    AtomicFile file(path_);
+    file.Prepare(guess);
+    const std::string text(1'000'000, static_cast<char>('a' + guess % 7));
+    file.Write(text, AtomicFile::SafeFrom::Crash);
+    EXPECT_EQ(ReadFile(path_), text) << guess;
+  }
+  AtomicFile(path_).Prepare(5'000'000);
+  EXPECT_EQ(std::filesystem::file_size(path_), 1'000'000);
+  EXPECT_EQ(folder_.Files(), 1);
+}
+
+TEST_F(AtomicFileTest, AReaderOfTheOldFileKeepsIt) {
+  WriteFile(path_, "old");
+  std::ifstream reader(path_);
+  WriteFile(path_, "");
+  EXPECT_EQ(ReadFile(path_), "");
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
+}
+
+TEST_F(AtomicFileTest, MakesAFolderOnlyWhenAskedTo) {
+  const std::string path = folder_ / "deep/er/file";
+  MakeFolderFor(path);
+  WriteFile(path, "new");
+  EXPECT_EQ(ReadFile(path), "new");
+  MakeFolderFor(path + "/below");
+  EXPECT_THROW(WriteFile(path + "/below", ""), Failure);
+}
+
+TEST_F(AtomicFileTest, WritesThroughALink) {
   WriteFile(path_, "old");
   const std::string link = folder_ / "link";
   std::filesystem::create_symlink("Traps.csv", link);
@@ -46,7 +78,7 @@ TEST_F(AtomicFile, WritesThroughALink) {
   EXPECT_EQ(ReadFile(path_), "new");
 }
 
-TEST_F(AtomicFile, AFullDiskLeavesTheOldFileAndNothingElse) {
+TEST_F(AtomicFileTest, AFullDiskLeavesTheOldFileAndNothingElse) {
   WriteFile(path_, "old");
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit before{};
@@ -60,7 +92,7 @@ TEST_F(AtomicFile, AFullDiskLeavesTheOldFileAndNothingElse) {
   EXPECT_EQ(folder_.Files(), 1);
 }
 
-TEST_F(AtomicFile, RefusesWhatIsNoPlaceForAFile) {
+TEST_F(AtomicFileTest, RefusesWhatIsNoPlaceForAFile) {
   WriteFile(path_, "old");
   chmod(path_.c_str(), 0444);
   const std::pair<std::string, const char*> cases[] = {

@@ -1,7 +1,6 @@
 #include "mib/image.h"
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <functional>
@@ -12,7 +11,6 @@
 #include "mib/image_cache.h"
 #include "mib/image_writer.h"
 #include "mib/lookup.h"
-#include "mib/whole_file.h"
 #include "workshop.h"
 
 namespace sentrel::mib {
@@ -104,64 +102,6 @@ TEST(Image, AForgedImageNeverCrashes) {
                image);
     }
   }
-}
-
-TEST(WholeFile, TakesThePlaceOfTheOldOneOrLeavesIt) {
-  const Workshop workshop;
-  const std::string path = workshop.Path("deep/er/file");
-  WriteWhole(path, "old");
-  const std::ifstream reader(path);
-  WriteWhole(path, "");
-  EXPECT_EQ(ReadFile(path), "");
-  const std::string large(5'000'000, 'x');
-  WriteWhole(path, large);
-  EXPECT_EQ(ReadFile(path), large);
-  std::stringstream seen;
-  seen << reader.rdbuf();
-  EXPECT_EQ(seen.str(), "old");
-
-  std::filesystem::create_directory(workshop.Path("folder"));
-  for (const char* refused : {"folder", "deep/er/file/below"}) {
-    EXPECT_THROW(WriteWhole(workshop.Path(refused), "x"), Failure) << refused;
-  }
-  size_t left = 0;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(workshop.Path(""))) {
-    if (entry.is_regular_file()) ++left;
-  }
-  EXPECT_EQ(left, 1);
-}
-
-TEST(WholeFile, FollowsNoLinkThatHasTheNameOfItsDraft) {
-  const Workshop workshop;
-  const std::string path = workshop.Path("file");
-  const std::string draft = path + "." + std::to_string(getpid()) + ".new";
-  const std::string victim = workshop.Path("victim");
-  std::ofstream(victim) << "precious";
-  for (const bool isLink : {true, false}) {
-    if (isLink) std::filesystem::create_symlink(victim, draft);
-    if (!isLink) std::filesystem::create_hard_link(victim, draft);
-    WriteWhole(path, "new");
-    EXPECT_EQ(ReadFile(victim), "precious");
-    EXPECT_EQ(ReadFile(path), "new");
-    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(path)));
-  }
-}
-
-/// The size given beforehand is a guess, and there may be nothing to write in the end.
-TEST(WholeFile, PreparedHoldsNothingButWhatIsWritten) {
-  const Workshop workshop;
-  const std::string path = workshop.Path("prepared");
-  for (const size_t guess : {0, 1, 5'000'000}) {
-    WholeFile file(path);
-    file.Prepare(guess);
-    const std::string text(1'000'000, static_cast<char>('a' + guess % 7));
-    file.Write(text);
-    EXPECT_EQ(ReadFile(path), text) << guess;
-  }
-  WholeFile(path).Prepare(5'000'000);
-  EXPECT_EQ(std::filesystem::file_size(path), 1'000'000);
-  const std::filesystem::directory_iterator files(workshop.Path(""));
-  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
 /// Each step changes one thing; the cache is outdated and the next image tells of it.

@@ -9,9 +9,9 @@
 #include <stdexcept>
 
 #include "commands.h"
+#include "common/atomic_file.h"
 #include "mib/collection.h"
 #include "mib/image_writer.h"
-#include "mib/whole_file.h"
 #include "surroundings.h"
 
 namespace sentrel::app {
@@ -77,11 +77,12 @@ int CompileFolders(const Arguments& arguments) {
   const size_t files = sources.files.size();
   mib::Collection collection = ReadWithProgress(std::move(sources.files));
   const auto base = BuiltInDatabase();
-  std::optional<mib::WholeFile> image;
+  std::optional<AtomicFile> image;
   std::future<std::string> room;
   if (!arguments.output.empty()) {
     const size_t estimate = collection.ImageSizeEstimate(*base);
     room = std::async(std::launch::async, mib::MakeRoom, estimate);
+    MakeFolderFor(arguments.output);
     image.emplace(arguments.output).Prepare(estimate);
   }
   const mib::Catalog catalog = collection.Compile(*base);
@@ -90,7 +91,9 @@ int CompileFolders(const Arguments& arguments) {
   std::cout << files << " files, " << collection.ModuleCount() << " modules, "
             << CountNames(catalog) << " names with the built-in ones, "
             << sources.messages.size() + collection.AllMessages().size() << " messages\n";
-  if (image) image->Write(mib::MakeImage(catalog, sources.fingerprint, room.get()));
+  if (image)
+    image->Write(mib::MakeImage(catalog, sources.fingerprint, room.get()),
+                 AtomicFile::SafeFrom::Crash);
   End(collection.ModuleCount() > 0 ? 0 : 1);
 }
 

@@ -4,9 +4,9 @@
 #include <stdexcept>
 
 #include "commands.h"
+#include "common/atomic_file.h"
 #include "mib/collection.h"
 #include "mib/image_writer.h"
-#include "mib/whole_file.h"
 #include "surroundings.h"
 
 namespace sentrel::app {
@@ -32,6 +32,11 @@ std::uint32_t EnterprisesOf(mib::Catalog& catalog) {
   return node;
 }
 
+void WriteWithFolder(const std::string& path, std::string_view bytes) {
+  MakeFolderFor(path);
+  WriteFile(path, bytes);
+}
+
 }  // namespace
 
 int WriteFactFiles(const Arguments& arguments) {
@@ -41,7 +46,7 @@ int WriteFactFiles(const Arguments& arguments) {
   const mib::Catalog catalog = collection.Compile(*base);
   for (const mib::CatalogModule& module : catalog.modules) {
     if (module.entries.count == 0) continue;
-    mib::WriteWhole(arguments.output + "/" + std::string(module.name) + kFactEnding,
+    WriteWithFolder(arguments.output + "/" + std::string(module.name) + kFactEnding,
                     mib::WriteFacts(catalog, module));
   }
   return 0;
@@ -64,7 +69,7 @@ int WriteEnterpriseRoots(const Arguments& arguments) {
     catalog.entries.push_back(root);
     ++roots.entries.count;
   }
-  mib::WriteWhole(arguments.output, mib::WriteFacts(catalog, roots));
+  WriteWithFolder(arguments.output, mib::WriteFacts(catalog, roots));
   return 0;
 }
 
@@ -78,7 +83,7 @@ int PackFacts(const Arguments& arguments) {
   }
   if (!collection.AllMessages().empty()) return 1;
   // That standards claim each other's OIDs is no fault of the facts.
-  mib::WriteWhole(arguments.output, mib::MakeImage(collection.Compile(*mib::Image::Empty()), 0));
+  WriteWithFolder(arguments.output, mib::MakeImage(collection.Compile(*mib::Image::Empty()), 0));
   return 0;
 }
 

@@ -1,13 +1,10 @@
 #include "desktop/window/layout_file.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 
+#include "common/atomic_file.h"
 #include "common/failure.h"
-#include "desktop/services/desktop_files.h"
 
 namespace sentrel {
 namespace {
@@ -29,11 +26,9 @@ QByteArray Part(const QList<QByteArray>& lines, qsizetype index) {
 }  // namespace
 
 void WriteLayout(const QString& path, const WindowLayout& layout) {
-  QDir().mkpath(QFileInfo(path).path());
-  QSaveFile file(path);
-  const bool written = !IsReadOnly(path.toStdString()) && file.open(QFile::WriteOnly) &&
-                       file.write(Packed(layout)) >= 0 && file.commit();
-  if (!written) throw Failure("The layout file cannot be written.");
+  const std::string file = path.toStdString();
+  MakeFolderFor(file);
+  WriteFile(file, Packed(layout).toStdString());
 }
 
 WindowLayout ReadLayout(const QString& path) {
