@@ -1,6 +1,6 @@
 #!/bin/bash
-# executable_test.sh SENTREL: the real executable, in a network of its own where UDP 162 is free
-# and open to it.
+# executable_test.sh SENTREL: the real executable, started by the name that people type and by its
+# own, in a network of its own where UDP 162 is free and open to it.
 set -u
 sentrel=$1
 if [ "${IN_OWN_NETWORK:-}" != yes ]; then
@@ -19,7 +19,7 @@ await() { # SECONDS COMMAND...
 port_bound() { grep -q ':00A2 ' /proc/net/udp /proc/net/udp6; }
 gone() { ! kill -0 "$1" 2>/dev/null; }
 
-"$sentrel" & first=$!
+PATH=$(dirname "$sentrel"):$PATH sentrel & first=$!
 await 20 port_bound || fail "the program does not listen"
 snmpinform -v2c -c public -r 0 -t 5 127.0.0.1 '' 1.3.6.1.6.3.1.1.5.1 || fail "an inform is not answered"
 snmpinform -v2c -c public -r 0 -t 5 'udp6:[::1]:162' '' 1.3.6.1.6.3.1.1.5.1 ||

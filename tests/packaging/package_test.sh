@@ -50,7 +50,7 @@ run_dpkg --install "$package"
 grep -q "only root can receive traps" "$work/log" || fail "nobody is told that only root may listen"
 
 for file in lib/sentrel/{Sentrel,sentrel-mib,sentrel-port,sentrel-mibs.image,Help/default.htm,tips/Benchwells.txt} \
-            bin/{Sentrel,sentrel-mib} share/man/man1/{Sentrel,sentrel-mib}.1.gz \
+            bin/{Sentrel,sentrel,sentrel-mib} share/man/man1/{Sentrel,sentrel,sentrel-mib}.1.gz \
             share/icons/hicolor/{16x16,48x48,256x256}/apps/sentrel.png \
             share/icons/hicolor/scalable/apps/sentrel.svg share/doc/sentrel/copyright \
             share/applications/sentrel.desktop share/metainfo/sentrel.metainfo.xml; do
@@ -93,20 +93,24 @@ run_dpkg --purge sentrel
 rm -r "$root/usr/lib/sentrel/mibs"
 run_dpkg --install "$package"
 
-# The program, started as the desktop does.
+# The program, started as the desktop does, and by the name that people type.
 ip link set lo up
 export QT_QPA_PLATFORM=offscreen HOME=$work/home SNMP_PERSISTENT_DIR=$work/home PATH=$root/usr/bin:$PATH
 mkdir "$HOME"
 "$root/usr/bin/sentrel-mib" lookup 1.3.6.1.6.3.1.1.5.3 | grep -q linkDown || fail "no names"
 command=$(sed -n 's/^Exec=//p' "$root/usr/share/applications/sentrel.desktop")
-[ "$(command -v "$command")" = "$root/usr/bin/$command" ] || fail "the desktop entry starts nothing"
-$command & sentrel=$!
-await 20 grep -q ':00A2 ' /proc/net/udp /proc/net/udp6 || fail "the program does not listen"
-snmpinform -v2c -c public -r 0 -t 5 127.0.0.1 '' 1.3.6.1.6.3.1.1.5.1 || fail "no answer"
-kill -TERM $sentrel
-wait $sentrel || fail "SIGTERM is no clean end"
-sentrel=
-[ -e "$root/usr/lib/sentrel/Sentrel.Toolbars" ] || fail "root's toolbar layout is not kept"
+layout=$root/usr/lib/sentrel/Sentrel.Toolbars
+for name in "$command" sentrel; do
+  [ "$(command -v "$name")" = "$root/usr/bin/$name" ] || fail "$name starts nothing"
+  rm -f "$layout"
+  $name & sentrel=$!
+  await 20 grep -q ':00A2 ' /proc/net/udp /proc/net/udp6 || fail "$name does not listen"
+  snmpinform -v2c -c public -r 0 -t 5 127.0.0.1 '' 1.3.6.1.6.3.1.1.5.1 || fail "no answer of $name"
+  kill -TERM $sentrel
+  wait $sentrel || fail "SIGTERM is no clean end of $name"
+  sentrel=
+  [ -e "$layout" ] || fail "root's toolbar layout is not kept by $name"
+done
 run_dpkg --purge sentrel
 grep -qs sentrel "$root"/var/cache/debconf/config.dat && fail "purging leaves an answer behind"
 rm -r "$root"/etc "$root"/var/{cache,lib/dpkg}
