@@ -1,1 +1,0 @@
-#error "net-snmp belongs to snmp/ alone"

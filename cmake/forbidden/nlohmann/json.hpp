@@ -1,1 +1,0 @@
-#error "JSON belongs to documents/ alone"

@@ -1,1 +1,0 @@
-#error "SQLite belongs to store/ alone"

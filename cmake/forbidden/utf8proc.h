@@ -1,1 +1,0 @@
-#error "widths of letters belong to documents/ alone"

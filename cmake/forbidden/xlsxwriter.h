@@ -1,1 +1,0 @@
-#error "workbooks belong to documents/ alone"
