@@ -11,7 +11,7 @@
 #include "fakes/notification.h"
 #include "program_fixture.h"
 #include "snmp/sender.h"
-#include "udp_sender.h"
+#include "udp_socket.h"
 
 namespace sentrel {
 namespace {
@@ -106,7 +106,7 @@ TEST_F(SendingTest, WhatCannotBeReplayedIsRefused) {
                                                        {unnamed, "::tag 0x06: 0x"}};
   int rows = 2;
   for (const auto& [bytes, field] : cases) {
-    test::UdpSender(port).Send(bytes);
+    test::UdpSocket(port).Send(bytes);
     AwaitRows(++rows);
     EXPECT_THAT(program.Traps().RowData(1), testing::HasSubstr(field));
     EXPECT_THAT(program.Traps().Cell(1, 4), testing::HasSubstr(field.substr(field.find("tag"))));

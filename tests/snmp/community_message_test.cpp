@@ -3,7 +3,8 @@
 #include <random>
 
 #include "encoded_message.h"
-#include "listener_fixture.h"
+#include "fakes/notification.h"
+#include "fakes/shell.h"
 #include "oracle/library_reading.h"
 #include "snmp/notification_parser.h"
 #include "snmp/snmp_library.h"
@@ -11,7 +12,6 @@
 namespace sentrel::test {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::string_literals;
 using testing::ElementsAre;
 
@@ -97,10 +97,44 @@ TEST_F(CommunityMessageTest, IsRefusedWhereItIsNone) {
       {Message(1, Pdu(0xA2, kBinding)), Outcome::kUnsupportedPdu},
       {Message(1, Pdu(0xA9, kBinding)), Outcome::kMalformed},
       {"\x30\xff"s + trap, Outcome::kTruncated},
+      {"", Outcome::kNotSnmp},
   };
   for (const auto& [message, outcome] : messages) {
     EXPECT_EQ(Parse(message), outcome) << testing::PrintToString(message);
   }
+  const std::pair<const char*, Outcome> files[] = {
+      {"bad-not-snmp", Outcome::kNotSnmp},
+      {"bad-one-byte", Outcome::kTruncated},
+      {"bad-truncated", Outcome::kTruncated},
+      {"bad-length-past-end", Outcome::kTruncated},
+      {"bad-indefinite-length", Outcome::kMalformed},
+      {"bad-nested-length", Outcome::kMalformed},
+      {"bad-version", Outcome::kUnsupportedVersion},
+      {"get-request", Outcome::kUnsupportedPdu},
+      {"v3-discovery", Outcome::kUnknownEngine},
+      {"v3-authPriv", Outcome::kUnknownEngine},
+  };
+  for (const auto& [file, outcome] : files) {
+    EXPECT_EQ(Parse(ReadFile(CORPUS "/"s + file)), outcome) << file;
+  }
+}
+
+TEST_F(CommunityMessageTest, IsTakenHoweverMuchItHolds) {
+  std::vector<std::string> ids(5'000);
+  for (std::size_t i = 0; i < ids.size(); ++i) ids[i] = "1.3.6." + std::to_string(i);
+  EXPECT_EQ(Parse(NotificationBytes("c", ids, std::vector<std::string>(ids.size()))),
+            Outcome::kAccepted);
+  EXPECT_EQ(std::vector(read_.OIDs.begin() + 2, read_.OIDs.end()), ids);
+
+  // The longest OID (RFC 2578, section 3.5), and one that is longer still.
+  std::string longest = "1.3";
+  for (int i = 2; i < 128; ++i) longest += ".16384";
+  std::string message = NotificationBytes("c", {longest}, {"x"});
+  EXPECT_EQ(Parse(message), Outcome::kAccepted);
+  EXPECT_EQ(read_.OIDs.back(), longest);
+  message[message.rfind('\x81')] = '\x01';  // makes two subidentifiers of the last one
+  EXPECT_EQ(Parse(message), Outcome::kAccepted);
+  EXPECT_THAT(read_.OIDs.back(), testing::StartsWith("tag 0x06: 0x2B8180"));
 }
 
 TEST_F(CommunityMessageTest, Version1TrapIsShownWithAnyHeader) {
@@ -159,9 +193,7 @@ TEST_F(CommunityMessageTest, InformIsAnsweredByItselfWhateverItHolds) {
 
 TEST_F(CommunityMessageTest, AgreesWithTheLibraryOnAllThatItTakes) {
   constexpr int kRounds = 50'000;
-  std::vector<std::string> seeds;
-  for (const fs::path& file : fs::directory_iterator(CORPUS)) seeds.push_back(ReadFile(file));
-  std::sort(seeds.begin(), seeds.end());
+  const std::vector<std::string> seeds = FilesIn(CORPUS);
   std::mt19937 random(1157);
   int taken = 0;
   for (int round = 0; round < kRounds && !HasFailure(); ++round) {

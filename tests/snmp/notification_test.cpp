@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "fakes/notification.h"
 #include "listener_fixture.h"
 
 namespace sentrel::test {
@@ -103,6 +104,19 @@ TEST_F(NotificationTest, Version2KeepsEveryTypeAndOrder) {
   EXPECT_EQ(trap.Values, values);
 }
 
+TEST_F(NotificationTest, TheLargestDatagramArrivesWhole) {
+  const std::string community(255, 'c');
+  const auto withText = [&](std::size_t size) {
+    return NotificationBytes(community, {kVendor}, {std::string(size, 'x')});
+  };
+  const std::size_t size = 65'507 - (withText(60'000).size() - 60'000);
+  Start();
+  UdpSocket(Listener().Port()).Send(withText(size));
+  ASSERT_TRUE(WaitForTraps(1));
+  EXPECT_EQ(traps_[0].Values.back(), std::string(size, 'x'));
+  EXPECT_EQ(traps_[0].Community, community);
+}
+
 TEST_F(NotificationTest, InformIsAnsweredFromTheAddressItWasSentTo) {
   Start();
   const std::vector<std::string> inform = {"-v2c", "-r0", "-t5", "-c", "c", "HOST", "1", kVendor};
@@ -116,7 +130,7 @@ TEST_F(NotificationTest, NothingArrivesAfterStopUntilItStartsAgain) {
   Start();
   const std::uint16_t port = Listener().Port();
   EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-c", "c", "HOST", "1", kVendor}), 0);
-  ASSERT_TRUE(WaitBlockedUntil([&] { return Listener().Counters().Of(Outcome::kAccepted) == 1; }));
+  ASSERT_TRUE(WaitBlockedUntil([&] { return Count(Outcome::kAccepted) == 1; }));
   EXPECT_THAT(traps_, IsEmpty());
   Listener().StopListening();
   EXPECT_EQ(traps_.size(), 1U) << "what had arrived is handed on first";

@@ -115,7 +115,7 @@ TEST_F(Version3Test, RefusalsAreCountedByReason) {
   // What a wrong key makes of an encrypted message is not always the same.
   EXPECT_EQ(SendTrapAs("alice", wrongPrivacy), 0);
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 5; }));
-  EXPECT_EQ(Listener().Counters().Of(Outcome::kAccepted), 0U);
+  EXPECT_EQ(Count(Outcome::kAccepted), 0U);
   // None of them stands in the way of the next good one.
   EXPECT_EQ(SendTrapAs("bob", Keys("SHA", "auth-pass-phrase")), 0);
   EXPECT_TRUE(WaitForTraps(1));
@@ -147,8 +147,8 @@ TEST_F(Version3Test, MessageBelowTheLevelOfTheKeysIsRefused) {
   ExpectOutcome(nobody, Outcome::kUnknownUser);
   EXPECT_NE(SendAs(SNMPINFORM, "ann", signedOnly), 0) << "is not acknowledged";
   EXPECT_EQ(SendAs(SNMPINFORM, "half", signedOnly), 0);
-  EXPECT_EQ(Listener().Counters().Of(Outcome::kLevelTooLow), 5U);
-  EXPECT_EQ(Listener().Counters().Of(Outcome::kAccepted), 5U);
+  EXPECT_EQ(Count(Outcome::kLevelTooLow), 5U);
+  EXPECT_EQ(Count(Outcome::kAccepted), 5U);
   EXPECT_TRUE(WaitForTraps(5));
 }
 
@@ -260,9 +260,9 @@ TEST_F(Version3Test, RunThatCannotKeepItsBootsIsAnotherEngine) {
   const fs::path file = folder_ / "state" / "sentrel.conf";
   const std::string configuration = "createUser carol SHA auth-pass-phrase\n";
   const auto discovery = [this] {
-    UdpSender sender(Listener().Port());
+    UdpSocket sender(Listener().Port());
     sender.Send(ReadFile(fs::path(CORPUS) / "v3-discovery"));
-    return QByteArray::fromStdString(sender.Answer()).toHex().toStdString();
+    return QByteArray::fromStdString(sender.Await()).toHex().toStdString();
   };
   Start(configuration);
   const std::string answer = discovery();
@@ -284,14 +284,14 @@ TEST_F(Version3Test, ReportsAreFewHoweverManyAskForThem) {
   Start();
   const std::string question = ReadFile(fs::path(CORPUS) / "v3-discovery");
   const std::string trap = Recorded("stranger", Keys(), "1,1");
-  UdpSender sender(Listener().Port());
+  UdpSocket sender(Listener().Port());
   constexpr std::uint64_t kQuestions = 2'000;
   for (std::uint64_t i = 0; i < kQuestions; ++i) sender.Send(trap);
   sender.Send(question);
-  EXPECT_NE(sender.Answer(), "") << "what asks for nothing does not count";
+  EXPECT_NE(sender.Await(), "") << "what asks for nothing does not count";
   for (std::uint64_t i = 0; i < kQuestions; ++i) sender.Send(question);
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() > 2 * kQuestions; }));
-  EXPECT_THAT(sender.TakeAnswers(), testing::AllOf(testing::Gt(0U), testing::Lt(kQuestions / 2)));
+  EXPECT_THAT(sender.TakeAll(), testing::AllOf(testing::Gt(0U), testing::Lt(kQuestions / 2)));
 }
 
 TEST_F(Version3Test, FaultyConfigurationIsPassedOverWithoutAWord) {
@@ -302,7 +302,7 @@ TEST_F(Version3Test, FaultyConfigurationIsPassedOverWithoutAWord) {
       "createUser -M -e 0x80\ncreateUser x SHA short\ncreateUser y NONSENSE z\nno such token\n"
       "logOption e\n[snmp] logOption e\n[snmp] doDebugging yes\ncreateUser -e " +
       kEngine + " good\n");
-  UdpSender(Listener().Port()).Send("\x30\x03\x02\x01\x09");
+  UdpSocket(Listener().Port()).Send("\x30\x03\x02\x01\x09");
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 1; }));
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");

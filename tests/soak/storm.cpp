@@ -78,7 +78,7 @@ void Storm::SendMarker(const std::string& oid, const std::string& text) {
 }
 
 std::uint64_t Storm::Answers() {
-  answers_ += informSender_.TakeAnswers();
+  answers_ += informSender_.TakeAll();
   return answers_;
 }
 
@@ -104,7 +104,7 @@ std::string Storm::Large() {
       {67, 6, 4}));
 }
 
-void Storm::Send(const test::UdpSender& sender, const std::string& datagram) {
+void Storm::Send(const test::UdpSocket& sender, const std::string& datagram) {
   sender.Send(datagram);
   ++sent_;
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "udp_sender.h"
+#include "udp_socket.h"
 
 namespace sentrel {
 
@@ -35,13 +35,13 @@ class Storm {
   }
   std::string Notification(bool inform);
   std::string Large();
-  void Send(const test::UdpSender& sender, const std::string& datagram);
+  void Send(const test::UdpSocket& sender, const std::string& datagram);
 
   std::mt19937 random_;
   Samples samples_;
   /// Nothing comes back on the one but answers to well-formed informs.
-  test::UdpSender informSender_;
-  test::UdpSender sender_;
+  test::UdpSocket informSender_;
+  test::UdpSocket sender_;
   std::uint64_t sent_ = 0;
   std::uint64_t informs_ = 0;
   std::uint64_t answers_ = 0;
