@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "fakes/notification.h"
+#include "fakes/table_file.h"
 #include "program_fixture.h"
 #include "udp_socket.h"
 
@@ -43,37 +44,19 @@ TEST_F(SendingTest, TheTestTrapComesBackAsARow) {
 
 TEST_F(SendingTest, ASavedRowReplayedGivesTheSameRow) {
   Settings& options = program.Options();
-  const std::pair<std::int16_t, std::string> values[] = {{67, "4294967295"},
-                                                         {6, "1.3.6.1.6.3.1.1.5.3"},
-                                                         {2, "-2147483648"},
-                                                         {65, "4294967295"},
-                                                         {66, "1"},
-                                                         {70, "18446744073709551615"},
-                                                         {5, ""},
-                                                         {6, "1.3.6.1.4.1.58213"},
-                                                         {64, "192.0.2.1"},
-                                                         {4, ""},
-                                                         {4, "a=b::c:\\ \"Grüße\"\r\n"},
-                                                         {4, "0x00FF1A"},
-                                                         {4, "0x476572E47400"},
-                                                         {4, "0x4142"},
-                                                         {4, "0x"},
-                                                         {4, std::string(50'000, 'x')},
-                                                         {68, "1.5"},
-                                                         {68, "0.1"},
-                                                         {68, "-2"},
-                                                         {68, "18446744073709551615"},
-                                                         {68, "-9223372036854775807"}};
-  std::vector<std::string> ids;
-  std::vector<std::string> texts;
-  std::vector<std::int16_t> types;
-  for (const auto& [type, text] : values) {
+  auto values = RowsOf(TEST_DATA "/snmp/sendable_values.txt");
+  values.push_back({"4", "a=b::c:\\ \"Grüße\"\r\n"});
+  values.push_back({"4", "0x476572E47400"});
+  values.push_back({"4", std::string(50'000, 'x')});
+  std::vector<std::string> ids = {"1.3.6.1.2.1.1.3.0", "1.3.6.1.6.3.1.1.4.1.0"};
+  std::vector<std::string> texts = {"4294967295", "1.3.6.1.6.3.1.1.5.3"};
+  std::vector<std::int16_t> types = {67, 6};
+  for (const auto& value : values) {
+    if (value.size() > 2) continue;  // the sender of replays does not know the type
     ids.push_back("1.3.6.1.4.1.58213.1." + std::to_string(ids.size()));
-    texts.push_back(text);
-    types.push_back(type);
+    types.push_back(static_cast<std::int16_t>(std::stoi(value.at(0))));
+    texts.push_back(value.at(1));
   }
-  ids[0] = "1.3.6.1.2.1.1.3.0";
-  ids[1] = "1.3.6.1.6.3.1.1.4.1.0";
   const Table& rows = program.Traps();
   int count = 1;
   for (const bool raw : {false, true}) {

@@ -39,16 +39,6 @@ TEST_F(BlockedLoopTest, LosesNothingOfTenSecondsOfStorm) {
   EXPECT_EQ(Listener().Counters().systemDrops, 0U);
 }
 
-TEST_F(BlockedLoopTest, FullQueueDropsTheNewestAndCountsIt) {
-  Start("", {.traps = 10, .bytes = 1 << 20});
-  SendAndReceive(25);
-  EXPECT_EQ(Count(Outcome::kAccepted), 10U);
-  EXPECT_EQ(Count(Outcome::kQueueFull), 15U);
-  EXPECT_TRUE(WaitForTraps(10));
-  SendAndReceive(1);
-  EXPECT_TRUE(WaitForTraps(11)) << "there is room again";
-}
-
 TEST_F(BlockedLoopTest, TheEndHandsOnWhatQueueAndSocketHold) {
   const std::string status = "/proc/self/task/" + std::to_string(gettid()) + "/stat";
   const auto asleep = [&] {

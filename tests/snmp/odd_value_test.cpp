@@ -32,6 +32,9 @@ std::vector<Case> AllCases() {
       {Tagged(0x06, times("\x2b", 127)), 6, "1.3" + times(".43", 126)},
       {Tagged(0x06, times("\x2b", 128)), 6, "tag 0x06: 0x" + times("2B", 128)},
   };
+  for (const char* text : {"plain\ttext\r\n", "\xF0\x9F\x94\x94", "\xF4\x8F\xBF\xBF", "\xC2\xA0"}) {
+    cases.push_back({Tagged(0x04, text), 4, text});
+  }
   for (const auto& row : RowsOf(TEST_DATA "/snmp/values.txt")) {
     cases.push_back({FromHex(row.at(0)).value(), std::stoi(row.at(1)), row.at(2)});
   }
