@@ -78,21 +78,35 @@ TEST_F(WorkbookTest, ARowIsAsTallAsItsLines) {
             "&L&BA && B&R05-Dec-26 03:49 PM");
 }
 
-TEST_F(WorkbookTest, ATextTooLongForACellGoesOnBelow) {
-  TableContent content = HardTable();
-  std::string text;
-  for (int i = 0; i < 15 * 1024; ++i) text += "😀";  // two units, four bytes
-  text += std::string(10, 'z');
-  content.rows = {{"t", "a", "c", "d", text}, {"t2", "a", "c", "d", "after"}};
-  Save(content);
-  EXPECT_EQ(Count("row"), "3");
-  content.rows[0][4] = std::string(60 * 1024, 'y');
-  Save(content);
-  EXPECT_EQ(Count("row"), "4");
-  EXPECT_EQ(Query("xl/sharedStrings.xml",
-                  "string-length(translate(string(//*[local-name()='sst']), translate(string(//*["
-                  "local-name()='sst']), 'y', ''), ''))"),
-            std::to_string(60 * 1024 + 2));  // and those of two titles
+std::string Times(int count, const std::string& text) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+TEST_F(WorkbookTest, ATextTooLongForACellGoesOnBelowAndNothingOfItIsLost) {
+  const std::string smiley = "😀";  // two units, four bytes
+  const struct {
+    std::string text;
+    const char* rows;
+  } texts[] = {{Times(32767, "y"), "2"},
+               {Times(32768, "y"), "3"},
+               {Times(16383, smiley) + "z", "2"},
+               {"z" + Times(16384, smiley), "3"},
+               {Times(4681, "_"), "2"},
+               {Times(8500, "_x0041_"), "5"},
+               {"y" + Times(8500, "_x005F_x0041_"), "8"},
+               {Times(32760, "y") + "_x0041_", "3"},
+               {Times(8500, "_x00zz_&<"), "4"},
+               {Times(20000, "é\n") + "é", "3"}};
+  for (const auto& [text, rows] : texts) {
+    TableContent content;
+    content.columns = {{"_x0041_", Alignment::Left}};
+    content.rows = {{text}};
+    Save(content);
+    EXPECT_TRUE(Output("python3 " READ_FIRST_COLUMN " " + path_) == text) << text.substr(0, 20);
+    EXPECT_EQ(Count("row"), rows) << text.substr(0, 20);
+  }
 }
 
 TEST_F(WorkbookTest, AnEmptyTableIsAHeader) {
