@@ -15,16 +15,16 @@ EngineFixture::EngineFixture() {
   owner_.show();
 }
 
-std::unique_ptr<DocumentEngine> EngineFixture::NewSilentEngine(const std::string& file) {
+std::unique_ptr<DocumentExporter> EngineFixture::NewSilentEngine(const std::string& file) {
   auto engine = NewEngine(file);
   engine->SetSkipFieldSelection(true);
   engine->SetSkipFilenameSelection(true);
   return engine;
 }
 
-std::unique_ptr<DocumentEngine> EngineFixture::NewEngine(const std::string& file) {
+std::unique_ptr<DocumentExporter> EngineFixture::NewEngine(const std::string& file) {
   auto engine =
-      std::make_unique<DocumentEngine>(ExportDesk{owner_, clock_, locale_, messageBox_, memory_});
+      std::make_unique<DocumentExporter>(ExportDesk{owner_, clock_, locale_, messageBox_, memory_});
   engine->SetProgramName("Sentrel");
   engine->SetProgramVersion("9.2.47");
   engine->SetTitle("SNMP Traps");

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "controls/table.h"
-#include "desktop/export/document_engine.h"
+#include "desktop/export/document_exporter.h"
 #include "dialogs.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_export.h"
@@ -22,9 +22,9 @@ class EngineFixture : public testing::Test {
   EngineFixture();
 
   /// An engine as the program sets one up, with the file as its suggestion.
-  std::unique_ptr<DocumentEngine> NewEngine(const std::string& file = "Traps");
+  std::unique_ptr<DocumentExporter> NewEngine(const std::string& file = "Traps");
   /// One that asks for no columns and no file.
-  std::unique_ptr<DocumentEngine> NewSilentEngine(const std::string& file = "Traps");
+  std::unique_ptr<DocumentExporter> NewSilentEngine(const std::string& file = "Traps");
   std::string Path(const QString& name) const { return folder_.filePath(name).toStdString(); }
   QStringList Files() const {
     return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);

@@ -121,15 +121,15 @@ TEST_F(ExportFile, AFailureIsToldOnceUnlessQuiet) {
 }
 
 TEST_F(ExportFile, RefusesOtherKindsWithOneMessage) {
-  const std::pair<std::function<bool(DocumentEngine&)>, const char*> kinds[] = {
-      {[](DocumentEngine& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
-      {[](DocumentEngine& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
-      {[](DocumentEngine& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
-      {[](DocumentEngine& e) { return e.ExportMap({}, "PDF"); }, "maps"},
-      {[](DocumentEngine& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
-      {[](DocumentEngine& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
-      {[](DocumentEngine& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
-      {[](DocumentEngine& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
+  const std::pair<std::function<bool(DocumentExporter&)>, const char*> kinds[] = {
+      {[](DocumentExporter& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
+      {[](DocumentExporter& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
+      {[](DocumentExporter& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
+      {[](DocumentExporter& e) { return e.ExportMap({}, "PDF"); }, "maps"},
+      {[](DocumentExporter& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
+      {[](DocumentExporter& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
+      {[](DocumentExporter& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
+      {[](DocumentExporter& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
   };
   for (const auto& [call, word] : kinds) {
     log_.calls.clear();
@@ -171,7 +171,7 @@ TEST_F(ExportFile, WritesTextsAndPictures) {
 TEST_F(ExportFile, OffersMethodsForEachKind) {
   const auto engine = NewEngine();
   for (const int kind : {0, 1, 2}) {
-    for (const EngineChoice& choice : engine->ExportMethods(kind)) EXPECT_NE(choice.caption, "");
+    for (const ExportChoice& choice : engine->ExportMethods(kind)) EXPECT_NE(choice.caption, "");
   }
   EXPECT_EQ(engine->ExportMethods(0).size(), 7u);
   EXPECT_TRUE(engine->ExportMethods(3).empty());

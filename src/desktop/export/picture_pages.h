@@ -3,7 +3,7 @@
 #include <QImage>
 
 #include "desktop/export/paper_pages.h"
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 
 namespace sentrel {
 

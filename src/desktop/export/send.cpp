@@ -99,7 +99,7 @@ void CopyToDocuments(const QString& filename) {
 
 }  // namespace
 
-std::vector<EngineChoice> SendTargets() {
+std::vector<ExportChoice> SendTargets() {
   return {{kAttachment, "Mail Recipient"},
           {kContent, "Mail Recipient (as Text)"},
           {kDocuments, "Documents Folder"},

@@ -8,7 +8,7 @@
 
 #include "desktop/export/output.h"
 #include "documents/table_content.h"
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 #include "platform/export_settings.h"
 
 namespace sentrel {
@@ -16,9 +16,9 @@ namespace sentrel {
 /// Prints, previews and writes tables, texts and pictures with the desktop's dialogs. The other
 /// kinds of object are refused with a message. A table is copied when its export begins: what
 /// arrives in it later changes nothing.
-class DocumentEngine : public Engine {
+class DocumentExporter : public ExportBackend {
  public:
-  explicit DocumentEngine(const ExportDesk& desk) : desk_(desk) {}
+  explicit DocumentExporter(const ExportDesk& desk) : desk_(desk) {}
 
   void SetProgramName(const std::string& name) override { settings_.programName = name; }
   void SetProgramVersion(const std::string& text) override { settings_.programVersion = text; }
@@ -60,9 +60,9 @@ class DocumentEngine : public Engine {
                        const std::string& programPath) override;
   std::string SendTo(const std::string& filename, const std::string& sendToMethod) override;
 
-  std::vector<EngineChoice> ExportMethods(std::int32_t objectType) override;
+  std::vector<ExportChoice> ExportMethods(std::int32_t objectType) override;
   std::string MethodName(const std::string& method) override;
-  std::vector<EngineChoice> SendToMethods() override;
+  std::vector<ExportChoice> SendToMethods() override;
 
  private:
   bool Guarded(const std::function<bool()>& work);
@@ -78,10 +78,12 @@ class DocumentEngine : public Engine {
   ExportSettings settings_;
 };
 
-class DocumentEngineFactory : public EngineFactory {
+class DocumentExporterFactory : public ExportBackendFactory {
  public:
-  explicit DocumentEngineFactory(const ExportDesk& desk) : desk_(desk) {}
-  std::unique_ptr<Engine> Create() override { return std::make_unique<DocumentEngine>(desk_); }
+  explicit DocumentExporterFactory(const ExportDesk& desk) : desk_(desk) {}
+  std::unique_ptr<ExportBackend> Create() override {
+    return std::make_unique<DocumentExporter>(desk_);
+  }
 
  private:
   ExportDesk desk_;

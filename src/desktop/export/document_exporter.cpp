@@ -1,4 +1,4 @@
-#include "desktop/export/document_engine.h"
+#include "desktop/export/document_exporter.h"
 
 #include <fmt/format.h>
 
@@ -35,8 +35,8 @@ std::string ReadTextFile(const std::string& filename) {
 
 }  // namespace
 
-bool DocumentEngine::ExportTable(const Table& table, const std::string& method,
-                                 const std::string&) {
+bool DocumentExporter::ExportTable(const Table& table, const std::string& method,
+                                   const std::string&) {
   return Guarded([&] {
     TableContent content = Texts();
     TakeTable(table, content);
@@ -44,8 +44,8 @@ bool DocumentEngine::ExportTable(const Table& table, const std::string& method,
   });
 }
 
-bool DocumentEngine::ExportText(const std::string& text, const std::string& method,
-                                const std::string&) {
+bool DocumentExporter::ExportText(const std::string& text, const std::string& method,
+                                  const std::string&) {
   return Guarded([&] {
     TableContent content = Texts();
     content.paragraph = VisibleText(text);
@@ -53,17 +53,17 @@ bool DocumentEngine::ExportText(const std::string& text, const std::string& meth
   });
 }
 
-bool DocumentEngine::ExportTextFile(const std::string& filename, const std::string& method) {
+bool DocumentExporter::ExportTextFile(const std::string& filename, const std::string& method) {
   return Guarded([&] { return ExportText(ReadTextFile(filename), method, ""); });
 }
 
-bool DocumentEngine::ExportPicture(const Picture& picture, const std::string& method,
-                                   const std::string&) {
+bool DocumentExporter::ExportPicture(const Picture& picture, const std::string& method,
+                                     const std::string&) {
   return Guarded([&] { return ExportImage(ToImage(picture), method); });
 }
 
-bool DocumentEngine::ExportImageFile(const std::string& filename, const std::string& method,
-                                     const std::string&) {
+bool DocumentExporter::ExportImageFile(const std::string& filename, const std::string& method,
+                                       const std::string&) {
   return Guarded([&] {
     QImageReader reader(QString::fromStdString(filename));
     const QImage image = reader.read();
@@ -75,23 +75,23 @@ bool DocumentEngine::ExportImageFile(const std::string& filename, const std::str
   });
 }
 
-bool DocumentEngine::ExportRTF(const std::string&, const std::string&, const std::string&) {
+bool DocumentExporter::ExportRTF(const std::string&, const std::string&, const std::string&) {
   return Refuse("formatted text");
 }
 
-bool DocumentEngine::ExportEMFFile(const std::string&, const std::string&, const std::string&) {
+bool DocumentExporter::ExportEMFFile(const std::string&, const std::string&, const std::string&) {
   return Refuse("metafiles");
 }
 
-bool DocumentEngine::ExportChart(const Chart&, const std::string&, const std::string&) {
+bool DocumentExporter::ExportChart(const Chart&, const std::string&, const std::string&) {
   return Refuse("charts");
 }
 
-bool DocumentEngine::ExportMap(const Map&, const std::string&) {
+bool DocumentExporter::ExportMap(const Map&, const std::string&) {
   return Refuse("maps");
 }
 
-std::string DocumentEngine::SendTo(const std::string& filename, const std::string& sendToMethod) {
+std::string DocumentExporter::SendTo(const std::string& filename, const std::string& sendToMethod) {
   const bool sent = Guarded([&] {
     SendFile(filename, sendToMethod, settings_.title);
     return true;
@@ -99,12 +99,12 @@ std::string DocumentEngine::SendTo(const std::string& filename, const std::strin
   return sent ? kSentAnswer : "False";
 }
 
-std::vector<EngineChoice> DocumentEngine::ExportMethods(std::int32_t objectType) {
+std::vector<ExportChoice> DocumentExporter::ExportMethods(std::int32_t objectType) {
   static const std::vector<std::string> kMethods[] = {
       {"CDF", "Text", "HTML", "MHTML", "XLS", "Excel", "PDF"},
       {"TXT", "HTML", "MHTML", "PDF"},
       {"PNG", "JPG", "PDF"}};
-  std::vector<EngineChoice> choices;
+  std::vector<ExportChoice> choices;
   if (objectType < 0 || objectType > 2) return choices;
   for (const std::string& method : kMethods[objectType]) {
     choices.push_back({method, MethodName(method)});
@@ -112,7 +112,7 @@ std::vector<EngineChoice> DocumentEngine::ExportMethods(std::int32_t objectType)
   return choices;
 }
 
-std::string DocumentEngine::MethodName(const std::string& method) {
+std::string DocumentExporter::MethodName(const std::string& method) {
   const std::string upper = UpperCase(method);
   if (upper == "EXCEL") return "Directly to Excel";
   if (upper == "PDF") return "PDF file";
@@ -123,11 +123,11 @@ std::string DocumentEngine::MethodName(const std::string& method) {
   return format ? std::string(format->caption) : "";
 }
 
-std::vector<EngineChoice> DocumentEngine::SendToMethods() {
+std::vector<ExportChoice> DocumentExporter::SendToMethods() {
   return SendTargets();
 }
 
-bool DocumentEngine::Guarded(const std::function<bool()>& work) {
+bool DocumentExporter::Guarded(const std::function<bool()>& work) {
   try {
     return work();
   } catch (const Cancelled&) {
@@ -138,16 +138,16 @@ bool DocumentEngine::Guarded(const std::function<bool()>& work) {
   }
 }
 
-bool DocumentEngine::Refuse(const char* kind) {
+bool DocumentExporter::Refuse(const char* kind) {
   Tell(fmt::format("{} does not export {}.", settings_.programName, kind));
   return false;
 }
 
-void DocumentEngine::Tell(const std::string& text) {
+void DocumentExporter::Tell(const std::string& text) {
   if (!settings_.quiet) desk_.messageBox.Show(text, MessageIcon::Exclamation);
 }
 
-TableContent DocumentEngine::Texts() const {
+TableContent DocumentExporter::Texts() const {
   TableContent content;
   content.title = VisibleText(settings_.title);
   content.subTitle = VisibleText(settings_.subTitle);
@@ -163,7 +163,7 @@ TableContent DocumentEngine::Texts() const {
 
 /// The titles that are ticked at first are those of the column list, or else all but those that
 /// were left out last time.
-bool DocumentEngine::ChooseColumns(TableContent& content) {
+bool DocumentExporter::ChooseColumns(TableContent& content) {
   QStringList titles;
   QStringList leftOut = QString::fromStdString(desk_.memory.LeftOutColumns()).split('\n');
   for (const ContentColumn& column : content.columns) {
@@ -186,11 +186,11 @@ bool DocumentEngine::ChooseColumns(TableContent& content) {
   return true;
 }
 
-std::string DocumentEngine::WantedFormat(const std::string& method) const {
+std::string DocumentExporter::WantedFormat(const std::string& method) const {
   return settings_.fileFormat.empty() || settings_.selectMethod ? method : settings_.fileFormat;
 }
 
-bool DocumentEngine::ExportContent(const TableContent& content, const std::string& method) {
+bool DocumentExporter::ExportContent(const TableContent& content, const std::string& method) {
   const std::string wanted = WantedFormat(method);
   ExportOutput output(desk_, settings_);
   TablePages pages(content);
@@ -204,7 +204,7 @@ bool DocumentEngine::ExportContent(const TableContent& content, const std::strin
 }
 
 /// The picture becomes as large as fits into the size of the settings.
-bool DocumentEngine::ExportImage(const QImage& image, const std::string& method) {
+bool DocumentExporter::ExportImage(const QImage& image, const std::string& method) {
   ExportOutput output(desk_, settings_);
   PicturePages pages(image);
   if (const auto done = output.Paper(pages, method)) return *done;
