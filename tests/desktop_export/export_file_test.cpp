@@ -1,10 +1,14 @@
+#include <sys/stat.h>
+
 #include <QFile>
+#include <QFileDialog>
 #include <QImage>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
-#include "engine_fixture.h"
+#include "exporter_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -12,29 +16,67 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-using ExportFile = EngineFixture;
+using ExportFile = ExporterFixture;
 
 constexpr const char* kWholeTable =
     "Trap Time,IP Address,Trap Details\r\n05-Dec-26,192.0.2.1,ifIndex=1\r\n";
 
-TEST_F(ExportFile, AsksForColumnsAndFileAddsTheExtensionAndReportsTheFile) {
-  const auto engine = NewEngine();
-  user_.Accept("ExportColumns");
-  user_.NameFile("Mine");
-  EXPECT_TRUE(engine->ExportTable(table_, "CDF", ""));
-  EXPECT_EQ(Read("Mine.csv"), kWholeTable);
-  EXPECT_EQ(engine->TargetFilename(), Path("Mine.csv"));
-  EXPECT_TRUE(log_.calls.empty());
+TEST_F(ExportFile, AddsTheExtensionUnlessTheNameEndsInOneOfThatKind) {
+  const struct {
+    QString name;
+    const char* method;
+    QString file;
+  } names[] = {{"Mine", "CDF", "Mine.csv"},
+               {"traps-2026.11.23", "CDF", "traps-2026.11.23.csv"},
+               {"MINE.CSV", "CDF", "MINE.CSV"},
+               {"page.htm", "HTML", "page.htm"},
+               {"book.csv", "XLS", "book.csv.xlsx"}};
+  for (const auto& [name, method, file] : names) {
+    user_.Accept("ExportColumns");
+    user_.NameFile(name);
+    const auto exporter = NewEngine();
+    EXPECT_TRUE(exporter->ExportTable(table_, method, ""));
+    EXPECT_EQ(exporter->TargetFilename(), Path(file));
+    EXPECT_TRUE(QFile::exists(folder_.filePath(file))) << file.toStdString();
+  }
 }
 
-TEST_F(ExportFile, SuggestsTheTargetAndKeepsAnExtensionThatWasGiven) {
+TEST_F(ExportFile, SuggestsTheTargetOrItsNameInTheUsersFolderWhereItsOwnIsGone) {
+  qputenv("HOME", folder_.path().toUtf8());
+  qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
+  const std::string target = "/gone/SNMPTraps";
+  const auto save = [&] {
+    const auto exporter = NewEngine();
+    exporter->SetSkipFieldSelection(true);
+    exporter->SetTargetFilename(target);
+    user_.Accept("ExportFile");
+    EXPECT_TRUE(exporter->ExportTable(table_, "CDF", ""));
+    return exporter->TargetFilename();
+  };
+  EXPECT_EQ(save(), Path("SNMPTraps.csv"));
+  QDir(folder_.path()).mkdir("Documents");
+  EXPECT_EQ(save(), Path("Documents/SNMPTraps.csv"));
+}
+
+TEST_F(ExportFile, AFailedWriteComesBackToTheFileDialogWithEverythingAsItWasChosen) {
+  QDir(folder_.path()).mkdir("sub");
+  ASSERT_EQ(mkfifo(Path("sub/pipe.csv").c_str(), 0600), 0);
   user_.Accept("ExportColumns");
-  user_.Accept("ExportFile");
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "HTML", ""));
-  user_.Accept("ExportColumns");
-  user_.NameFile("page.xhtml");
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "HTML", ""));
-  EXPECT_THAT(Files(), ElementsAre("Traps.html", "page.xhtml"));
+  user_.NameFile("sub/pipe");
+  user_.Press("Replace", "Replace");
+  user_.When("ExportFile", [this](QWidget& window) {
+    EXPECT_EQ(messageBox_.text,
+              "Cannot write the file " + Path("sub/pipe.csv") + ": it is not a file.");
+    auto& dialog = dynamic_cast<QFileDialog&>(window);
+    EXPECT_EQ(dialog.directory().dirName(), "sub");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "pipe.csv");
+    QTest::keyClick(&window, Qt::Key_Return);
+  });
+  user_.Escape("Replace");
+  user_.NameFile("traps");
+  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_EQ(Read("sub/traps.csv"), kWholeTable);
+  EXPECT_EQ(log_.calls.size(), 1u);
 }
 
 TEST_F(ExportFile, RemembersTheColumnsAndTakesNoEmptyChoice) {
@@ -121,15 +163,15 @@ TEST_F(ExportFile, AFailureIsToldOnceUnlessQuiet) {
 }
 
 TEST_F(ExportFile, RefusesOtherKindsWithOneMessage) {
-  const std::pair<std::function<bool(DocumentExporter&)>, const char*> kinds[] = {
-      {[](DocumentExporter& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
-      {[](DocumentExporter& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
-      {[](DocumentExporter& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
-      {[](DocumentExporter& e) { return e.ExportMap({}, "PDF"); }, "maps"},
-      {[](DocumentExporter& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
-      {[](DocumentExporter& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
-      {[](DocumentExporter& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
-      {[](DocumentExporter& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
+  const std::pair<std::function<bool(ExportBackend&)>, const char*> kinds[] = {
+      {[](ExportBackend& e) { return e.ExportRTF("", "PDF", ""); }, "formatted text"},
+      {[](ExportBackend& e) { return e.ExportEMFFile("", "PDF", ""); }, "metafiles"},
+      {[](ExportBackend& e) { return e.ExportChart({}, "PDF", ""); }, "charts"},
+      {[](ExportBackend& e) { return e.ExportMap({}, "PDF"); }, "maps"},
+      {[](ExportBackend& e) { return e.ExportText("x", "XLS", ""); }, "\"XLS\""},
+      {[](ExportBackend& e) { return e.ExportPicture({}, "PNG", ""); }, "empty or damaged"},
+      {[](ExportBackend& e) { return e.ExportTextFile("/gone", "TXT"); }, "/gone"},
+      {[](ExportBackend& e) { return e.ExportImageFile("/gone", "PNG", ""); }, "/gone"},
   };
   for (const auto& [call, word] : kinds) {
     log_.calls.clear();

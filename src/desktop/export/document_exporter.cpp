@@ -8,9 +8,11 @@
 #include "common/failure.h"
 #include "common/text.h"
 #include "common/visible_text.h"
-#include "desktop/export/columns.h"
+#include "desktop/export/export_columns_dialog.h"
+#include "desktop/export/file_output.h"
+#include "desktop/export/paper_output.h"
 #include "desktop/export/picture_pages.h"
-#include "desktop/export/send.h"
+#include "desktop/export/send_to_targets.h"
 #include "desktop/export/table_pages.h"
 #include "documents/file_formats.h"
 #include "documents/unicode.h"
@@ -37,7 +39,7 @@ std::string ReadTextFile(const std::string& filename) {
 
 bool DocumentExporter::ExportTable(const Table& table, const std::string& method,
                                    const std::string&) {
-  return Guarded([&] {
+  return session_.Guarded([&] {
     TableContent content = Texts();
     TakeTable(table, content);
     return ChooseColumns(content) && ExportContent(content, method);
@@ -46,7 +48,7 @@ bool DocumentExporter::ExportTable(const Table& table, const std::string& method
 
 bool DocumentExporter::ExportText(const std::string& text, const std::string& method,
                                   const std::string&) {
-  return Guarded([&] {
+  return session_.Guarded([&] {
     TableContent content = Texts();
     content.paragraph = VisibleText(text);
     return ExportContent(content, method);
@@ -54,17 +56,17 @@ bool DocumentExporter::ExportText(const std::string& text, const std::string& me
 }
 
 bool DocumentExporter::ExportTextFile(const std::string& filename, const std::string& method) {
-  return Guarded([&] { return ExportText(ReadTextFile(filename), method, ""); });
+  return session_.Guarded([&] { return ExportText(ReadTextFile(filename), method, ""); });
 }
 
 bool DocumentExporter::ExportPicture(const Picture& picture, const std::string& method,
                                      const std::string&) {
-  return Guarded([&] { return ExportImage(ToImage(picture), method); });
+  return session_.Guarded([&] { return ExportImage(ToImage(picture), method); });
 }
 
 bool DocumentExporter::ExportImageFile(const std::string& filename, const std::string& method,
                                        const std::string&) {
-  return Guarded([&] {
+  return session_.Guarded([&] {
     QImageReader reader(QString::fromStdString(filename));
     const QImage image = reader.read();
     if (image.isNull()) {
@@ -92,8 +94,8 @@ bool DocumentExporter::ExportMap(const Map&, const std::string&) {
 }
 
 std::string DocumentExporter::SendTo(const std::string& filename, const std::string& sendToMethod) {
-  const bool sent = Guarded([&] {
-    SendFile(filename, sendToMethod, settings_.title);
+  const bool sent = session_.Guarded([&] {
+    SendFile(filename, sendToMethod, session_.settings.title);
     return true;
   });
   return sent ? kSentAnswer : "False";
@@ -127,37 +129,23 @@ std::vector<ExportChoice> DocumentExporter::SendToMethods() {
   return SendTargets();
 }
 
-bool DocumentExporter::Guarded(const std::function<bool()>& work) {
-  try {
-    return work();
-  } catch (const Cancelled&) {
-    return false;
-  } catch (const std::exception& failure) {
-    Tell(failure.what());
-    return false;
-  }
-}
-
 bool DocumentExporter::Refuse(const char* kind) {
-  Tell(fmt::format("{} does not export {}.", settings_.programName, kind));
+  session_.Tell(fmt::format("{} does not export {}.", session_.settings.programName, kind));
   return false;
-}
-
-void DocumentExporter::Tell(const std::string& text) {
-  if (!settings_.quiet) desk_.messageBox.Show(text, MessageIcon::Exclamation);
 }
 
 TableContent DocumentExporter::Texts() const {
   TableContent content;
-  content.title = VisibleText(settings_.title);
-  content.subTitle = VisibleText(settings_.subTitle);
-  content.paragraph = VisibleText(settings_.paragraph);
-  content.footer = VisibleText(settings_.footer);
-  content.program = VisibleText(settings_.programName + " " + settings_.programVersion);
-  content.made = desk_.clock.Now();
-  content.madeText = FormatMediumDate(content.made, desk_.locale.Texts()) + " " +
-                     FormatTime(content.made, desk_.locale.Texts());
-  content.landscape = settings_.orientation == kLandscape;
+  content.title = VisibleText(session_.settings.title);
+  content.subTitle = VisibleText(session_.settings.subTitle);
+  content.paragraph = VisibleText(session_.settings.paragraph);
+  content.footer = VisibleText(session_.settings.footer);
+  content.program =
+      VisibleText(session_.settings.programName + " " + session_.settings.programVersion);
+  content.made = session_.Desk().clock.Now();
+  content.madeText = FormatMediumDate(content.made, session_.Desk().locale.Texts()) + " " +
+                     FormatTime(content.made, session_.Desk().locale.Texts());
+  content.landscape = session_.settings.orientation == kLandscape;
   return content;
 }
 
@@ -165,56 +153,65 @@ TableContent DocumentExporter::Texts() const {
 /// were left out last time.
 bool DocumentExporter::ChooseColumns(TableContent& content) {
   QStringList titles;
-  QStringList leftOut = QString::fromStdString(desk_.memory.LeftOutColumns()).split('\n');
+  QStringList leftOut = QString::fromStdString(session_.Desk().memory.LeftOutColumns()).split('\n');
   for (const ContentColumn& column : content.columns) {
     titles << QString::fromStdString(column.title);
   }
-  if (!settings_.columnList.empty()) {
+  if (!session_.settings.columnList.empty()) {
     leftOut = titles;
-    for (const QString& title : QString::fromStdString(settings_.columnList).split(',')) {
+    for (const QString& title : QString::fromStdString(session_.settings.columnList).split(',')) {
       leftOut.removeAll(title.trimmed());
     }
   }
-  const bool ask = !settings_.skipFieldSelection && !settings_.quiet;
-  if (!ask && settings_.columnList.empty()) return true;
-  ExportColumnsDialog dialog(titles, leftOut, &desk_.owner);
+  const bool ask = !session_.settings.skipFieldSelection && !session_.settings.quiet;
+  if (!ask && session_.settings.columnList.empty()) return true;
+  ExportColumnsDialog dialog(titles, leftOut, session_.Owner());
   if (ask) {
     if (dialog.exec() != QDialog::Accepted) return false;
-    desk_.memory.SetLeftOutColumns(dialog.LeftOut().join('\n').toStdString());
+    session_.Desk().memory.SetLeftOutColumns(dialog.LeftOut().join('\n').toStdString());
   }
   KeepColumns(dialog.Ticked(), content);
   return true;
 }
 
 std::string DocumentExporter::WantedFormat(const std::string& method) const {
-  return settings_.fileFormat.empty() || settings_.selectMethod ? method : settings_.fileFormat;
+  return session_.settings.fileFormat.empty() || session_.settings.selectMethod
+             ? method
+             : session_.settings.fileFormat;
 }
 
 bool DocumentExporter::ExportContent(const TableContent& content, const std::string& method) {
   const std::string wanted = WantedFormat(method);
-  ExportOutput output(desk_, settings_);
-  TablePages pages(content);
-  if (const auto done = output.Paper(pages, wanted)) return *done;
+  FileOutput files(session_, opened_);
+  PaperOutput paper(session_, files, [&](const QPageLayout& layout, Progress& progress) {
+    return std::make_unique<TablePages>(content, layout, progress);
+  });
+  if (const auto done = paper.CarryOut(wanted)) return *done;
   const FileFormat* format = FindFileFormat(wanted);
   if (!format || (content.columns.empty() && !format->forTexts)) Unknown(wanted);
   const FileKind kind{QString::fromUtf8(format->caption.data()),
                       QString::fromUtf8(format->extension.data())};
   const auto writer = [&](Progress& progress) { return format->write(content, progress); };
-  return format->method == "Excel" ? output.OpenDirectly(kind, writer) : output.Save(kind, writer);
+  if (format->method != "Excel") return files.Save(kind, writer);
+  files.OpenDirectly(kind, writer);
+  return true;
 }
 
 /// The picture becomes as large as fits into the size of the settings.
 bool DocumentExporter::ExportImage(const QImage& image, const std::string& method) {
-  ExportOutput output(desk_, settings_);
-  PicturePages pages(image);
-  if (const auto done = output.Paper(pages, method)) return *done;
-  const std::string format = CanWriteImage(method) ? method : settings_.imageFormat;
+  const ExportSettings& settings = session_.settings;
+  FileOutput files(session_, opened_);
+  PaperOutput paper(session_, files, [&](const QPageLayout& layout, Progress&) {
+    return std::make_unique<PicturePages>(image, layout);
+  });
+  if (const auto done = paper.CarryOut(method)) return *done;
+  const std::string format = CanWriteImage(method) ? method : settings.imageFormat;
   const QString extension = ImageExtension(format);
-  const QSize size(settings_.imageWidth, settings_.imageHeight);
+  const QSize size(settings.imageWidth, settings.imageHeight);
   const QImage scaled =
       size.isEmpty() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-  return output.Save({"Picture", extension},
-                     [&](Progress&) { return EncodeImage(scaled, extension).toStdString(); });
+  return files.Save({"Picture", extension},
+                    [&](Progress&) { return EncodeImage(scaled, extension).toStdString(); });
 }
 
 }  // namespace sentrel

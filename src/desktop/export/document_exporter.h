@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QImage>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "desktop/export/output.h"
+#include "desktop/export/export_session.h"
+#include "desktop/export/opened_files.h"
 #include "documents/table_content.h"
 #include "platform/export_backend.h"
-#include "platform/export_settings.h"
 
 namespace sentrel {
 
@@ -18,29 +17,42 @@ namespace sentrel {
 /// arrives in it later changes nothing.
 class DocumentExporter : public ExportBackend {
  public:
-  explicit DocumentExporter(const ExportDesk& desk) : desk_(desk) {}
+  /// The opened files must outlive it.
+  DocumentExporter(const ExportDesk& desk, OpenedFiles& opened) : session_(desk), opened_(opened) {}
 
-  void SetProgramName(const std::string& name) override { settings_.programName = name; }
-  void SetProgramVersion(const std::string& text) override { settings_.programVersion = text; }
-  void SetTitle(const std::string& text) override { settings_.title = text; }
-  void SetSubTitle(const std::string& text) override { settings_.subTitle = text; }
-  void SetParagraph(const std::string& text) override { settings_.paragraph = text; }
-  void SetFooter(const std::string& text) override { settings_.footer = text; }
-  void SetImageHeight(std::int32_t pixels) override { settings_.imageHeight = pixels; }
-  void SetImageWidth(std::int32_t pixels) override { settings_.imageWidth = pixels; }
-  void SetImageFormat(const std::string& format) override { settings_.imageFormat = format; }
-  void SetFileFormat(const std::string& format) override { settings_.fileFormat = format; }
-  void SetOrientation(std::int32_t direction) override { settings_.orientation = direction; }
-  void SetTargetFilename(const std::string& name) override { settings_.targetFilename = name; }
-  void SetInitDir(const std::string& path) override { settings_.initDir = path; }
-  void SetColumnList(const std::string& list) override { settings_.columnList = list; }
-  void SetSelectMethod(bool setting) override { settings_.selectMethod = setting; }
-  void SetSkipFieldSelection(bool setting) override { settings_.skipFieldSelection = setting; }
-  void SetSkipFilenameSelection(bool on) override { settings_.skipFilenameSelection = on; }
-  void SetQuiet(bool setting) override { settings_.quiet = setting; }
-  void SetDefaultPrinter(const std::string& name) override { settings_.defaultPrinter = name; }
+  void SetProgramName(const std::string& name) override { session_.settings.programName = name; }
+  void SetProgramVersion(const std::string& text) override {
+    session_.settings.programVersion = text;
+  }
+  void SetTitle(const std::string& text) override { session_.settings.title = text; }
+  void SetSubTitle(const std::string& text) override { session_.settings.subTitle = text; }
+  void SetParagraph(const std::string& text) override { session_.settings.paragraph = text; }
+  void SetFooter(const std::string& text) override { session_.settings.footer = text; }
+  void SetImageHeight(std::int32_t pixels) override { session_.settings.imageHeight = pixels; }
+  void SetImageWidth(std::int32_t pixels) override { session_.settings.imageWidth = pixels; }
+  void SetImageFormat(const std::string& format) override {
+    session_.settings.imageFormat = format;
+  }
+  void SetFileFormat(const std::string& format) override { session_.settings.fileFormat = format; }
+  void SetOrientation(std::int32_t direction) override {
+    session_.settings.orientation = direction;
+  }
+  void SetTargetFilename(const std::string& name) override {
+    session_.settings.targetFilename = name;
+  }
+  void SetInitDir(const std::string& path) override { session_.settings.initDir = path; }
+  void SetColumnList(const std::string& list) override { session_.settings.columnList = list; }
+  void SetSelectMethod(bool setting) override { session_.settings.selectMethod = setting; }
+  void SetSkipFieldSelection(bool setting) override {
+    session_.settings.skipFieldSelection = setting;
+  }
+  void SetSkipFilenameSelection(bool on) override { session_.settings.skipFilenameSelection = on; }
+  void SetQuiet(bool setting) override { session_.settings.quiet = setting; }
+  void SetDefaultPrinter(const std::string& name) override {
+    session_.settings.defaultPrinter = name;
+  }
 
-  std::string TargetFilename() const override { return settings_.targetFilename; }
+  std::string TargetFilename() const override { return session_.settings.targetFilename; }
 
   bool ExportTable(const Table& table, const std::string& method,
                    const std::string& programPath) override;
@@ -65,28 +77,28 @@ class DocumentExporter : public ExportBackend {
   std::vector<ExportChoice> SendToMethods() override;
 
  private:
-  bool Guarded(const std::function<bool()>& work);
   bool Refuse(const char* kind);
-  void Tell(const std::string& text);
   TableContent Texts() const;
   bool ChooseColumns(TableContent& content);
   std::string WantedFormat(const std::string& method) const;
   bool ExportContent(const TableContent& content, const std::string& method);
   bool ExportImage(const QImage& image, const std::string& method);
 
-  ExportDesk desk_;
-  ExportSettings settings_;
+  ExportSession session_;
+  OpenedFiles& opened_;
 };
 
+/// The files that its exporters opened in other programs are removed with it.
 class DocumentExporterFactory : public ExportBackendFactory {
  public:
   explicit DocumentExporterFactory(const ExportDesk& desk) : desk_(desk) {}
   std::unique_ptr<ExportBackend> Create() override {
-    return std::make_unique<DocumentExporter>(desk_);
+    return std::make_unique<DocumentExporter>(desk_, opened_);
   }
 
  private:
   ExportDesk desk_;
+  OpenedFiles opened_;
 };
 
 }  // namespace sentrel

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "controls/table.h"
@@ -16,15 +17,15 @@
 
 namespace sentrel {
 
-/// An engine in front of a small table, a user, and a folder for its files.
-class EngineFixture : public testing::Test {
+/// An exporter in front of a small table, a user, and a folder for its files.
+class ExporterFixture : public testing::Test {
  protected:
-  EngineFixture();
+  ExporterFixture();
 
   /// An engine as the program sets one up, with the file as its suggestion.
-  std::unique_ptr<DocumentExporter> NewEngine(const std::string& file = "Traps");
+  std::unique_ptr<ExportBackend> NewEngine(const std::string& file = "Traps");
   /// One that asks for no columns and no file.
-  std::unique_ptr<DocumentExporter> NewSilentEngine(const std::string& file = "Traps");
+  std::unique_ptr<ExportBackend> NewSilentEngine(const std::string& file = "Traps");
   std::string Path(const QString& name) const { return folder_.filePath(name).toStdString(); }
   QStringList Files() const {
     return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -44,6 +45,8 @@ class EngineFixture : public testing::Test {
   FakeExportMemory memory_;
   Table table_;
   User user_;
+  std::optional<DocumentExporterFactory> factory_{
+      std::in_place, ExportDesk{owner_, clock_, locale_, messageBox_, memory_}};
 };
 
 }  // namespace sentrel
