@@ -20,13 +20,10 @@ class ExportSend : public ExporterFixture {
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("<p>One</p><p>Two &amp; <b>three</b></p>");
   }
-  ~ExportSend() override { qputenv("PATH", path_); }
 
   std::string Send(const std::string& target) {
     return NewEngine()->SendTo(Path("Traps.html"), target);
   }
-
-  QByteArray path_ = qgetenv("PATH");
 };
 
 TEST_F(ExportSend, AttachesTheFileToAMailOrPutsItsTextIntoIt) {

@@ -21,6 +21,7 @@ namespace sentrel {
 class ExporterFixture : public testing::Test {
  protected:
   ExporterFixture();
+  ~ExporterFixture() override { qputenv("PATH", path_); }
 
   /// An engine as the program sets one up, with the file as its suggestion.
   std::unique_ptr<ExportBackend> NewEngine(const std::string& file = "Traps");
@@ -36,6 +37,7 @@ class ExporterFixture : public testing::Test {
   /// What a tool was called with, one argument a line, once it has run.
   QByteArray WaitForTool(const QString& name);
 
+  const QByteArray path_ = qgetenv("PATH");
   QTemporaryDir folder_;
   QWidget owner_;
   FakeClock clock_;

@@ -45,13 +45,13 @@ void PreviewWindow::ShowPages(const std::shared_ptr<const PrintablePages>& pages
 
 void PreviewWindow::AddTools() {
   tools_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  AddTool("Print", "&Print ...", QKeySequence::Print, [this] { emit PrintAsked(); });
-  AddTool("PageSetup", "Page &Setup ...", {}, [this] { emit PageSetupAsked(); });
+  AddTool("Print", "Print ...", QKeySequence::Print, [this] { emit PrintAsked(); });
+  AddTool("PageSetup", "Page Setup ...", {}, [this] { emit PageSetupAsked(); });
   tools_->addSeparator();
-  AddTool("FitWidth", "Fit &Width", {}, [this] { view_->FitWidth(); });
-  AddTool("FitPage", "&Fit Page", {}, [this] { view_->FitPage(); });
-  AddTool("ZoomIn", "Zoom &In", QKeySequence::ZoomIn, [this] { view_->ZoomBy(kZoomStep); });
-  AddTool("ZoomOut", "Zoom &Out", QKeySequence::ZoomOut, [this] { view_->ZoomBy(1 / kZoomStep); });
+  AddTool("FitWidth", "Fit Width", {}, [this] { view_->FitWidth(); });
+  AddTool("FitPage", "Fit Page", {}, [this] { view_->FitPage(); });
+  AddTool("ZoomIn", "Zoom In", QKeySequence::ZoomIn, [this] { view_->ZoomBy(kZoomStep); });
+  AddTool("ZoomOut", "Zoom Out", QKeySequence::ZoomOut, [this] { view_->ZoomBy(1 / kZoomStep); });
   tools_->addSeparator();
   tools_->addWidget(new QLabel(" Page ", this));
   page_->setObjectName("Page");
