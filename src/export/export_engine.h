@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "controls/table.h"
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 #include "platform/export_settings.h"
 #include "platform/main_window.h"
 #include "platform/menu_items.h"
@@ -19,7 +19,7 @@ namespace sentrel {
 
 /// What stands behind the facade; all of it must outlive the facade.
 struct ExportServices {
-  EngineFactory& engines;
+  ExportBackendFactory& engines;
   const Application& application;
   MessageBox& messageBox;
   const Printers& printers;
@@ -77,7 +77,7 @@ class ExportEngine {
   /// engine the four operations that ask it give nothing, and say nothing.
   std::vector<std::string> ExportMethods(std::int32_t objectType = 0);
   std::string MethodName(const std::string& method);
-  std::vector<EngineChoice> SendToMethods();
+  std::vector<ExportChoice> SendToMethods();
   /// The prefix stands before the key in the id of an entry; empty takes "Export:" or "SendTo:".
   void LoadExportsMenu(const MenuItem& menuItem, CommandList* parent = nullptr,
                        const std::string& prefix = "", std::int32_t objectType = 0);
@@ -131,8 +131,8 @@ class ExportEngine {
   void Reset();
 
  private:
-  std::unique_ptr<Engine> StartEngine(bool quiet);
-  void SetEngineProperties(Engine& engine) const;
+  std::unique_ptr<ExportBackend> StartEngine(bool quiet);
+  void SetEngineProperties(ExportBackend& engine) const;
   void DefaultFormats(const std::string& method);
   void Tell(const std::exception& failure);
 
@@ -140,7 +140,7 @@ class ExportEngine {
   bool Export(Prepare prepare, Call call);
   template <typename Question>
   auto AskEngine(Question question);
-  std::vector<EngineChoice> MethodChoices(std::int32_t objectType);
+  std::vector<ExportChoice> MethodChoices(std::int32_t objectType);
   static bool IsMailProgram(const std::string& sendToMethod);
 
   void PrepareSend();

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <array>
 
-#include "desktop/export/filename.h"
+#include "desktop/export/save_as_dialog.h"
 #include "desktop/forms/toolkit_dialogs.h"
 #include "dialogs.h"
 
@@ -78,7 +78,9 @@ TEST_F(FileDialogTest, NoDialogOpensTheFilesThatItShows) {
       [&] {
         files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", notes.toStdString()});
       },
-      [&] { AskFilename(&window, notes, "Odd", "odd"); },
+      [&] {
+        SaveAs(&window, notes, {"Odd", "odd"}, [](const QString&) { return true; });
+      },
       [&] { QFileDialog::getSaveFileName(&window, "The toolkit's own", folder.path()); },
   };
   for (const auto& open : dialogs) {

@@ -1,14 +1,17 @@
+#include <sys/stat.h>
+
+#include <QDirIterator>
 #include <QFile>
 #include <QStandardPaths>
 
-#include "engine_fixture.h"
+#include "exporter_fixture.h"
 
 namespace sentrel {
 namespace {
 
 using testing::HasSubstr;
 
-class ExportSend : public EngineFixture {
+class ExportSend : public ExporterFixture {
  protected:
   ExportSend() {
     qputenv("HOME", folder_.path().toUtf8());
@@ -17,13 +20,10 @@ class ExportSend : public EngineFixture {
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("<p>One</p><p>Two &amp; <b>three</b></p>");
   }
-  ~ExportSend() override { qputenv("PATH", path_); }
 
   std::string Send(const std::string& target) {
     return NewEngine()->SendTo(Path("Traps.html"), target);
   }
-
-  QByteArray path_ = qgetenv("PATH");
 };
 
 TEST_F(ExportSend, AttachesTheFileToAMailOrPutsItsTextIntoIt) {
@@ -72,27 +72,37 @@ TEST_F(ExportSend, TellsWhereThereIsNoProgramForIt) {
   EXPECT_THAT(messageBox_.text, HasSubstr("xdg-open"));
 }
 
-TEST_F(ExportSend, ExcelOpensAWorkbookWithoutAskingForAFile) {
+TEST_F(ExportSend, ExcelOpensPrivateReadOnlyWorkbooksThatAreGoneWithTheProgram) {
   InstallTool("xdg-mime", "sheets.desktop");
   InstallTool("xdg-open");
-  const auto engine = NewEngine("SNMPTraps");
-  user_.Accept("ExportColumns");
-  EXPECT_TRUE(engine->ExportTable(table_, "Excel", ""));
-  const std::string opened = WaitForTool("xdg-open").trimmed().toStdString();
-  EXPECT_EQ(opened, engine->TargetFilename());
-  EXPECT_TRUE(QString::fromStdString(opened).endsWith("/SNMPTraps.xlsx"));
-  EXPECT_TRUE(QFile::exists(QString::fromStdString(opened)));
-  QDir(QFileInfo(QString::fromStdString(opened)).path()).removeRecursively();
+  qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
+  QString folder;
+  for (const char* name : {"/SNMPTraps.xlsx", "/SNMPTraps (2).xlsx"}) {
+    const auto exporter = NewEngine("SNMPTraps");
+    exporter->SetSkipFieldSelection(true);
+    EXPECT_TRUE(exporter->ExportTable(table_, "Excel", ""));
+    const QString opened = WaitForTool("xdg-open").trimmed();
+    EXPECT_EQ(opened.toStdString(), exporter->TargetFilename());
+    EXPECT_TRUE(opened.startsWith(folder_.path()) && opened.endsWith(name));
+    struct stat file {};
+    ASSERT_EQ(stat(qPrintable(opened), &file), 0);
+    EXPECT_EQ(file.st_mode & 0777, 0400u);
+    folder = QFileInfo(opened).path();
+    ASSERT_EQ(stat(qPrintable(folder), &file), 0);
+    EXPECT_EQ(file.st_mode & 0777, 0700u);
+  }
+  factory_.reset();
+  EXPECT_FALSE(QFile::exists(folder));
 }
 
-TEST_F(ExportSend, WithoutASpreadsheetNothingIsLeftBehind) {
+TEST_F(ExportSend, WithoutASpreadsheetNoFileIsLeftBehind) {
   InstallTool("xdg-mime", "");
   InstallTool("xdg-open");
-  const auto engine = NewEngine("SNMPTraps");
-  engine->SetSkipFieldSelection(true);
-  EXPECT_FALSE(engine->ExportTable(table_, "Excel", ""));
+  qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
+  EXPECT_FALSE(NewSilentEngine()->ExportTable(table_, "Excel", ""));
   EXPECT_THAT(messageBox_.text, HasSubstr("no program on this system that opens"));
-  EXPECT_FALSE(QFile::exists(QString::fromStdString(engine->TargetFilename())));
+  QDirIterator files(folder_.path(), {"*.xlsx"}, QDir::Files, QDirIterator::Subdirectories);
+  EXPECT_FALSE(files.hasNext());
 }
 
 }  // namespace

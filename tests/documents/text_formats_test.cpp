@@ -55,12 +55,9 @@ class TextFormat : public testing::TestWithParam<const char*> {
   }
 };
 
-TEST_P(TextFormat, WritesHardCellsAsTheGoldenFileShows) {
-  ExpectGolden("hard", HardTable());
-}
-
-TEST_P(TextFormat, WritesAnEmptyTable) {
+TEST_P(TextFormat, WritesHardCellsAndAnEmptyTableAsTheGoldenFilesShow) {
   TableContent content = HardTable();
+  ExpectGolden("hard", content);
   content.rows.clear();
   content.subTitle = "Nothing arrived";
   content.paragraph = "First line\r\nSecond <line>";
@@ -77,48 +74,38 @@ TEST(FileFormats, LeaveWhenTheUserGivesUp) {
     EXPECT_THROW(format.write(FullTable(), progress), Cancelled) << format.method;
 }
 
-/// A reader of RFC 4180: inside quotes only a quote counts, and one that is doubled is text.
-std::vector<std::vector<std::string>> ReadCsv(const std::string& text) {
-  std::vector<std::vector<std::string>> records{{""}};
-  bool quoted = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '"') {
-      quoted = !quoted;
-      if (quoted && i > 0 && text[i - 1] == '"') records.back().back() += '"';
-    } else if (!quoted && text[i] == ',') {
-      records.back().emplace_back();
-    } else if (!quoted && text.compare(i, 2, "\r\n") == 0) {
-      records.push_back({""});
-      ++i;
-    } else {
-      records.back().back() += text[i];
-    }
-  }
-  records.pop_back();
-  return records;
-}
-
 TEST(CommaDelimitedFile, GivesBackEveryCellOfAFullTable) {
   TableContent content = FullTable();
   content.rows[500][4] = std::string(61'440, '"');
-  const auto records = ReadCsv(Write("CDF", content));
-  ASSERT_EQ(records.size(), 1000u);
-  EXPECT_TRUE(std::equal(content.rows.begin(), content.rows.end(), records.begin() + 1));
+  const TemporaryFolder folder;
+  std::ofstream(folder / "file.csv", std::ios::binary) << Write("CDF", content);
+  std::string cells;
+  for (const auto& row : content.rows) {
+    for (const std::string& cell : row) cells += cell + "|";
+  }
+  EXPECT_TRUE(Output("python3 " READERS "/read_csv.py " + folder / "file.csv") == cells);
 }
 
 TEST(CommaDelimitedFile, GuardsFormulasAndLeavesNumbersAlone) {
   TableContent content;
   content.columns = {{"c", Alignment::Left}};
-  const struct {
-    const char* cell;
-    bool guarded;
-  } cells[] = {{"=1", true},   {"+1", false},     {"-1.5", false},  {"-1-1", true},  {"@x", true},
-               {"\t=1", true}, {"\r\n =1", true}, {"＠x", true},    {"a=1", false},  {"a,b", false},
-               {"", false},    {"-", true},       {"1.2.3", false}, {"-1.2.3", true}};
-  for (const auto& [cell, guarded] : cells) {
+  const std::pair<const char*, std::string> cells[] = {{"=1", "'=1"},
+                                                       {"+1", "+1"},
+                                                       {"-1.5", "-1.5"},
+                                                       {"-1-1", "'-1-1"},
+                                                       {"@x", "'@x"},
+                                                       {"\t=1", "\"'\t=1\""},
+                                                       {"\r\n =1", "\"'\r\n =1\""},
+                                                       {"＠x", "'＠x"},
+                                                       {"a=1", "a=1"},
+                                                       {"a,b", "\"a,b\""},
+                                                       {"", ""},
+                                                       {"-", "'-"},
+                                                       {"1.2.3", "1.2.3"},
+                                                       {"-1.2.3", "'-1.2.3"}};
+  for (const auto& [cell, written] : cells) {
     content.rows = {{cell}};
-    const std::string expected = (guarded ? "'" : "") + std::string(cell);
-    EXPECT_EQ(ReadCsv(Write("CDF", content)).at(1).at(0), expected);
+    EXPECT_EQ(Write("CDF", content), "c\r\n" + written + "\r\n");
   }
 }
 
@@ -126,12 +113,8 @@ TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
   TableContent content = HardTable();
   content.rows = {{"t", std::string(61'440, 'x'), "next", "", "end"}};
   const std::string text = Write("Text", content);
-  std::size_t letters = 0;
-  for (const std::string_view line : Split(text, "\r\n")) {
-    EXPECT_LE(line.size(), 160u);
-    letters += static_cast<std::size_t>(std::count(line.begin(), line.end(), 'x'));
-  }
-  EXPECT_EQ(letters, 60u * 1024 + 1);  // and the one of "next"
+  for (const std::string_view line : Split(text, "\r\n")) EXPECT_LE(line.size(), 160u);
+  EXPECT_EQ(std::count(text.begin(), text.end(), 'x'), 61'440 + 1);  // and the one of "next"
 }
 
 TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
@@ -150,13 +133,6 @@ TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
   }
 }
 
-TEST(WebPage, FetchesNothing) {
-  const std::string page = Write("HTML", HardTable());
-  for (const char* word : {"src=", "href=", "url(", "@import"}) {
-    EXPECT_EQ(page.find(word), std::string::npos) << word;
-  }
-}
-
 TEST(WebArchive, EncodesAForeignTitleAndKeepsItsLinesShort) {
   TableContent content = FullTable();
   content.title = "Ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé";
@@ -166,7 +142,6 @@ TEST(WebArchive, EncodesAForeignTitleAndKeepsItsLinesShort) {
     EXPECT_TRUE(std::all_of(line.begin(), line.end(), [](char c) { return c >= 32 && c < 127; }));
   }
   EXPECT_NE(archive.find("Subject: =?utf-8?B?"), std::string::npos);
-  EXPECT_NE(archive.find("Date: 5 Dec 2026 19:19:37 +0000"), std::string::npos);
 }
 
 TEST(Unicode, CountsColumnsAsATerminalDoes) {
@@ -176,21 +151,27 @@ TEST(Unicode, CountsColumnsAsATerminalDoes) {
   for (const auto& [text, columns] : cases) EXPECT_EQ(DisplayWidth(text), columns) << text;
 }
 
+using Texts = std::vector<std::string_view>;
+
 TEST(Unicode, EndsLinesAtEveryKindOfBreak) {
-  EXPECT_THAT(LinesOf(""), ElementsAre(""));
-  EXPECT_THAT(LinesOf("a\r\nb\r\n"), ElementsAre("a", "b"));
-  EXPECT_THAT(LinesOf("a\n\rb"), ElementsAre("a", "", "b"));
-  EXPECT_THAT(LinesOf("\r\n"), ElementsAre(""));
+  const std::pair<const char*, Texts> cases[] = {
+      {"", {""}}, {"a\r\nb\r\n", {"a", "b"}}, {"a\n\rb", {"a", "", "b"}}, {"\r\n", {""}}};
+  for (const auto& [text, lines] : cases) EXPECT_EQ(LinesOf(text), lines);
 }
 
 TEST(Unicode, WrapsBehindBlanksAndElseAnywhere) {
-  EXPECT_THAT(WrapLine("", 5), ElementsAre(""));
-  EXPECT_THAT(WrapLine("one two three", 7), ElementsAre("one two", "three"));
-  EXPECT_THAT(WrapLine("one two", 6), ElementsAre("one", "two"));
-  EXPECT_THAT(WrapLine("abcdefgh", 3), ElementsAre("abc", "def", "gh"));
-  EXPECT_THAT(WrapLine("日本語", 3), ElementsAre("日", "本", "語"));
-  EXPECT_THAT(WrapLine("日本", 1), ElementsAre("日", "本"));
-  EXPECT_THAT(WrapLine("e\u0301e\u0301", 1), ElementsAre("e\u0301", "e\u0301"));
+  const struct {
+    const char* line;
+    std::size_t width;
+    Texts pieces;
+  } cases[] = {{"", 5, {""}},
+               {"one two three", 7, {"one two", "three"}},
+               {"one two", 6, {"one", "two"}},
+               {"abcdefgh", 3, {"abc", "def", "gh"}},
+               {"日本語", 3, {"日", "本", "語"}},
+               {"日本", 1, {"日", "本"}},
+               {"e\u0301e\u0301", 1, {"e\u0301", "e\u0301"}}};
+  for (const auto& [line, width, pieces] : cases) EXPECT_EQ(WrapLine(line, width), pieces);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
-#include "desktop/export/document_engine.h"
+#include "desktop/export/document_exporter.h"
 #include "desktop/forms/file_chooser.h"
 #include "desktop/forms/toolkit_dialogs.h"
 #include "desktop/help/about_window.h"
@@ -106,7 +106,7 @@ class Program {
   InstalledPrinters printers_;
   WaitCursor mousePointer_;
   StoredExportMemory exportMemory_;
-  DocumentEngineFactory exportEngines_;
+  DocumentExporterFactory exportEngines_;
   TrapExport trapExport_;
   DesktopTimer resetTimer_;
   RowBuilder rows_;

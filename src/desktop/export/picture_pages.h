@@ -2,17 +2,16 @@
 
 #include <QImage>
 
-#include "desktop/export/paper_pages.h"
-#include "platform/engine.h"
+#include "desktop/export/printable_pages.h"
+#include "platform/export_backend.h"
 
 namespace sentrel {
 
 /// A picture in the middle of one page, as large as fits but never enlarged.
-class PicturePages : public Pages {
+class PicturePages : public PrintablePages {
  public:
-  explicit PicturePages(QImage image) : image_(std::move(image)) {}
+  PicturePages(QImage image, const QPageLayout& paper);
 
-  void LayOut(QPagedPaintDevice& device, Progress& progress) override;
   int Count() const override { return 1; }
   void Paint(QPainter& painter, int page) const override;
 

@@ -21,23 +21,24 @@ struct Chart {};
 struct Map {};
 
 /// One export method or send-to target: the word that the engine knows it by, and what people read.
-struct EngineChoice {
+struct ExportChoice {
   std::string key;
   std::string caption;
 };
 
 inline constexpr const char* kSentAnswer = "True";
 
-/// Prints, previews or writes one object, and asks the user what it has to ask. The properties are
-/// set before the one call; an engine serves a single operation. All calls come from the event
-/// loop, and any of them may throw Failure.
+/// What carries the operations of ExportEngine out, called the engine there: it prints, previews or
+/// writes one object, and asks the user what it has to ask. The properties are set before the one
+/// call; each serves a single operation. All calls come from the event loop, and any of them may
+/// throw Failure.
 ///
 /// A call blocks until the work is done or given up; events go on being handled while the engine
 /// shows a dialog. Objects are borrowed for the length of the call. The result tells whether the
 /// work was done: what went wrong has been told to the user by then, except when Quiet.
-class Engine {
+class ExportBackend {
  public:
-  virtual ~Engine() = default;
+  virtual ~ExportBackend() = default;
 
   virtual void SetProgramName(const std::string& name) = 0;
   virtual void SetProgramVersion(const std::string& version) = 0;
@@ -93,18 +94,18 @@ class Engine {
   virtual std::string SendTo(const std::string& filename, const std::string& sendToMethod) = 0;
 
   /// The methods that suit an object: 0 table, 1 text, 2 picture, 3 chart, map or metafile.
-  virtual std::vector<EngineChoice> ExportMethods(std::int32_t objectType) = 0;
+  virtual std::vector<ExportChoice> ExportMethods(std::int32_t objectType) = 0;
   /// The caption of a method, empty for one that is not known.
   virtual std::string MethodName(const std::string& method) = 0;
-  virtual std::vector<EngineChoice> SendToMethods() = 0;
+  virtual std::vector<ExportChoice> SendToMethods() = 0;
 };
 
 /// Makes engines.
-class EngineFactory {
+class ExportBackendFactory {
  public:
-  virtual ~EngineFactory() = default;
+  virtual ~ExportBackendFactory() = default;
   /// Never null. Throws Failure with the reason when no engine can be had.
-  virtual std::unique_ptr<Engine> Create() = 0;
+  virtual std::unique_ptr<ExportBackend> Create() = 0;
 };
 
 }  // namespace sentrel

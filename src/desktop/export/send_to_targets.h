@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 
 namespace sentrel {
 
 /// The places that a file can be sent to.
-std::vector<EngineChoice> SendTargets();
+std::vector<ExportChoice> SendTargets();
 
 /// Hands a file to a target: a key of SendTargets, or the path of a program. Each goes through the
 /// desktop's own tools, which answer for themselves from then on. Throws Failure where there is no

@@ -6,25 +6,27 @@
 #include <QTemporaryDir>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "controls/table.h"
-#include "desktop/export/document_engine.h"
+#include "desktop/export/document_exporter.h"
 #include "dialogs.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_export.h"
 
 namespace sentrel {
 
-/// An engine in front of a small table, a user, and a folder for its files.
-class EngineFixture : public testing::Test {
+/// An exporter in front of a small table, a user, and a folder for its files.
+class ExporterFixture : public testing::Test {
  protected:
-  EngineFixture();
+  ExporterFixture();
+  ~ExporterFixture() override { qputenv("PATH", path_); }
 
   /// An engine as the program sets one up, with the file as its suggestion.
-  std::unique_ptr<DocumentEngine> NewEngine(const std::string& file = "Traps");
+  std::unique_ptr<ExportBackend> NewEngine(const std::string& file = "Traps");
   /// One that asks for no columns and no file.
-  std::unique_ptr<DocumentEngine> NewSilentEngine(const std::string& file = "Traps");
+  std::unique_ptr<ExportBackend> NewSilentEngine(const std::string& file = "Traps");
   std::string Path(const QString& name) const { return folder_.filePath(name).toStdString(); }
   QStringList Files() const {
     return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -35,6 +37,7 @@ class EngineFixture : public testing::Test {
   /// What a tool was called with, one argument a line, once it has run.
   QByteArray WaitForTool(const QString& name);
 
+  const QByteArray path_ = qgetenv("PATH");
   QTemporaryDir folder_;
   QWidget owner_;
   FakeClock clock_;
@@ -44,6 +47,8 @@ class EngineFixture : public testing::Test {
   FakeExportMemory memory_;
   Table table_;
   User user_;
+  std::optional<DocumentExporterFactory> factory_{
+      std::in_place, ExportDesk{owner_, clock_, locale_, messageBox_, memory_}};
 };
 
 }  // namespace sentrel

@@ -1,4 +1,4 @@
-#include "desktop/export/columns.h"
+#include "desktop/export/export_columns_dialog.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -13,6 +13,7 @@ ExportColumnsDialog::ExportColumnsDialog(const QStringList& titles, const QStrin
   setObjectName("ExportColumns");
   setWindowTitle("Columns");
   list_->setObjectName("Columns");
+  list_->setAccessibleName("Columns to take");
   for (const QString& title : titles) {
     auto* item = new QListWidgetItem(title, list_);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);

@@ -1,4 +1,4 @@
-#include "desktop/export/send.h"
+#include "desktop/export/send_to_targets.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +10,7 @@
 
 #include "common/atomic_file.h"
 #include "common/failure.h"
+#include "desktop/export/export_file_names.h"
 
 namespace sentrel {
 namespace {
@@ -88,18 +89,13 @@ void CopyToDocuments(const QString& filename) {
     Fail(QString("Cannot read the file %1: %2.").arg(filename, file.errorString()));
   }
   if (!folder.mkpath(".")) Fail(QString("There is no folder %1.").arg(folder.path()));
-  const QFileInfo name(filename);
-  QString copy = folder.filePath(name.fileName());
-  for (int number = 2; QFileInfo::exists(copy); ++number) {
-    copy = folder.filePath(
-        QString("%1 (%2).%3").arg(name.completeBaseName()).arg(number).arg(name.suffix()));
-  }
+  const QString copy = FreePath(folder.path(), QFileInfo(filename).fileName());
   WriteFile(copy.toStdString(), file.readAll().toStdString());
 }
 
 }  // namespace
 
-std::vector<EngineChoice> SendTargets() {
+std::vector<ExportChoice> SendTargets() {
   return {{kAttachment, "Mail Recipient"},
           {kContent, "Mail Recipient (as Text)"},
           {kDocuments, "Documents Folder"},

@@ -1,4 +1,4 @@
-#include "engine_fixture.h"
+#include "exporter_fixture.h"
 
 #include <QApplication>
 #include <QFile>
@@ -6,7 +6,7 @@
 
 namespace sentrel {
 
-EngineFixture::EngineFixture() {
+ExporterFixture::ExporterFixture() {
   table_.SetCols(3);
   const char* titles[] = {"Trap Time", "IP Address", "Trap Details"};
   for (int col = 0; col < 3; ++col) table_.SetCell(0, col, titles[col]);
@@ -15,16 +15,15 @@ EngineFixture::EngineFixture() {
   owner_.show();
 }
 
-std::unique_ptr<DocumentEngine> EngineFixture::NewSilentEngine(const std::string& file) {
+std::unique_ptr<ExportBackend> ExporterFixture::NewSilentEngine(const std::string& file) {
   auto engine = NewEngine(file);
   engine->SetSkipFieldSelection(true);
   engine->SetSkipFilenameSelection(true);
   return engine;
 }
 
-std::unique_ptr<DocumentEngine> EngineFixture::NewEngine(const std::string& file) {
-  auto engine =
-      std::make_unique<DocumentEngine>(ExportDesk{owner_, clock_, locale_, messageBox_, memory_});
+std::unique_ptr<ExportBackend> ExporterFixture::NewEngine(const std::string& file) {
+  auto engine = factory_->Create();
   engine->SetProgramName("Sentrel");
   engine->SetProgramVersion("9.2.47");
   engine->SetTitle("SNMP Traps");
@@ -32,13 +31,13 @@ std::unique_ptr<DocumentEngine> EngineFixture::NewEngine(const std::string& file
   return engine;
 }
 
-QByteArray EngineFixture::Read(const QString& name) const {
+QByteArray ExporterFixture::Read(const QString& name) const {
   QFile file(folder_.filePath(name));
   EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
   return file.readAll();
 }
 
-void EngineFixture::InstallTool(const QString& name, const QString& prints) {
+void ExporterFixture::InstallTool(const QString& name, const QString& prints) {
   QDir(folder_.path()).mkpath("bin");
   QFile tool(folder_.filePath("bin/" + name));
   ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
@@ -50,7 +49,7 @@ void EngineFixture::InstallTool(const QString& name, const QString& prints) {
   qputenv("PATH", (folder_.filePath("bin") + ":/usr/bin:/bin").toUtf8());
 }
 
-QByteArray EngineFixture::WaitForTool(const QString& name) {
+QByteArray ExporterFixture::WaitForTool(const QString& name) {
   const QString log = "bin/" + name + ".log";
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder_.filePath(log)); }, 20000));
   const QByteArray arguments = Read(log);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "desktop/export/export_session.h"
+#include "desktop/export/opened_files.h"
+#include "desktop/export/save_as_dialog.h"
+#include "documents/progress.h"
+
+namespace sentrel {
+
+/// Makes the bytes of a file.
+using FileWriter = std::function<std::string(Progress& progress)>;
+
+/// Brings an export into a file, whole or not at all. A file that was written becomes the target of
+/// the session. All members throw Failure and Cancelled.
+class FileOutput {
+ public:
+  /// Both must outlive the output.
+  FileOutput(ExportSession& session, OpenedFiles& opened) : session_(session), opened_(opened) {}
+
+  /// Asks for the file unless the settings skip that. False when the user gives up.
+  bool Save(const FileKind& kind, const FileWriter& writer);
+  void SaveTo(const QString& filename, const FileWriter& writer);
+  /// Writes a file that is gone with the program, and opens it in the program that the desktop has
+  /// for it. It is read-only, so that nobody's changes go with it.
+  void OpenDirectly(const FileKind& kind, const FileWriter& writer);
+
+ private:
+  QString SuggestedFile() const;
+  std::string Bytes(const FileWriter& writer) const;
+  void Write(const QString& filename, const std::string& bytes);
+
+  ExportSession& session_;
+  OpenedFiles& opened_;
+};
+
+}  // namespace sentrel

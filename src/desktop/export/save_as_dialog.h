@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+namespace sentrel {
+
+/// A kind of file, for people, and its extension without a dot.
+struct FileKind {
+  QString caption;
+  QString extension;
+};
+
+/// Asks for the file to write, starting from a suggestion whose folder may be read-only, and writes
+/// it. Where `write` gives false, having told why, and where an existing file is to be kept, it
+/// asks again with everything as it was chosen. False when the user gives up. Throws what `write`
+/// throws.
+bool SaveAs(QWidget* owner, const QString& suggestion, const FileKind& kind,
+            const std::function<bool(const QString& filename)>& write);
+
+}  // namespace sentrel
