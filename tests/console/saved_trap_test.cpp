@@ -36,7 +36,7 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   EXPECT_EQ(request.title, "Save SNMP Trap ...");
   EXPECT_EQ(request.filter, "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "");
-  EXPECT_TRUE(request.promptBeforeOverwrite && request.refuseReadOnly);
+  EXPECT_TRUE(request.promptBeforeOverwrite && request.refuseUnwritable);
 }
 
 TEST_F(SavedTrapTest, WithoutASelectedTrapThereIsNoDialog) {

@@ -82,6 +82,7 @@ TEST_F(SendDialogTest, HasItsTitleCaptionsAndDefaults) {
     EXPECT_EQ(form->minimumSize(), form->maximumSize()) << "its size is fixed";
     EXPECT_FALSE(form->windowFlags() & Qt::WindowMinMaxButtonsHint);
     EXPECT_EQ(form->property("helpContext"), 9100);
+    EXPECT_EQ(form->property("helpTopic"), "SendTrap");
     const std::tuple<const char*, const char*, const char*> labels[] = {
         {"Label1", "Hostname or IP Address", "Target"},
         {"Label2", "SNMP Community String", "Community"}};

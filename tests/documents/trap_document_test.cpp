@@ -32,6 +32,9 @@ TEST(TrapDocument, AFailedWriteLeavesTheOldFileWhole) {
   TrapDocumentWriter writer;
   writer.Write(path, Example());
   EXPECT_EQ(ReadFile(path), TrapDocument(Example()));
+  EXPECT_EQ(std::filesystem::status(path).permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write)
+      << "it holds the community";
   SavedTrap broken = Example();
   broken.TrapCommunity = "\xFF";
   EXPECT_THROW(writer.Write(path, broken), Failure);

@@ -12,7 +12,7 @@
 #include "controls/tool_table.h"
 #include "desktop/help/help_pages.h"
 #include "shell/help_benchwell.h"
-#include "shell/tip_book.h"
+#include "shell/tip_file.h"
 #include "shell/tip_of_the_day.h"
 
 namespace sentrel {

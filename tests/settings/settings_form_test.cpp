@@ -208,7 +208,7 @@ TEST_F(SettingsFormTest, TheLogFileIsChosenInTheFileDialog) {
   EXPECT_EQ(request.title, "Trap Logging File ...");
   EXPECT_EQ(request.filter, "All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "old.log");
-  EXPECT_FALSE(request.promptBeforeOverwrite || request.refuseReadOnly) << "a log is appended to";
+  EXPECT_FALSE(request.promptBeforeOverwrite || request.refuseUnwritable) << "a log is appended to";
 }
 
 TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunityTurnsThatOff) {
@@ -220,6 +220,7 @@ TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunit
             "You have enabled Device Filtering, but have not added any Device Filters.\r\n\r\n"
             "Please add at least one Device Filter or disable Device Filtering.");
   EXPECT_EQ(view.tab, 2);
+  EXPECT_EQ(view.focus, "NewDeviceFilter");
   EXPECT_FALSE(view.closed);
   EXPECT_FALSE(settings.Raw());
   EXPECT_EQ(registry.changes, 0);
@@ -228,6 +229,30 @@ TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunit
   EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
   EXPECT_TRUE(view.closed && settings.Raw());
   EXPECT_THAT(NextStart(), IsEmpty());
+}
+
+TEST_F(SettingsFormTest, WhatWasTypedAndNotAddedIsShownOnceBeforeOKCloses) {
+  settings.DeviceFilters()->AddFilter("10.9.9.9");
+  const std::tuple<SettingsCheck, SettingsText, int> boxes[] = {
+      {kCheckDeviceFilter, kNewDeviceFilter, 2}, {kCheckCommunity, kNewCommunity, 3}};
+  for (const auto& [check, entry, tab] : boxes) {
+    form.Form_Load();
+    view.SetText(entry, " 10.0.0.1 ");
+    view.SetChecked(check, true);
+    view.closed = false;
+    view.focus = "";
+    EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }),
+              "\"10.0.0.1\" has not been added.\r\n\r\n"
+              "Press Add to add it, or OK once more to go on without it.");
+    EXPECT_FALSE(view.closed);
+    EXPECT_EQ(view.tab, tab);
+    EXPECT_EQ(view.focus, entry.name);
+    EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
+    EXPECT_TRUE(view.closed);
+  }
+  view.SetText(kNewCommunity, "other");
+  view.SetChecked(kCheckCommunity, false);
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "") << "a hidden box holds nobody up";
 }
 
 TEST_F(SettingsFormTest, OKThatChangesNothingLeavesAloneWhatOthersHaveWrittenMeanwhile) {

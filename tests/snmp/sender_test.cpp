@@ -140,6 +140,8 @@ TEST_F(SenderTest, HostsAreResolvedToDottedQuads) {
   EXPECT_EQ(sender.ResolveHost("localhost"), "127.0.0.1");
   EXPECT_EQ(sender.ResolveHost("::1"), "") << "it has no dotted quad";
   EXPECT_EQ(sender.ResolveHost(""), "");
+  for (const char* part : {"1.2.3", "127.1", "0x7f.1", "2130706433", "0x7f000001"})
+    EXPECT_EQ(sender.ResolveHost(part), "") << part;
   EXPECT_EQ(sender.ResolveHost(std::string(5'000, 'x')), "");
   EXPECT_THAT(sender.StatusText(), testing::Not("OK"));
 }

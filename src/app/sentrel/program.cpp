@@ -98,7 +98,9 @@ Program::Program(const ProgramOptions& options)
       mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
       browsers_(window_),
       help_(application_, RegistrySupport(registry_), browsers_, messageBox_),
-      helpKey_([this](int context) { help_.ShowHelpContext(application_.HelpFile(), context); }),
+      helpKey_([this](int context, const std::string& topic) {
+        help_.ShowHelpContext(application_.HelpFile(), context, topic);
+      }),
       aboutDialogs_(window_),
       about_(application_, ThisProgram(), versions_, locale_, aboutDialogs_),
       tipDialogs_(window_, RegistrySupport(registry_), clock_),

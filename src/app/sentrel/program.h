@@ -23,6 +23,7 @@
 #include "desktop/forms/toolkit_dialogs.h"
 #include "desktop/help/about_window.h"
 #include "desktop/help/help_browser.h"
+#include "desktop/help/help_key.h"
 #include "desktop/help/tip_window.h"
 #include "desktop/services/desktop_application.h"
 #include "desktop/services/desktop_clipboard.h"

@@ -1,6 +1,5 @@
-#include "shell/tip_book.h"
+#include "shell/tip_file.h"
 
-#include <chrono>
 #include <utility>
 
 #include "common/text.h"
@@ -39,15 +38,6 @@ std::vector<Tip> ReadTips(std::string_view text) {
   }
   Finish(tips, tip);
   return tips;
-}
-
-TipBook::TipBook(std::vector<Tip> tips, unsigned place)
-    : tips_(std::move(tips)), place_(place % tips_.size()) {}
-
-unsigned DayNumber(int year, int month, int day) {
-  using namespace std::chrono;
-  const sys_days date = std::chrono::year(year) / month / day;
-  return static_cast<unsigned>(date.time_since_epoch().count());
 }
 
 }  // namespace sentrel
