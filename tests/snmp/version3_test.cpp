@@ -122,7 +122,7 @@ TEST_F(Version3Test, RefusalsAreCountedByReason) {
   EXPECT_EQ(SendTrapAs("alice", wrongPrivacy), 0);
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 5; }));
   EXPECT_EQ(Count(Outcome::kAccepted), 0U);
-  // None of them stands in the way of the next good one.
+  // None of them keeps the next good one out.
   EXPECT_EQ(SendTrapAs("bob", kSigned), 0);
   EXPECT_TRUE(WaitForTraps(1));
   EXPECT_EQ(Listener().Counters().Dropped(), 5U);
