@@ -43,8 +43,9 @@ std::vector<User> Users() {
     users.push_back({"auth-" + digest, Keys(digest, phrase), digest + quoted});
   }
   for (const std::string cipher : {"DES", "AES"}) {
-    users.push_back({"priv-" + cipher, Keys("SHA", phrase, cipher, "priv-pass-phrase"),
-                     "SHA" + quoted + " " + cipher + " priv-pass-phrase"});
+    users.push_back(
+        {"priv-" + cipher, Keys("SHA", phrase, cipher, "priv-pass-phrase"),
+         std::string("SHA").append(quoted).append(" ").append(cipher).append(" priv-pass-phrase")});
   }
   return users;
 }
@@ -132,8 +133,9 @@ TEST_F(Version3Test, MessageBelowTheLevelOfTheKeysIsRefused) {
   const std::string auth = " SHA auth-pass-phrase";
   std::string lines = "authUser log easy noauth\nauthUser log,execute -s usm half\n";
   for (const std::string user : {"ann", "easy", "half"}) {
-    const std::string keys = user + auth + " AES priv-pass-phrase\n";
-    lines += "createUser " + keys + "createUser -e " + kEngine + " " + keys;
+    const std::string keys = std::string(user).append(auth).append(" AES priv-pass-phrase\n");
+    lines.append("createUser ").append(keys).append("createUser -e ").append(kEngine);
+    lines.append(" ").append(keys);
   }
   Start(lines + "createUser -e " + kEngine + " bob" + auth + "\n");
   for (const auto& [user, keys] :
