@@ -17,7 +17,7 @@ class AtomicFile {
   /// What the bytes are safe from when Write returns.
   enum class SafeFrom {
     PowerCut,
-    /// For what can be made anew: to wait for the disk would take too long.
+    /// For a file that can be made again: waiting for the disk would take too long.
     Crash,
   };
 

@@ -10,8 +10,8 @@
 
 #include "app/program.h"
 #include "dialogs.h"
-#include "fakes/free_port.h"
 #include "snmp/sender.h"
+#include "udp_socket.h"
 
 namespace sentrel {
 
@@ -80,7 +80,7 @@ struct ProgramFixture : testing::Test {
   }
 
   QTemporaryDir state;
-  std::uint16_t port = FreePort();
+  std::uint16_t port = test::FreePort();
   Program program{OptionsIn(state.path().toStdString(), port)};
   User user;
 };

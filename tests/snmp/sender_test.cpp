@@ -56,7 +56,7 @@ TEST_F(SenderTest, ExactlyTheGivenBindingsArriveOverBothFamilies) {
 TEST_F(SenderTest, EveryTypeArrivesWithTheTextThatWasSent) {
   auto rows = RowsOf(TEST_DATA "/snmp/sendable_values.txt");
   rows.push_back({"4", "Grüße\r\n\t€"});
-  rows.push_back({"4", std::string(60 * 1024, 'x')});
+  rows.push_back({"4", std::string(61'440, 'x')});
   Start();
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const int type = std::stoi(rows[i].at(0));

@@ -18,8 +18,8 @@ namespace {
 
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
-/// So many gather before they are handled that a storm does not cost a turn of the event loop for
-/// each, and so few that a frame is never late.
+/// Long enough for traps to gather, so that in a storm not each of them costs a turn of the event
+/// loop, and short enough for no frame to be late.
 constexpr std::chrono::milliseconds kDeliveryRest{30};
 
 ProgramIdentity ThisProgram() {
@@ -47,8 +47,8 @@ bool IsOurs(const std::filesystem::path& file) {
   return standing != Standing::Foreign;
 }
 
-/// Where version 3 users are configured; empty for the SNMP library's own folders. Root lets nobody
-/// in for the sake of a home folder that somebody else can write.
+/// Where version 3 users are configured; empty for the SNMP library's own folders. Root trusts
+/// no home folder that somebody else can write.
 std::string SnmpFolders(bool root) {
   const char* const home = std::getenv("HOME");
   if (!root || home == nullptr) return "";

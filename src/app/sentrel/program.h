@@ -63,8 +63,8 @@ struct ProgramOptions {
   std::filesystem::path userFolder = UserStateFolder();
 };
 
-/// The whole program, put together. Needs a QApplication. Members stand in the order in which they
-/// are made; each knows only those above it.
+/// The whole program, put together. Needs a QApplication, and belongs to its thread. Members are
+/// listed in the order in which they are made; each knows only those above it.
 class Program {
  public:
   explicit Program(const ProgramOptions& options);
