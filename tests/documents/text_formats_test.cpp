@@ -1,12 +1,12 @@
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <fstream>
 
 #include "common/text.h"
 #include "documents/file_formats.h"
 #include "documents/unicode.h"
 #include "fakes/shell.h"
+#include "golden_file.h"
 #include "hard_table.h"
 
 namespace sentrel {
@@ -38,31 +38,17 @@ std::string Write(const char* method, const TableContent& content) {
   return FindFileFormat(method)->write(content, progress);
 }
 
-class TextFormat : public testing::TestWithParam<const char*> {
- protected:
-  /// Expects a file of that of tests/data/export. With SENTREL_NEW_GOLDEN set in the environment
-  /// that one is written instead, to be looked at before it is committed.
-  void ExpectGolden(const std::string& name, const TableContent& content) {
-    const std::string text = Write(GetParam(), content);
-    const std::string path = std::string(TEST_DATA) + "/export/" + name + "." +
-                             std::string(FindFileFormat(GetParam())->extension);
-    if (!std::getenv("SENTREL_NEW_GOLDEN")) {
-      EXPECT_EQ(text, ReadFile(path)) << path;
-      return;
-    }
-    std::ofstream(path, std::ios::binary) << text;
-    FAIL() << "wrote " << path;
-  }
-};
+class TextFormat : public testing::TestWithParam<const char*> {};
 
 TEST_P(TextFormat, WritesHardCellsAndAnEmptyTableAsTheGoldenFilesShow) {
+  const std::string extension(FindFileFormat(GetParam())->extension);
   TableContent content = HardTable();
-  ExpectGolden("hard", content);
+  ExpectGolden(Write(GetParam(), content), "hard." + extension);
   content.rows.clear();
   content.subTitle = "Nothing arrived";
   content.paragraph = "First line\r\nSecond <line>";
   content.footer = "The end";
-  ExpectGolden("empty", content);
+  ExpectGolden(Write(GetParam(), content), "empty." + extension);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, TextFormat, testing::Values("CDF", "Text", "HTML", "MHTML"),

@@ -16,6 +16,7 @@ double Sum(const std::vector<double>& widths) {
 std::vector<double> Leveled(const std::vector<ColumnNeed>& needs, Bound low, Bound high,
                             double level) {
   std::vector<double> widths;
+  widths.reserve(needs.size());
   for (const ColumnNeed& need : needs) widths.push_back(std::clamp(level, need.*low, need.*high));
   return widths;
 }
