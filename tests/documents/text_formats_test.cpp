@@ -57,19 +57,16 @@ INSTANTIATE_TEST_SUITE_P(All, TextFormat, testing::Values("CDF", "Text", "HTML",
 TEST(FileFormats, LeaveWhenTheUserGivesUp) {
   CancelledEarly progress;
   for (const FileFormat& format : FileFormats())
-    EXPECT_THROW(format.write(FullTable(), progress), Cancelled) << format.method;
+    EXPECT_THROW(format.write(HardTable(), progress), Cancelled) << format.method;
 }
 
-TEST(CommaDelimitedFile, GivesBackEveryCellOfAFullTable) {
-  TableContent content = FullTable();
-  content.rows[500][4] = std::string(61'440, '"');
+TEST(CommaDelimitedFile, GivesBackEveryCell) {
+  TableContent content = EmptyTable();
+  content.rows = {{"a\r\nb", std::string(61'440, '"'), ",;\t'", " x ", ""}, {"", "", "", "", "z"}};
   const TemporaryFolder folder;
   std::ofstream(folder / "file.csv", std::ios::binary) << Write("CDF", content);
-  std::string cells;
-  for (const auto& row : content.rows) {
-    for (const std::string& cell : row) cells += cell + "|";
-  }
-  EXPECT_TRUE(Output("python3 " READERS "/read_csv.py " + folder / "file.csv") == cells);
+  EXPECT_TRUE(Output("python3 " READERS "/read_csv.py " + folder / "file.csv") ==
+              "a\r\nb|" + std::string(61'440, '"') + "|,;\t'| x ||||||z|");
 }
 
 TEST(CommaDelimitedFile, GuardsFormulasAndLeavesNumbersAlone) {
@@ -104,13 +101,13 @@ TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
 }
 
 TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
-  TableContent content = FullTable();
+  TableContent content = HardTable();
   content.rows[3][4] = "</td></tr></table><script>alert(1)</script>\r\n" + std::string(61'440, '<');
   const TemporaryFolder folder;
   const std::string path = folder / "page.html";
   std::ofstream(path, std::ios::binary) << Write("HTML", content);
   const std::pair<const char*, std::size_t> answers[] = {
-      {"count(//*[local-name()='tbody']/*)", 999},
+      {"count(//*[local-name()='tbody']/*)", 8},
       {"count(//*[local-name()='script'])", 0},
       {"string-length((//*[local-name()='td'])[20])", 44 + 60 * 1024}};
   for (const auto& [question, answer] : answers) {
@@ -120,7 +117,7 @@ TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
 }
 
 TEST(WebArchive, EncodesAForeignTitleAndKeepsItsLinesShort) {
-  TableContent content = FullTable();
+  TableContent content = HardTable();
   content.title = "Ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé";
   const std::string archive = Write("MHTML", content);
   for (const std::string_view line : Split(archive, "\r\n")) {
