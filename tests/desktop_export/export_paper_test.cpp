@@ -62,9 +62,9 @@ class ExportPaper : public ExporterFixture {
     }
   }
   void SavePdf(std::int32_t orientation = 1) {
-    const auto engine = NewSilentEngine();
-    engine->SetOrientation(orientation);
-    EXPECT_TRUE(engine->ExportTable(table_, "PDF", ""));
+    const auto exporter = NewSilentExporter();
+    exporter->SetOrientation(orientation);
+    EXPECT_TRUE(exporter->ExportTable(table_, "PDF", ""));
   }
 
   Untold untold_;
@@ -158,7 +158,7 @@ TEST_F(ExportPaper, PrintToFileTakesTheRangeAndComesBackAsItWasWhenTheFileCannot
     file->setText(folder_.filePath("two.pdf"));
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
-  const auto exporter = NewEngine();
+  const auto exporter = NewExporter();
   EXPECT_TRUE(exporter->ExportTable(table_, "PRINTER", ""));
   EXPECT_EQ(exporter->TargetFilename(), Path("two.pdf"));
   const QStringList pages = PdfPages("two.pdf");
@@ -184,7 +184,7 @@ TEST_F(ExportPaper, PreviewShowsThePagesAndPrintsThoseThatAreChosen) {
   });
   user_.When("Print",
              [this](QWidget& dialog) { PrintToFile(dialog, folder_.filePath("one.pdf"), 1, 1); });
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "PREVIEW", ""));
+  EXPECT_TRUE(NewExporter()->ExportTable(table_, "PREVIEW", ""));
   EXPECT_EQ(PdfPages("one.pdf").size(), 1);
 }
 
@@ -201,7 +201,7 @@ TEST_F(ExportPaper, PreviewLaysThePagesOutAnewForAnotherPaper) {
     dialog.findChild<QRadioButton*>("landscape")->click();
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "PREVIEW", ""));
+  EXPECT_TRUE(NewExporter()->ExportTable(table_, "PREVIEW", ""));
 }
 
 TEST_F(ExportPaper, ARangeWithoutAPageIsRefused) {

@@ -22,7 +22,7 @@ class ExportSend : public ExporterFixture {
   }
 
   std::string Send(const std::string& target) {
-    return NewEngine()->SendTo(Path("Traps.html"), target);
+    return NewExporter()->SendTo(Path("Traps.html"), target);
   }
 };
 
@@ -78,7 +78,7 @@ TEST_F(ExportSend, ExcelOpensPrivateReadOnlyWorkbooksThatAreGoneWithTheProgram) 
   qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
   QString folder;
   for (const char* name : {"/SNMPTraps.xlsx", "/SNMPTraps (2).xlsx"}) {
-    const auto exporter = NewEngine("SNMPTraps");
+    const auto exporter = NewExporter("SNMPTraps");
     exporter->SetSkipFieldSelection(true);
     EXPECT_TRUE(exporter->ExportTable(table_, "Excel", ""));
     const QString opened = WaitForTool("xdg-open").trimmed();
@@ -99,7 +99,7 @@ TEST_F(ExportSend, WithoutASpreadsheetNoFileIsLeftBehind) {
   InstallTool("xdg-mime", "");
   InstallTool("xdg-open");
   qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
-  EXPECT_FALSE(NewSilentEngine()->ExportTable(table_, "Excel", ""));
+  EXPECT_FALSE(NewSilentExporter()->ExportTable(table_, "Excel", ""));
   EXPECT_THAT(messageBox_.text, HasSubstr("no program on this system that opens"));
   QDirIterator files(folder_.path(), {"*.xlsx"}, QDir::Files, QDirIterator::Subdirectories);
   EXPECT_FALSE(files.hasNext());
