@@ -53,7 +53,9 @@ TEST_F(WorkbookTest, ATextTooLongForACellGoesOnBelowAndNothingOfItIsLost) {
     TableContent content;
     content.columns = {{"_x0041_", Alignment::Left}};
     content.rows = {{text}};
-    EXPECT_TRUE(ReadBack(content, "--first-column") == cells + (":" + text)) << text.substr(0, 20);
+    std::string expected = cells;
+    expected.append(":").append(text);
+    EXPECT_TRUE(ReadBack(content, "--first-column") == expected) << text.substr(0, 20);
   }
 }
 
