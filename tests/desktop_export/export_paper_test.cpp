@@ -105,9 +105,9 @@ TEST_F(ExportPaper, ARowTallerThanAPageGoesOnAndLosesNoLine) {
 }
 
 TEST_F(ExportPaper, ALongLineIsWrappedAndNoneOfItIsLostAndAnEmptyTableIsOnePage) {
-  table_.SetCell(1, 2, std::string(60 * 1024, 'x'));
+  table_.SetCell(1, 2, std::string(61'440, 'x'));
   SavePdf(2);
-  EXPECT_EQ(PdfPages("Traps.pdf").join("").count('x'), 60 * 1024);
+  EXPECT_EQ(PdfPages("Traps.pdf").join("").count('x'), 61'440);
   table_.SetRows(1);
   SavePdf();
   EXPECT_EQ(PdfPages("Traps.pdf").size(), 1);

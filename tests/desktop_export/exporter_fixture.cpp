@@ -52,7 +52,7 @@ void ExporterFixture::InstallTool(const QString& name, const QString& prints) {
 QByteArray ExporterFixture::WaitForTool(const QString& name) {
   const QString log = "bin/" + name + ".log";
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder_.filePath(log)); }, 20000));
-  const QByteArray arguments = Read(log);
+  QByteArray arguments = Read(log);
   QFile::remove(folder_.filePath(log));
   return arguments;
 }

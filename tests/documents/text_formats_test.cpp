@@ -109,7 +109,7 @@ TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
   const std::pair<const char*, std::size_t> answers[] = {
       {"count(//*[local-name()='tbody']/*)", 8},
       {"count(//*[local-name()='script'])", 0},
-      {"string-length((//*[local-name()='td'])[20])", 44 + 60 * 1024}};
+      {"string-length((//*[local-name()='td'])[20])", 44 + 61'440}};
   for (const auto& [question, answer] : answers) {
     EXPECT_EQ(Output(std::string("xmllint --huge --xpath \"") + question + "\" " + path),
               std::to_string(answer) + "\n");
