@@ -42,7 +42,7 @@ footer { margin-top: 1rem; color: var(--faint); font-size: 0.8125rem; }
 }
 )";
 
-/// One line end for all, as the page's own.
+/// All line ends become those of the page itself.
 void AppendLines(std::string& page, std::string_view text) {
   const char* separator = "";
   for (const std::string_view line : LinesOf(text)) {

@@ -5,20 +5,20 @@
 
 namespace sentrel {
 
-/// The user gave the work up.
+/// The user cancelled the task.
 class Cancelled : public std::exception {};
 
-/// Told how far a long work has come.
+/// Is told how far a long task has come. Used on the event loop.
 class Progress {
  public:
   virtual ~Progress() = default;
-  /// Called often. `done` runs from 0 to `total`. Throws Cancelled to end the work, which then
+  /// Called often; `done` runs from 0 to `total`. Throws Cancelled to end the task, which then
   /// leaves nothing behind.
   virtual void Advance(std::size_t done, std::size_t total) = 0;
 };
 
-/// Tells how far one of two equal halves of a work has come as how far the whole has. The whole must
-/// outlive it.
+/// The progress of the first or second half of a task, reported to the progress of the whole, which
+/// must outlive it.
 class HalfOfWork : public Progress {
  public:
   enum Half { First, Second };

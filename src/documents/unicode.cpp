@@ -26,7 +26,7 @@ bool IsPlain(char c) {
   return c >= 0x20 && c < 0x7F;
 }
 
-/// What a reader takes for one letter: a base with its marks, or joined emoji.
+/// What a reader sees as one letter: a base with its marks, or joined emoji.
 struct Cluster {
   std::size_t bytes;
   std::size_t width;

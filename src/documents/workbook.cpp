@@ -19,18 +19,18 @@
 namespace sentrel {
 namespace {
 
-constexpr uint8_t kTextFormat = 49;  // of the formats that every spreadsheet has
+constexpr uint8_t kTextFormat = 49;  // "@", built into every spreadsheet
 constexpr lxw_color_t kHeaderColor = 0x1F4E79;
 constexpr lxw_color_t kRuleColor = 0xC9D1DC;
 constexpr double kNarrowest = 12;  // in letters
 constexpr double kWidest = 70;
 constexpr double kFilterButton = 4;
 constexpr double kLineHeight = 15;  // in points
-constexpr double kTallest = 409;    // that a row may be
+constexpr double kTallest = 409;    // that a row may be, in points
 constexpr std::size_t kMostHeaderUnits = 80;
 constexpr std::string_view kUnderscore = "_x005F_";  // as an escape
 
-/// A file that is nowhere but in memory; the library writes to files alone.
+/// A file in memory, because the library writes only to files.
 class MemoryFile {
  public:
   MemoryFile() : descriptor_(memfd_create("workbook", MFD_CLOEXEC)) {
@@ -56,16 +56,16 @@ class MemoryFile {
   int descriptor_;
 };
 
-/// Whether a sheet would take what stands here for the code of a character: "_x000D_".
+/// Whether a spreadsheet would read the start of the text as the code of a character: "_x000D_".
 bool IsCode(std::string_view text) {
   const auto isHex = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };
   return text.size() >= 7 && text.starts_with("_x") && text[6] == '_' &&
          std::all_of(text.begin() + 2, text.begin() + 6, isHex);
 }
 
-/// A text as the cells of a sheet hold it, one below the other where it is too long for one. The
-/// limit counts what is written, escapes included. No character and no escape is cut in two. Sheets
-/// break lines at LF alone.
+/// A text as the cells of a sheet hold it: several, one below the other, if it is too long for one.
+/// The limit counts what is written, escapes included. No character and no escape is cut in two.
+/// Only LF breaks lines in a sheet.
 std::vector<std::string> CellTexts(std::string_view text) {
   std::vector<std::string> cells(1);
   std::size_t units = 0;
@@ -179,7 +179,7 @@ class SheetWriter {
     nextRow_ = 1;
   }
 
-  /// Not every spreadsheet fits the height of a row to wrapped lines when it opens a file.
+  /// Some spreadsheets do not fit the height of a row to wrapped lines when they open a file.
   double HeightOf(const std::vector<std::string>& cells) const {
     std::size_t most = 1;
     for (std::size_t col = 0; col < cells.size(); ++col) {
@@ -192,7 +192,7 @@ class SheetWriter {
     return std::min(static_cast<double>(most) * kLineHeight, kTallest);
   }
 
-  /// A text that is too long for one cell goes on in the rows below.
+  /// A text that is too long for one cell continues in the rows below.
   void WriteRow(const std::vector<std::string>& cells) {
     lxw_row_t rowsTaken = 1;
     for (lxw_col_t col = 0; col < Columns(); ++col) {

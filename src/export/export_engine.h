@@ -17,7 +17,7 @@
 
 namespace sentrel {
 
-/// What stands behind the facade; all of it must outlive the facade.
+/// What the facade works with; all of it must outlive the facade.
 struct ExportServices {
   ExportBackendFactory& engines;
   const Application& application;
@@ -30,8 +30,8 @@ struct ExportServices {
 /// engine for each, hands the settings over, makes one call and clears the settings again; then
 /// TargetFilename() is the file that the engine reported.
 ///
-/// Where no engine can be had the user is told, the operation gives false or nothing, and the
-/// settings stay. A failure that an engine raises is told to the user, unless Quiet(), and counts
+/// If no engine can be made, the user is told, the operation returns false or nothing, and the
+/// settings stay. A failure that an engine throws is told to the user, unless Quiet(), and counts
 /// as not done. Used on the event loop only; nothing here throws.
 class ExportEngine {
  public:
@@ -48,8 +48,8 @@ class ExportEngine {
   void PrintPicture(const Picture& picture, bool preview = false);
   void PrintImageFile(const std::string& filename, bool preview = false);
 
-  /// Carry out a method on one object. An empty format of pictures and files becomes the method
-  /// where the object is a picture.
+  /// Carry out a method on one object. An empty ImageFormat becomes the method for charts, maps and
+  /// pictures; an empty FileFormat becomes it for charts and maps.
   bool ExportTable(const Table& table, const std::string& method);
   bool ExportRTF(const std::string& rtf, const std::string& method);
   bool ExportText(const std::string& text, const std::string& method);
@@ -78,7 +78,7 @@ class ExportEngine {
   std::vector<std::string> ExportMethods(std::int32_t objectType = 0);
   std::string MethodName(const std::string& method);
   std::vector<ExportChoice> SendToMethods();
-  /// The prefix stands before the key in the id of an entry; empty takes "Export:" or "SendTo:".
+  /// The id of an entry begins with the prefix; empty means "Export:" or "SendTo:".
   void LoadExportsMenu(const MenuItem& menuItem, CommandList* parent = nullptr,
                        const std::string& prefix = "", std::int32_t objectType = 0);
   void LoadSendToMenu(const MenuItem& menuItem, CommandList* parent = nullptr,

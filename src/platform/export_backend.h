@@ -16,11 +16,11 @@ struct Picture {
   std::vector<std::uint32_t> pixels;
 };
 
-/// Kinds of object that the program has none of.
+/// Kinds of object that this program does not have.
 struct Chart {};
 struct Map {};
 
-/// One export method or send-to target: the word that the engine knows it by, and what people read.
+/// One export method or send-to target: its name in calls, and its caption in menus.
 struct ExportChoice {
   std::string key;
   std::string caption;
@@ -33,9 +33,9 @@ inline constexpr const char* kSentAnswer = "True";
 /// call; each serves a single operation. All calls come from the event loop, and any of them may
 /// throw Failure.
 ///
-/// A call blocks until the work is done or given up; events go on being handled while the engine
-/// shows a dialog. Objects are borrowed for the length of the call. The result tells whether the
-/// work was done: what went wrong has been told to the user by then, except when Quiet.
+/// A call returns when the work is done or cancelled; events are handled while a dialog is open.
+/// Objects are borrowed for the length of the call. The result tells whether the work was done; by
+/// then the user has been told what went wrong, except when Quiet.
 class ExportBackend {
  public:
   virtual ~ExportBackend() = default;
@@ -90,21 +90,21 @@ class ExportBackend {
   virtual bool ExportImageFile(const std::string& filename, const std::string& method,
                                const std::string& programPath) = 0;
 
-  /// Hands a file on to a target. kSentAnswer tells that it was done.
+  /// Hands a file on to a target. The answer is kSentAnswer if that was done.
   virtual std::string SendTo(const std::string& filename, const std::string& sendToMethod) = 0;
 
   /// The methods that suit an object: 0 table, 1 text, 2 picture, 3 chart, map or metafile.
   virtual std::vector<ExportChoice> ExportMethods(std::int32_t objectType) = 0;
-  /// The caption of a method, empty for one that is not known.
+  /// The caption of a method; empty if it is unknown.
   virtual std::string MethodName(const std::string& method) = 0;
   virtual std::vector<ExportChoice> SendToMethods() = 0;
 };
 
-/// Makes engines.
+/// Makes one backend for each operation. Called on the event loop.
 class ExportBackendFactory {
  public:
   virtual ~ExportBackendFactory() = default;
-  /// Never null. Throws Failure with the reason when no engine can be had.
+  /// Never null. Throws Failure with the reason if none can be made.
   virtual std::unique_ptr<ExportBackend> Create() = 0;
 };
 

@@ -37,7 +37,7 @@ TEST_F(ExportFile, AddsTheExtensionUnlessTheNameEndsInOneOfThatKind) {
   for (const auto& [name, method, file] : names) {
     user_.Accept("ExportColumns");
     user_.NameFile(name);
-    const auto exporter = NewEngine();
+    const auto exporter = NewExporter();
     EXPECT_TRUE(exporter->ExportTable(table_, method, ""));
     EXPECT_EQ(exporter->TargetFilename(), Path(file));
     EXPECT_TRUE(QFile::exists(folder_.filePath(file))) << file.toStdString();
@@ -49,7 +49,7 @@ TEST_F(ExportFile, SuggestsTheTargetOrItsNameInTheUsersFolderWhereItsOwnIsGone) 
   qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
   const std::string target = "/gone/SNMPTraps";
   const auto save = [&] {
-    const auto exporter = NewEngine();
+    const auto exporter = NewExporter();
     exporter->SetSkipFieldSelection(true);
     exporter->SetTargetFilename(target);
     user_.Accept("ExportFile");
@@ -77,7 +77,7 @@ TEST_F(ExportFile, AFailedWriteComesBackToTheFileDialogWithEverythingAsItWasChos
   });
   user_.Escape("Replace");
   user_.NameFile("traps");
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_TRUE(NewExporter()->ExportTable(table_, "CDF", ""));
   EXPECT_EQ(Read("sub/traps.csv"), kWholeTable);
   EXPECT_EQ(log_.calls.size(), 1u);
 }
@@ -85,7 +85,7 @@ TEST_F(ExportFile, AFailedWriteComesBackToTheFileDialogWithEverythingAsItWasChos
 TEST_F(ExportFile, RemembersTheColumnsTakesNoEmptyChoiceAndNothingThatArrivesMeanwhile) {
   const auto exported = [this] {
     user_.Accept("ExportFile");
-    EXPECT_TRUE(NewEngine(std::to_string(++file_))->ExportTable(table_, "CDF", ""));
+    EXPECT_TRUE(NewExporter(std::to_string(++file_))->ExportTable(table_, "CDF", ""));
     return Read(QString("%1.csv").arg(file_));
   };
   user_.When("ExportColumns", [this](QWidget& dialog) {
@@ -118,18 +118,18 @@ TEST_F(ExportFile, AsksBeforeItReplacesAFileAndCanBeGivenUpAnywhere) {
   old.close();
 
   user_.Escape("ExportColumns");
-  EXPECT_FALSE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_FALSE(NewExporter()->ExportTable(table_, "CDF", ""));
   user_.Accept("ExportColumns");
   user_.Accept("ExportFile");
   user_.Escape("Replace");
   user_.Escape("ExportFile");
-  EXPECT_FALSE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_FALSE(NewExporter()->ExportTable(table_, "CDF", ""));
   EXPECT_EQ(Read("Traps.csv"), "old");
 
   user_.Accept("ExportColumns");
   user_.NameFile("Traps");
   user_.Press("Replace", "Replace");
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "CDF", ""));
+  EXPECT_TRUE(NewExporter()->ExportTable(table_, "CDF", ""));
   EXPECT_EQ(Read("Traps.csv"), kWholeTable);
   EXPECT_THAT(Files(), ElementsAre("Traps.csv"));
 }
@@ -149,7 +149,7 @@ TEST_F(ExportFile, TellsWhatItCannotDoOnceUnlessQuiet) {
   };
   for (const auto& [call, word] : kinds) {
     log_.calls.clear();
-    const auto exporter = NewSilentEngine();
+    const auto exporter = NewSilentExporter();
     EXPECT_FALSE(call(*exporter));
     EXPECT_THAT(messageBox_.text, HasSubstr(word));
     exporter->SetQuiet(true);
@@ -161,7 +161,7 @@ TEST_F(ExportFile, TellsWhatItCannotDoOnceUnlessQuiet) {
 
 TEST_F(ExportFile, TakesTheColumnsOfTheListAndTheFileFormatWhereTheMethodDoesNotRule) {
   for (const bool selectMethod : {false, true}) {
-    const auto exporter = NewSilentEngine();
+    const auto exporter = NewSilentExporter();
     exporter->SetColumnList("IP Address, Trap Details");
     exporter->SetFileFormat("MHTML");
     exporter->SetSelectMethod(selectMethod);
@@ -172,10 +172,10 @@ TEST_F(ExportFile, TakesTheColumnsOfTheListAndTheFileFormatWhereTheMethodDoesNot
 }
 
 TEST_F(ExportFile, WritesTextsAndPictures) {
-  EXPECT_TRUE(NewSilentEngine("text")->ExportText("one\r\n<two>", "txt", ""));
+  EXPECT_TRUE(NewSilentExporter("text")->ExportText("one\r\n<two>", "txt", ""));
   EXPECT_THAT(Read("text.txt").toStdString(), HasSubstr("one\r\n<two>"));
 
-  const auto pictures = NewSilentEngine("picture");
+  const auto pictures = NewSilentExporter("picture");
   pictures->SetImageFormat("GIF");
   pictures->SetImageWidth(640);
   pictures->SetImageHeight(400);
@@ -189,7 +189,7 @@ TEST_F(ExportFile, WritesTextsAndPictures) {
 TEST_F(ExportFile, CarriesOutEveryMethodThatItOffers) {
   InstallTool("xdg-mime", "sheets.desktop");
   InstallTool("xdg-open");
-  const auto exporter = NewEngine();
+  const auto exporter = NewExporter();
   const Picture picture{1, 1, {0}};
   const std::function<bool(ExportBackend&, const std::string&)> kinds[] = {
       [&](ExportBackend& e, const std::string& m) { return e.ExportTable(table_, m, ""); },
@@ -198,7 +198,7 @@ TEST_F(ExportFile, CarriesOutEveryMethodThatItOffers) {
   for (const int kind : {0, 1, 2}) {
     EXPECT_GE(exporter->ExportMethods(kind).size(), 3u);
     for (const ExportChoice& choice : exporter->ExportMethods(kind)) {
-      EXPECT_TRUE(kinds[kind](*NewSilentEngine(), choice.key)) << choice.key;
+      EXPECT_TRUE(kinds[kind](*NewSilentExporter(), choice.key)) << choice.key;
       EXPECT_EQ(exporter->MethodName(choice.key), choice.caption);
       EXPECT_NE(choice.caption, "");
     }

@@ -15,20 +15,20 @@ ExporterFixture::ExporterFixture() {
   owner_.show();
 }
 
-std::unique_ptr<ExportBackend> ExporterFixture::NewSilentEngine(const std::string& file) {
-  auto engine = NewEngine(file);
-  engine->SetSkipFieldSelection(true);
-  engine->SetSkipFilenameSelection(true);
-  return engine;
+std::unique_ptr<ExportBackend> ExporterFixture::NewSilentExporter(const std::string& file) {
+  auto exporter = NewExporter(file);
+  exporter->SetSkipFieldSelection(true);
+  exporter->SetSkipFilenameSelection(true);
+  return exporter;
 }
 
-std::unique_ptr<ExportBackend> ExporterFixture::NewEngine(const std::string& file) {
-  auto engine = factory_->Create();
-  engine->SetProgramName("Sentrel");
-  engine->SetProgramVersion("9.2.47");
-  engine->SetTitle("SNMP Traps");
-  engine->SetTargetFilename(Path(QString::fromStdString(file)));
-  return engine;
+std::unique_ptr<ExportBackend> ExporterFixture::NewExporter(const std::string& file) {
+  auto exporter = factory_->Create();
+  exporter->SetProgramName("Sentrel");
+  exporter->SetProgramVersion("9.2.47");
+  exporter->SetTitle("SNMP Traps");
+  exporter->SetTargetFilename(Path(QString::fromStdString(file)));
+  return exporter;
 }
 
 QByteArray ExporterFixture::Read(const QString& name) const {
@@ -52,7 +52,7 @@ void ExporterFixture::InstallTool(const QString& name, const QString& prints) {
 QByteArray ExporterFixture::WaitForTool(const QString& name) {
   const QString log = "bin/" + name + ".log";
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder_.filePath(log)); }, 20000));
-  const QByteArray arguments = Read(log);
+  QByteArray arguments = Read(log);
   QFile::remove(folder_.filePath(log));
   return arguments;
 }

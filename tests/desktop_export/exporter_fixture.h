@@ -23,10 +23,10 @@ class ExporterFixture : public testing::Test {
   ExporterFixture();
   ~ExporterFixture() override { qputenv("PATH", path_); }
 
-  /// An engine as the program sets one up, with the file as its suggestion.
-  std::unique_ptr<ExportBackend> NewEngine(const std::string& file = "Traps");
+  /// An exporter as the program sets one up, with the file as its suggestion.
+  std::unique_ptr<ExportBackend> NewExporter(const std::string& file = "Traps");
   /// One that asks for no columns and no file.
-  std::unique_ptr<ExportBackend> NewSilentEngine(const std::string& file = "Traps");
+  std::unique_ptr<ExportBackend> NewSilentExporter(const std::string& file = "Traps");
   std::string Path(const QString& name) const { return folder_.filePath(name).toStdString(); }
   QStringList Files() const {
     return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);

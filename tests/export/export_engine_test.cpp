@@ -127,7 +127,9 @@ TEST_F(ExportEngineTest, EveryKindGoesToItsOwnCallWithItsEmptyFormatsFilledIn) {
     for (const std::string method : {"PRINTER", "PREVIEW"}) {
       engine_.SetImageFormat("");
       print(method == "PREVIEW");
-      EXPECT_EQ(log_.calls.at(log_.calls.size() - 2), "Export" + before + method + after);
+      std::string call = "Export";
+      call.append(before).append(method).append(after);
+      EXPECT_EQ(log_.calls.at(log_.calls.size() - 2), call);
       EXPECT_EQ(script_.properties["FileFormat"], fillsFileFormat ? method : "");
       EXPECT_EQ(script_.properties["ImageFormat"], fillsImageFormat ? method : "");
     }

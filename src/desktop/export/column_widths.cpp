@@ -12,15 +12,16 @@ double Sum(const std::vector<double>& widths) {
   return std::accumulate(widths.begin(), widths.end(), 0.0);
 }
 
-/// Each column is as wide as all others, but not outside its own bounds.
+/// All columns are equally wide, except where their bounds forbid it.
 std::vector<double> Leveled(const std::vector<ColumnNeed>& needs, Bound low, Bound high,
                             double level) {
   std::vector<double> widths;
+  widths.reserve(needs.size());
   for (const ColumnNeed& need : needs) widths.push_back(std::clamp(level, need.*low, need.*high));
   return widths;
 }
 
-/// The room lies between the sums of the bounds.
+/// The room must lie between the sums of the bounds.
 std::vector<double> Filled(const std::vector<ColumnNeed>& needs, Bound low, Bound high,
                            double room) {
   constexpr int kSteps = 40;  // finer than any device

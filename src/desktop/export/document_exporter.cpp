@@ -149,8 +149,8 @@ TableContent DocumentExporter::Texts() const {
   return content;
 }
 
-/// The titles that are ticked at first are those of the column list, or else all but those that
-/// were left out last time.
+/// At first the titles of the column list are ticked or, without one, all but those that were left
+/// out last time.
 bool DocumentExporter::ChooseColumns(TableContent& content) {
   QStringList titles;
   QStringList leftOut = QString::fromStdString(session_.Desk().memory.LeftOutColumns()).split('\n');
@@ -197,7 +197,7 @@ bool DocumentExporter::ExportContent(const TableContent& content, const std::str
   return true;
 }
 
-/// The picture becomes as large as fits into the size of the settings.
+/// The picture is scaled to fit the size of the settings.
 bool DocumentExporter::ExportImage(const QImage& image, const std::string& method) {
   const ExportSettings& settings = session_.settings;
   FileOutput files(session_, opened_);

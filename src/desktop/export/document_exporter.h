@@ -12,9 +12,9 @@
 
 namespace sentrel {
 
-/// Prints, previews and writes tables, texts and pictures with the desktop's dialogs. The other
-/// kinds of object are refused with a message. A table is copied when its export begins: what
-/// arrives in it later changes nothing.
+/// Prints, previews and writes tables, texts and pictures with the desktop's dialogs. Other kinds
+/// of object are refused with a message. A table is copied when its export begins: traps that
+/// arrive later change nothing.
 class DocumentExporter : public ExportBackend {
  public:
   /// The opened files must outlive it.
@@ -88,7 +88,7 @@ class DocumentExporter : public ExportBackend {
   OpenedFiles& opened_;
 };
 
-/// The files that its exporters opened in other programs are removed with it.
+/// The files that its exporters open in other programs are removed with it.
 class DocumentExporterFactory : public ExportBackendFactory {
  public:
   explicit DocumentExporterFactory(const ExportDesk& desk) : desk_(desk) {}

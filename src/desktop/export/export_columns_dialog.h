@@ -8,7 +8,7 @@
 
 namespace sentrel {
 
-/// Asks which columns to take: a check list, and at least one column.
+/// Asks which columns to take, at least one.
 class ExportColumnsDialog : public QDialog {
   Q_OBJECT
  public:

@@ -53,8 +53,8 @@ void FileOutput::OpenDirectly(const FileKind& kind, const FileWriter& writer) {
 
 QString FileOutput::SuggestedFile() const {
   const ExportSettings& settings = session_.settings;
-  const QString target = QString::fromStdString(settings.targetFilename);
-  const QString name = target.isEmpty() ? "Export" : target;
+  QString name = QString::fromStdString(settings.targetFilename);
+  if (name.isEmpty()) name = "Export";
   if (settings.initDir.empty()) return name;
   return QDir(QString::fromStdString(settings.initDir)).filePath(name);
 }

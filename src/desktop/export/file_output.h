@@ -13,18 +13,18 @@ namespace sentrel {
 /// Makes the bytes of a file.
 using FileWriter = std::function<std::string(Progress& progress)>;
 
-/// Brings an export into a file, whole or not at all. A file that was written becomes the target of
-/// the session. All members throw Failure and Cancelled.
+/// Writes an export to a file, whole or not at all. The file becomes the target of the session's
+/// settings. Used on the event loop; all members throw Failure and Cancelled.
 class FileOutput {
  public:
   /// Both must outlive the output.
   FileOutput(ExportSession& session, OpenedFiles& opened) : session_(session), opened_(opened) {}
 
-  /// Asks for the file unless the settings skip that. False when the user gives up.
+  /// Asks for the file, unless the settings skip that. False if the user cancels.
   bool Save(const FileKind& kind, const FileWriter& writer);
   void SaveTo(const QString& filename, const FileWriter& writer);
-  /// Writes a file that is gone with the program, and opens it in the program that the desktop has
-  /// for it. It is read-only, so that nobody's changes go with it.
+  /// Writes a file that is removed when Sentrel ends, and opens it in the desktop's program for it.
+  /// It is read-only, so that nobody's changes are lost with it.
   void OpenDirectly(const FileKind& kind, const FileWriter& writer);
 
  private:

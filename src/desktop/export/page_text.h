@@ -14,7 +14,7 @@ class PageText {
  public:
   explicit PageText(const QFont& font) : font_(font), metrics_(font) {}
 
-  /// The width of a line; of a very long one the beginning counts.
+  /// The width of a line; of a very long one, that of its beginning.
   double Width(const QString& line);
   /// The lines of the text, each at most `width` wide.
   QStringList Wrapped(const std::string& text, double width);
@@ -22,7 +22,7 @@ class PageText {
  private:
   QFont font_;
   QFontMetricsF metrics_;
-  QHash<QString, double> widths_;  // of lines met before; most come again
+  QHash<QString, double> widths_;  // of lines seen before; most occur again
 };
 
 /// The lines of a text as pages show them, at least one.

@@ -43,7 +43,7 @@ PageView::PageView(QWidget* parent) : QGraphicsView(parent) {
   setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   setDragMode(QGraphicsView::ScrollHandDrag);
   setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  // A bar that comes and goes would change the width that the pages are fitted to.
+  // A bar that comes and goes would change the width that pages are fitted to.
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 

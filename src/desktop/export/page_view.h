@@ -8,22 +8,22 @@
 
 namespace sentrel {
 
-/// Shows pages one below the other and zooms. Only what can be seen is painted, so that the number
-/// of pages does not matter.
+/// Shows pages one below the other, at any zoom. Only visible pages are painted, so that their
+/// number does not matter. Used on the event loop.
 class PageView : public QGraphicsView {
   Q_OBJECT
  public:
   explicit PageView(QWidget* parent);
 
-  /// Shows these pages in place of the others, at the same page and zoom.
+  /// Shows these pages instead of the earlier ones, at the same page and zoom.
   void ShowPages(std::shared_ptr<const PrintablePages> pages);
-  /// The page at the upper edge, counted from 1.
+  /// The page at the top of the view, counted from 1.
   int CurrentPage() const;
   void GoTo(int page);
-  /// The zoom follows the size of the view until it is set by hand.
+  /// The zoom then follows the size of the view, until ZoomBy.
   void FitWidth();
   void FitPage();
-  /// Multiplies the zoom, within 10 % and 800 % of the paper.
+  /// Multiplies the zoom; the result is between 10 % and 800 % of the real size.
   void ZoomBy(double factor);
 
  signals:

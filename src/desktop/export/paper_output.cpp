@@ -46,8 +46,8 @@ bool PaperOutput::SavePdf() {
   return files_.Save({"PDF file", "pdf"}, PdfWriter(paper, {}));
 }
 
-/// The toolkit's dialog can also ask for a PDF file. It comes back with everything as it was chosen
-/// when that file cannot be written.
+/// The toolkit's dialog can also choose a PDF file. If that cannot be written, the dialog comes
+/// back with everything as it was chosen.
 bool PaperOutput::Print() {
   QPrinter& printer = Printer();
   if (session_.settings.quiet) {
@@ -63,7 +63,7 @@ bool PaperOutput::Print() {
   return false;
 }
 
-/// What a printer has been given cannot be taken back: the work can be given up only before that.
+/// A printer cannot be told to forget what it has been given, so only the layout can be cancelled.
 bool PaperOutput::PrintOn(QPrinter& printer) {
   const QPageLayout paper = printer.pageLayout();
   if (!printer.outputFileName().isEmpty()) {

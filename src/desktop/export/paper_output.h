@@ -11,16 +11,17 @@
 
 namespace sentrel {
 
-/// All that shows an export as pages: printer, preview and PDF file take the same pages, and a PDF
-/// file is written in the same way whether the export or the print dialog asked for it.
+/// Everything that shows an export as pages. Printer, preview and PDF file use the same pages, and
+/// a PDF file is written in the same way whether an export or the print dialog asks for it. Used on
+/// the event loop.
 class PaperOutput {
  public:
-  /// All but the function must outlive the output.
+  /// Session and files must outlive the output.
   PaperOutput(ExportSession& session, FileOutput& files, PageMaker makePages)
       : session_(session), files_(files), makePages_(std::move(makePages)) {}
 
-  /// Whether it was done, for the methods "PRINTER", "PREVIEW" and "PDF" in any case; nothing for
-  /// another method. Throws Failure and Cancelled.
+  /// Carries out "PRINTER", "PREVIEW" or "PDF", in any case of letters, and returns whether it was
+  /// done; nothing for any other method. Throws Failure and Cancelled.
   std::optional<bool> CarryOut(const std::string& method);
 
  private:
@@ -38,7 +39,7 @@ class PaperOutput {
   ExportSession& session_;
   FileOutput& files_;
   PageMaker makePages_;
-  Pages pages_;  // those made last
+  Pages pages_;  // the last that were made
   std::unique_ptr<QPrinter> printer_;
 };
 

@@ -20,13 +20,12 @@ class PicturePages : public PrintablePages {
   QRectF place_;
 };
 
-/// A copy. Throws Failure where the sizes do not fit the pixels.
+/// A copy. Throws Failure if the size does not match the number of pixels.
 QImage ToImage(const Picture& picture);
 
-/// Whether this system writes pictures of a format, named by its file extension in any case.
+/// Whether the toolkit can write a picture format, named by its file extension in any case.
 bool CanWriteImage(const std::string& format);
-/// The extension, in lower case, of the format to write: PNG in place of one that cannot be
-/// written.
+/// The extension, in lower case, of the format to write: PNG instead of one that cannot be written.
 QString ImageExtension(const std::string& format);
 /// The bytes of a file. Throws Failure.
 QByteArray EncodeImage(const QImage& image, const QString& extension);

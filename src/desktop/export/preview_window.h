@@ -10,7 +10,8 @@
 
 namespace sentrel {
 
-/// Shows pages as they will be printed. Printing and the choice of the paper are its owner's.
+/// Shows pages as they will be printed. Whoever opens it prints and chooses the paper. Used on the
+/// event loop.
 class PreviewWindow : public QDialog {
   Q_OBJECT
  public:

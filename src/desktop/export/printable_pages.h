@@ -11,18 +11,18 @@
 
 namespace sentrel {
 
-/// All measures of pages are in this many units per inch, whatever shows or prints them.
+/// All lengths on pages are in this many units per inch, whatever device shows or prints them.
 inline constexpr int kPaperDpi = 600;
 
-/// Something laid out on sheets of one paper, as preview, printer and PDF file show it alike. It
-/// never changes. Used on the event loop.
+/// Something laid out on sheets of one kind of paper, the same for preview, printer and PDF file.
+/// Never changes. Used on the event loop.
 class PrintablePages {
  public:
   explicit PrintablePages(const QPageLayout& paper) : paper_(paper) {}
   virtual ~PrintablePages() = default;
 
   const QPageLayout& Paper() const { return paper_; }
-  /// What may be painted of a sheet, margins left out.
+  /// The sheet without its margins.
   QSizeF Area() const { return paper_.paintRectPixels(kPaperDpi).size(); }
   /// At least 1.
   virtual int Count() const = 0;
@@ -34,12 +34,12 @@ class PrintablePages {
   QPageLayout paper_;
 };
 
-/// Lays an object out on a paper; never gives null. Throws Cancelled.
+/// Lays an object out on paper; never returns null. Throws Cancelled.
 using PageMaker =
     std::function<std::unique_ptr<PrintablePages>(const QPageLayout& paper, Progress& progress)>;
 
-/// Paints the pages of the range, which are counted from 1; an empty range is all of them. Throws
-/// Failure where the range holds none of the pages or the device does not take them, and Cancelled.
+/// Paints the pages of a range, counted from 1; an empty range means all. Throws Cancelled, and
+/// Failure if the range contains none of the pages or the device does not accept them.
 void PaintPages(const PrintablePages& pages, const QPageRanges& range, QPagedPaintDevice& device,
                 Progress& progress);
 

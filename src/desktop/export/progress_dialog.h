@@ -9,17 +9,17 @@
 
 namespace sentrel {
 
-/// Work that takes longer than this shows how far it has come.
+/// A task that takes longer than this shows how far it has come.
 inline constexpr std::chrono::milliseconds kSilentWork{300};
 
-/// Whether the user may give a work up.
+/// Whether the user may cancel the task.
 enum class CancelButton { Shown, Hidden };
 
-/// Shows a dialog over work that takes long, counted from the first call of Advance, and handles
-/// events while it is open. Used on the event loop.
+/// Shows a dialog if a task takes long, counted from the first call of Advance, and handles events
+/// while it is open. Used on the event loop.
 class ProgressDialog : public Progress {
  public:
-  /// The dialog stands above the owner, which must outlive it; null is no owner.
+  /// The dialog opens above the owner, which must outlive it; null means no owner.
   ProgressDialog(QWidget* owner, const QString& what, CancelButton button = CancelButton::Shown,
                  std::chrono::milliseconds silence = kSilentWork);
 

@@ -13,9 +13,8 @@ struct FileKind {
 };
 
 /// Asks for the file to write, starting from a suggestion whose folder may be read-only, and writes
-/// it. Where `write` gives false, having told why, and where an existing file is to be kept, it
-/// asks again with everything as it was chosen. False when the user gives up. Throws what `write`
-/// throws.
+/// it. If `write` returns false, having told why, or if the user keeps an existing file, it asks
+/// again with everything as it was chosen. False if the user cancels. Throws what `write` throws.
 bool SaveAs(QWidget* owner, const QString& suggestion, const FileKind& kind,
             const std::function<bool(const QString& filename)>& write);
 

@@ -56,7 +56,7 @@ void WriteMail(const QStringList& arguments) {
   Start(tool, arguments);
 }
 
-/// A page shown as text; an archive holds one page behind its second header.
+/// A web page as plain text; in a web archive the page follows the second header.
 QString TextOf(const QString& filename) {
   QFile file(filename);
   if (!file.open(QIODevice::ReadOnly)) {

@@ -126,7 +126,7 @@ std::size_t TablePages::AddBlock(PageText& text, Kind kind, const std::vector<st
   return blocks_.size() - 1;
 }
 
-/// A block that fits on a page is not split; another begins where there is room for a line.
+/// A block that fits on one page is not split; a taller one starts wherever a line has room.
 void TablePages::Place(std::size_t block) {
   const Kind kind = blocks_[block].kind;
   const int lines = blocks_[block].lines;

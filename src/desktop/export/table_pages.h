@@ -11,8 +11,8 @@
 namespace sentrel {
 
 /// A document as pages: title and date above each, the titles of the columns above each part of the
-/// table, the number of the page below. A row that is taller than a page goes on on the next; no
-/// text is cut.
+/// table, the page number below. A row that is taller than a page continues on the next; no text is
+/// cut.
 class TablePages : public PrintablePages {
  public:
   /// The content must outlive the pages. Throws Cancelled.
@@ -69,7 +69,7 @@ class TablePages : public PrintablePages {
   double y_ = 0;  // where the next piece goes
   std::vector<double> widths_;
   std::vector<Block> blocks_;
-  std::size_t titles_ = 0;  // the block that every page of the table begins with
+  std::size_t titles_ = 0;  // the block at the top of every page of the table
   bool inTable_ = false;
   std::vector<Page> pages_;
 };
