@@ -43,7 +43,7 @@ TEST_F(HostileTextTest, NoTextReachesAnotherRow) {
   const QImage last = PictureOf(1);
   ASSERT_GT(last.height(), 10);
   for (const std::string& text : texts) {
-    Tool("Edit:Clear").trigger();
+    Choose("Edit:Clear");
     SendText("plain");
     SendText(text, text.substr(0, 101));
     SendText("plain");
@@ -71,7 +71,7 @@ TEST_F(HostileTextTest, TheNameOfAFileIsNoMarkup) {
       box.reject();
     });
     user.Escape("QFileDialog");
-    Tool("Edit:SaveTrap").trigger();
+    Choose("Edit:SaveTrap");
   }
 }
 

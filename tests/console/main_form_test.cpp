@@ -25,10 +25,12 @@ TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
   EXPECT_EQ(window.helpContext, 9100);
 }
 
-TEST_F(MainFormTest, TheRawToolShowsTheStoredOptionAndANegativeResultIsNoFailure) {
+TEST_F(MainFormTest, TheStoredOptionsAreShownAndANegativeResultIsNoFailure) {
   settings.SetRaw(true);
+  settings.SetDeviceFilterActive(true);
   snmp.startResult = -1;
   Main(application, form, offerTip);
+  EXPECT_THAT(table.EmptyText(), testing::HasSubstr("Device filtering is on"));
   EXPECT_EQ(tools.Tools("Edit:Raw").State(), 1);
   EXPECT_EQ(tools.Tools("Edit:Pause").State(), 0);
   EXPECT_THAT(log.calls, Contains("Show"));

@@ -1,3 +1,5 @@
+#include <QAccessible>
+#include <QDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -47,7 +49,7 @@ TEST_F(Menus, EachOpensByItsAccessLetter) {
     QTest::keyClick(OpenMenu(), Qt::Key_Escape);
     EXPECT_FALSE(OpenMenu());
   }
-  EXPECT_THAT(chosen, ElementsAre());
+  EXPECT_THAT(Chosen(), ElementsAre());
 }
 
 TEST_F(Menus, AccessLettersChooseEntriesAlsoOfASubmenu) {
@@ -58,7 +60,7 @@ TEST_F(Menus, AccessLettersChooseEntriesAlsoOfASubmenu) {
   QTest::keyClick(OpenMenu(), Qt::Key_E);
   EXPECT_EQ(Entries(*OpenMenu()), Planned("Menu:ExportMenu"));
   QTest::keyClick(OpenMenu(), Qt::Key_H);
-  EXPECT_THAT(chosen, ElementsAre("Main:PrintPreview", "Export:HTML"));
+  EXPECT_THAT(Chosen(), ElementsAre("Main:PrintPreview", "Export:HTML"));
 }
 
 TEST_F(Menus, NoToolHasAShortcutOrIsDisabled) {
@@ -76,9 +78,10 @@ TEST_F(Menus, TheToolbarTogglesAndItsMenuFollows) {
   Show();
   auto* toolBar = window.findChild<QToolBar*>("ToolBar");
   EXPECT_EQ(Entries(*toolBar), Planned("ToolBar"));
-  auto* pause = qobject_cast<QToolButton*>(toolBar->widgetForAction(&Action("Edit:Pause")));
+  auto* pause = qobject_cast<QToolButton*>(&Button("Edit:Pause"));
   for (const int state : {1, 0}) {
     QTest::mouseClick(pause, Qt::LeftButton);
+    EXPECT_EQ(Chosen().size(), 2U - static_cast<unsigned>(state));
     EXPECT_EQ(tools.Tools("Edit:Pause").State(), state);
     EXPECT_EQ(pause->isChecked(), state == 1);
     EXPECT_EQ(Action("Edit:Pause").isChecked(), state == 1);
@@ -90,13 +93,11 @@ TEST_F(Menus, TheToolbarTogglesAndItsMenuFollows) {
 }
 
 TEST_F(Menus, TheToolbarShowsShortCaptionsAndHints) {
-  auto* toolBar = window.findChild<QToolBar*>("ToolBar");
   tools.SetHintTime(std::chrono::seconds(10));
-  auto* settings = qobject_cast<QToolButton*>(toolBar->widgetForAction(&Action("Main:Settings")));
+  auto* settings = qobject_cast<QToolButton*>(&Button("Main:Settings"));
   EXPECT_EQ(settings->text(), "Settings");
   EXPECT_EQ(Action("Main:Settings").text(), "&Settings ...");
-  EXPECT_EQ(toolBar->widgetForAction(&Action("Edit:Pause"))->toolTip(),
-            "Suspend/Resume Trap Collection");
+  EXPECT_EQ(Button("Edit:Pause").toolTip(), "Suspend/Resume Trap Collection");
   EXPECT_EQ(settings->toolTipDuration(), 10'000);
 }
 
@@ -106,12 +107,16 @@ TEST_F(Menus, TheEditMenuIsTheContextMenuOfTheTable) {
   const auto pressRight = [&] {
     QTest::mousePress(View().viewport(), Qt::RightButton, {}, QPoint(5, 5));
   };
+  const auto pressRightOnATitle = [&] {
+    QTest::mousePress(View().Header()->viewport(), Qt::RightButton, {}, QPoint(5, 5));
+  };
   const auto pressMenuKey = [&] {
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), View().mapToGlobal(QPoint()));
     QApplication::sendEvent(&View(), &event);
   };
   const auto pressShiftF10 = [&] { QTest::keyClick(&View(), Qt::Key_F10, Qt::ShiftModifier); };
-  const std::function<void()> ways[] = {pressRight, pressMenuKey, pressShiftF10};
+  const std::function<void()> ways[] = {pressRight, pressRightOnATitle, pressMenuKey,
+                                        pressShiftF10};
   for (const int rows : {3, 1}) {
     table.SetRows(rows);
     const int row = table.Row();
@@ -123,7 +128,7 @@ TEST_F(Menus, TheEditMenuIsTheContextMenuOfTheTable) {
       EXPECT_EQ(table.Row(), row) << "the selection stays as it was";
     }
   }
-  EXPECT_EQ(chosen, std::vector<std::string>(6, "Edit:SelectAll"));
+  EXPECT_EQ(Chosen(), std::vector<std::string>(8, "Edit:SelectAll"));
 }
 
 TEST_F(Menus, TheMenuKeyOpensTheMenuOnTheSelectedRow) {
@@ -138,10 +143,42 @@ TEST_F(Menus, TheMenuKeyOpensTheMenuOnTheSelectedRow) {
 
 TEST_F(Menus, EveryMouseButtonIsToldOnce) {
   Show();
-  for (const auto button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
-    QTest::mouseClick(View().viewport(), button, {}, QPoint(5, 5));
+  for (QWidget* pressed : {View().viewport(), View().Header()->viewport()}) {
+    buttons.clear();
+    for (const auto button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+      QTest::mouseClick(pressed, button, {}, QPoint(5, 5));
+    }
+    EXPECT_THAT(buttons, ElementsAre(1, 4, 2));
   }
-  EXPECT_THAT(buttons, ElementsAre(1, 4, 2));
+}
+
+/// As assistive technology does.
+void Press(QAccessibleInterface* control) {
+  ASSERT_TRUE(control && control->actionInterface());
+  control->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+}
+
+TEST_F(Menus, AssistiveTechnologyPressesWithoutWaitingAndAMenuOpensAtItsButton) {
+  Show();
+  QWidget& button = Button("Main:Export");
+  Press(QAccessible::queryAccessibleInterface(&button));
+  EXPECT_THAT(chosen, ElementsAre()) << "the call is back before anything has opened";
+  EXPECT_THAT(Chosen(), ElementsAre("Main:Export"));
+  ASSERT_TRUE(OpenMenu());
+  EXPECT_EQ(OpenMenu()->pos(), button.mapToGlobal(button.rect().bottomLeft()));
+  Press(QAccessible::queryAccessibleInterface(OpenMenu())->child(0));
+  EXPECT_EQ(chosen.size(), 1);
+  EXPECT_THAT(Chosen(), ElementsAre("Main:Export", "Export:CDF"));
+}
+
+TEST_F(Menus, NothingIsChosenWhileADialogIsOpen) {
+  Show();
+  QDialog dialog(&window);
+  dialog.open();
+  Press(QAccessible::queryAccessibleInterface(&Button("Edit:Pause")));
+  EXPECT_THAT(Chosen(), ElementsAre());
+  EXPECT_FALSE(Action("Edit:Pause").isChecked());
+  EXPECT_EQ(tools.Tools("Edit:Pause").State(), 0);
 }
 
 TEST_F(Menus, TheStatusBarShowsItsOneTextOnly) {

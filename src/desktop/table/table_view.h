@@ -29,9 +29,6 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   int RowAt(int y) const { return scroller_.RowAt(y); }
   int BottomRow() const { return scroller_.BottomRow(); }
 
-  /// How Table::MouseDown numbers the right button.
-  static constexpr int kRightButton = 2;
-
  signals:
   /// The user asks for the context menu by key; it belongs at this place of the viewport.
   void MenuKeyPressed(const QPoint& place);
@@ -47,6 +44,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  /// The titles are row 0 of the table: a button that is pressed on them is told as well.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void RowInserted(int row) override { scroller_.RowInserted(row); }
@@ -58,6 +57,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void SyncPlaces();
   void SyncColumns();
   void SyncScrollBars();
+  void SyncDescription();
   /// Has the view painted in the next turn of the event loop. What the user does asks for it
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
@@ -70,6 +70,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   int KeyTarget(int key) const;
   void PressMenuKey();
   void DragTo(int y);
+  /// The place is one of the viewport.
+  void TellMouseDown(const QMouseEvent& event, const QPoint& place);
 
   Table& table_;
   QHeaderView* header_;
