@@ -27,23 +27,13 @@ TEST(FramePacer, AnyNumberOfRequestsGetsOneFrameAndNoneIsForgotten) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return frames == 1; }));
   for (int i = 0; i < 100; ++i) pacer.Request();
   EXPECT_TRUE(QTest::qWaitFor([&] { return frames == 3; })) << "also one asked for by a frame";
-}
-
-TEST(FramePacer, AFrameAfterAStormWaitsForTheIntervalOfTheStorm) {
-  int frames = 0;
-  QElapsedTimer sinceFrame;
-  FramePacer pacer([&] {
-    ++frames;
-    sinceFrame.start();
-  });
-  pacer.Request();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return frames == 1; }));
   for (int i = 0; i < 100'000; ++i) pacer.Request();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return frames == 2; }));
-  const qint64 started = sinceFrame.msecsSinceReference();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return frames == 4; }));
+  QElapsedTimer sinceStorm;
+  sinceStorm.start();
   pacer.Request();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return frames == 3; }));
-  EXPECT_GE(sinceFrame.msecsSinceReference() - started, 450);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return frames == 5; }));
+  EXPECT_GE(sinceStorm.elapsed(), 400) << "after a storm it takes its time";
 }
 
 }  // namespace
