@@ -12,7 +12,8 @@ namespace sentrel {
 /// The help page that every window of the program opens with the help key.
 inline constexpr int kHelpContext = 9100;
 
-/// The main window's logic: load, layout of the table, shut-down.
+/// The main window's logic: load, layout of the table, shut-down. Used on the event loop only; all
+/// that it is given must outlive it.
 class MainForm : public MainWindowEvents {
  public:
   MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox,

@@ -6,7 +6,8 @@ namespace sentrel {
 
 enum class Restore { No, Yes };
 
-/// Keeps the selection of the table on the same traps while rows are inserted above them.
+/// Keeps the selection of the table on the same traps while rows are inserted above them. Used on
+/// the event loop only; the table must outlive it.
 class SelectionKeeper {
  public:
   explicit SelectionKeeper(Table& table) : table_(table) {}

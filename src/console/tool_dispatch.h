@@ -31,6 +31,7 @@ struct Commands {
 };
 
 /// Routes a chosen tool, by category and name, to what it runs. A command that throws ends quietly.
+/// Used on the event loop only; all that it is given must outlive it.
 class ToolDispatch : public ToolBarsEvents {
  public:
   ToolDispatch(MainWindow& window, MainForm& mainForm, TableCommands& tableCommands,

@@ -5,7 +5,6 @@
 #include <set>
 
 #include "common/failure.h"
-#include "common/text.h"
 
 namespace sentrel {
 namespace {
@@ -46,16 +45,6 @@ TEST(ToolTable, EveryPlaceNamesAToolAndEveryToolHasAPlaceButTheFilterTools) {
   for (const ToolDesign& tool : AllTools()) known.insert(tool.id);
   EXPECT_EQ(placed, known);
   EXPECT_EQ(AllTools().size(), known.size() - 1) << "a tool stands twice";
-}
-
-TEST(ToolTable, EverySubmenuHasAMenuAndEveryCaptionOneAccessLetter) {
-  std::set<std::string_view> menus;
-  for (const ToolList& menu : AllMenus()) menus.insert(menu.name);
-  for (const ToolDesign& tool : AllTools()) {
-    EXPECT_EQ(menus.contains(tool.id), tool.kind == ToolKind::Submenu) << tool.id;
-    EXPECT_EQ(Split(tool.caption, "&").size(), 2) << tool.caption;
-    EXPECT_NE(tool.caption.back(), '&');
-  }
 }
 
 }  // namespace

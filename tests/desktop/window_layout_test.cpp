@@ -1,5 +1,4 @@
 #include <QFile>
-#include <QScreen>
 #include <QTemporaryDir>
 
 #include "common/failure.h"
@@ -40,14 +39,6 @@ TEST_F(WindowLayoutTest, SizePositionAndVisibilityComeBackButNoStateOfATool) {
   EXPECT_EQ(next.toolBarArea(&Band(next)), Qt::LeftToolBarArea);
   EXPECT_TRUE(Band(next).isHidden());
   EXPECT_FALSE(next.findChild<QAction*>("Edit:Pause")->isChecked());
-}
-
-TEST_F(WindowLayoutTest, AWindowOutsideTheScreenIsBroughtIntoView) {
-  Arrange();
-  window.move(5000, 5000);
-  tools.SaveLayout(path);
-  nextTools.LoadLayout(path);
-  EXPECT_TRUE(next.screen()->availableGeometry().intersects(next.geometry()));
 }
 
 TEST_F(WindowLayoutTest, AnEmptyOrDamagedFileLeavesTheDesign) {

@@ -12,8 +12,14 @@
 
 namespace sentrel {
 
-/// Shows a Table and turns mouse and keys into changes of its selection and its column widths.
-/// It paints at most once per frame, and only the rows that are seen.
+/// Shows a Table and turns mouse and keys into changes of its selection and its column widths. Used
+/// on the event loop only.
+///
+/// The table holds all content, the selection and the widths; the view keeps nothing of them but
+/// layouts of rows by RowVersion. Titles, header, scroll bars and description are brought up to the
+/// table at each frame, and frames come at most as often as FramePacer lets them, so between two
+/// frames they may be behind the table. The scroller alone hears of rows at once. Only rows that
+/// are seen, and for the scroll bar the last ones, are looked at: others need not be made.
 class TableView : public QAbstractScrollArea, private TableObserver {
   Q_OBJECT
  public:
@@ -23,7 +29,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
 
   const Table& Content() const { return table_; }
   QHeaderView* Header() const { return header_; }
-  /// Where a cell stands in the viewport; a rectangle outside it for a row that is not seen.
+  /// Where a cell is in the viewport; a rectangle outside it for a row that is not seen.
   QRect CellRect(int row, int col);
   /// The data row at a height of the viewport, the nearest where there is none; 0 without rows.
   int RowAt(int y) const { return scroller_.RowAt(y); }
@@ -44,7 +50,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
-  /// The titles are row 0 of the table: a button that is pressed on them is told as well.
+  /// The titles are row 0 of the table: a button pressed on them is reported to the table as well.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -57,7 +57,7 @@ void MenusAndToolbar::AddAction(Tool& tool) {
   if (design.kind == ToolKind::Check) {
     action->setCheckable(true);
     action->setChecked(tool.State() != 0);
-    action->setIconVisibleInMenu(false);  // the check mark stands there
+    action->setIconVisibleInMenu(false);  // the check mark takes its place
   }
   actions_[design.id] = action;
 }
