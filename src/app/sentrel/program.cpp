@@ -90,12 +90,12 @@ Program::Program(const ProgramOptions& options)
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
-      toggles_(settings_, toolBars_, statusBar_),
+      pauseAndRaw_(settings_, table_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
       savedTrap_(table_, fileDialog_, listener_, trapWriter_),
       testTrap_(listener_, clock_, locale_, [this](const TrapObject& trap) { ShowSendForm(trap); }),
-      mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
+      mainForm_(window_, table_, listener_, messageBox_, pauseAndRaw_, layout_),
       browsers_(window_),
       help_(application_, RegistrySupport(registry_), browsers_, messageBox_),
       helpKey_([this](int context, const std::string& topic) {
@@ -105,7 +105,7 @@ Program::Program(const ProgramOptions& options)
       about_(application_, ThisProgram(), versions_, locale_, aboutDialogs_),
       tipDialogs_(window_, RegistrySupport(registry_), clock_),
       tips_(application_, ThisProgram(), RegistrySupport(registry_), tipDialogs_),
-      dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
+      dispatch_(window_, mainForm_, tableCommands_, pauseAndRaw_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }),
       forcedEnd_([this] {
         table_.SetObserver(nullptr);  // the last traps are for the log: there is no window any more

@@ -5,10 +5,10 @@
 
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
+#include "console/pause_and_raw.h"
 #include "console/row_builder.h"
 #include "console/saved_trap.h"
 #include "console/table_commands.h"
-#include "console/toggles.h"
 #include "console/tool_dispatch.h"
 #include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
@@ -114,7 +114,7 @@ class Program {
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;
-  Toggles toggles_;
+  PauseAndRaw pauseAndRaw_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;
   TrapDocumentWriter trapWriter_;
