@@ -100,6 +100,7 @@ TEST_F(SettingsDialogTest, HasItsPagesAndCaptions) {
       {"AddLabel", "Add New IP Address, Subnet, or Address Range"},
       {"cmdAddDeviceFilter", "Add "},
       {"ExamplesLabel", "Examples:"},
+      {"ExampleList", "10.0.1.23\n10.0.1.1 - 10.0.1.255\n10.0.1.0/24\n10.0.1.0/255.255.255.0"},
       {"ExampleNames", "Single IP Address\nIP Address Range\nSubnet\nSubnet"},
       {"cmdDeleteDeviceFilter", "Remove Selected Filter"},
       {"checkCommunity", "Enable SNMP Community Filtering"},
