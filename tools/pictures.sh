@@ -27,19 +27,20 @@ start_sentrel() {
   until grep -q ':00A2 ' /proc/net/udp6 /proc/net/udp; do sleep 0.1; done
 }
 
-# window TITLE: waits for the window, and writes its number.
-window() { xdotool search --sync --onlyvisible --name "$1" | tail -n 1; }
+# window TITLE: waits for the window, half a minute at most, and writes its number.
+window() { timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -n 1; }
 
 # press TITLE KEY...: the keys go to that window.
 press() {
   local target key
   target=$(window "$1")
+  : "${target:?There is no window $1}"
   shift
   until [ "$(xdotool getactivewindow 2>/dev/null)" = "$target" ]; do
     xdotool windowactivate "$target" 2>/dev/null || true  # the window manager may not be up yet
     sleep 0.3
   done
-  for key; do sleep 0.3; xdotool key "$key"; done
+  for key; do sleep 0.5; xdotool key "$key"; done
 }
 
 # close_tip: ends the tip of the day, which keeps all keys from the main window.
