@@ -27,14 +27,14 @@ start_sentrel() {
   until grep -q ':00A2 ' /proc/net/udp6 /proc/net/udp; do sleep 0.1; done
 }
 
-# window TITLE: waits for the window, half a minute at most, and writes its number.
+# window TITLE: waits for the window, half a minute at most, and writes its number. Assign what it
+# writes to a variable first: only then does a missing window end the script.
 window() { timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -n 1; }
 
 # press TITLE KEY...: the keys go to that window.
 press() {
   local target key
   target=$(window "$1")
-  : "${target:?There is no window $1}"
   shift
   until [ "$(xdotool getactivewindow 2>/dev/null)" = "$target" ]; do
     xdotool windowactivate "$target" 2>/dev/null || true  # the window manager may not be up yet
