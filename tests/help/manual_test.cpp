@@ -44,7 +44,7 @@ TEST(Manual, TellsOfEveryToolThatCanBeChosen) {
           return design.id == place.tool;
         });
         if (tool == tools.end()) continue;
-        QString caption = QString::fromUtf8(tool->caption.data(), tool->caption.size()).remove('&');
+        QString caption = QString::fromStdString(std::string(tool->caption)).remove('&');
         caption.remove(QRegularExpression(" \\.+$"));
         EXPECT_TRUE(commands.contains(caption)) << caption.toStdString();
       }
