@@ -1,7 +1,5 @@
 #include "snmp/listener_counters.h"
 
-#include <numeric>
-
 namespace sentrel {
 
 std::string_view OutcomeText(Outcome outcome) {
@@ -21,10 +19,6 @@ std::string_view OutcomeText(Outcome outcome) {
                                                                      "not decrypted",
                                                                      "not in time window"};
   return kTexts[static_cast<std::size_t>(outcome)];
-}
-
-std::uint64_t ListenerCounters::Received() const {
-  return std::accumulate(outcomes.begin(), outcomes.end(), std::uint64_t{0});
 }
 
 ListenerCounters SharedCounters::Read() const {

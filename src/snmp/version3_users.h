@@ -7,10 +7,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
-namespace sentrel {
+#include "platform/version3_user_store.h"
 
-/// How a version 3 message is protected (RFC 3411, section 3.4.3).
-enum class SecurityLevel { kNoAuthNoPriv = 1, kAuthNoPriv = 2, kAuthPriv = 3 };
+namespace sentrel {
 
 /// What authUser lines say: the least level of a user's messages, by the user's name.
 using LeastLevels = std::map<std::string, SecurityLevel, std::less<>>;
