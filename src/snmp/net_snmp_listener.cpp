@@ -52,7 +52,7 @@ std::int16_t NetSnmpListener::StartListening() {
   }
   try {
     receiver_ = std::make_unique<Receiver>(
-        socket, options_.receiveBuffer, queue_, counters_,
+        socket, options_.receiveBuffer, queue_, counters_, record_,
         [this]() -> SnmpLibrary& { return SetUpLibrary(); }, wake_);
     return 0;
   } catch (const std::exception& error) {

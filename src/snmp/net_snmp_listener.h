@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/reception_monitor.h"
 #include "platform/snmp.h"
 #include "snmp/listener_counters.h"
+#include "snmp/reception_record.h"
 #include "snmp/sender.h"
 #include "snmp/trap_queue.h"
 #include "snmp/trap_socket.h"
@@ -38,7 +40,7 @@ struct ListenerOptions {
 /// Receives notifications of versions 1, 2c and 3 over IPv4 and IPv6, on a thread of its own, and
 /// sends traps, also while it does not listen.
 /// Every member is for the event loop's thread. One listener at a time in a process.
-class NetSnmpListener final : public SNMP {
+class NetSnmpListener final : public SNMP, public ReceptionMonitor {
  public:
   /// `wake` is called on the receiver thread when traps have begun to wait; the event loop then
   /// calls Deliver until nothing is left. It must not throw. The observer must outlive this.
@@ -75,8 +77,15 @@ class NetSnmpListener final : public SNMP {
   bool Listening() const { return receiver_ != nullptr; }
   /// The port that is bound, 0 while not listening.
   std::uint16_t Port() const;
+
   /// Since this object was made.
-  ListenerCounters Counters() const { return counters_.Read(); }
+  ListenerCounters Counters() const override { return counters_.Read(); }
+  std::optional<LastDatagram> LastOf(Outcome outcome) const override {
+    return record_.LastOf(outcome);
+  }
+  std::vector<SeenDatagram> Refused() const override { return record_.Refused(); }
+  void SetWatching(bool watching) override { record_.SetWatching(watching); }
+  std::vector<SeenDatagram> TakeWatched() override { return record_.TakeWatched(); }
 
  private:
   int OpenSocket() const;
@@ -90,6 +99,7 @@ class NetSnmpListener final : public SNMP {
   Sender sender_;
   ListenFailure failure_;
   SharedCounters counters_;
+  ReceptionRecord record_;
   TrapQueue queue_;
   /// Taken off the queue, from next_ on not yet delivered.
   TrapBatch taken_;

@@ -19,6 +19,7 @@ NotificationParser::NotificationParser(Version3Guard& guard, NotificationSink si
           reply_) {}
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
+  isVersion3_ = false;
   MessageFrame frame;
   const Outcome framed = ReadFrame(datagram.bytes, frame);
   if (framed != Outcome::kAccepted) return framed;
@@ -48,6 +49,7 @@ Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message
 
 Outcome NotificationParser::ParseVersion3(const Datagram& datagram) {
   peer_ = &datagram.peer;
+  isVersion3_ = true;
   return session_.Parse(datagram);
 }
 

@@ -20,6 +20,9 @@ class NotificationParser {
   NotificationParser& operator=(const NotificationParser&) = delete;
 
   Outcome Parse(const Datagram& datagram);
+  /// What the guard has let pass of the datagram that was parsed last; null where that is not of
+  /// version 3, or did not pass.
+  const Version3Message* PassedVersion3() const { return isVersion3_ ? guard_.Passed() : nullptr; }
 
   std::uint64_t AnsweredInforms() const {
     return communityInforms_.Answered() + version3Informs_.Answered();
@@ -36,6 +39,8 @@ class NotificationParser {
   Version3Session session_;
   /// Of the version 3 message in hand.
   const Peer* peer_ = nullptr;
+  /// Whether the last datagram was one.
+  bool isVersion3_ = false;
   ArrivedTrap trap_;
   /// Apart, so that nobody without a key can push those with one out of memory.
   InformAnswers communityInforms_{sink_};

@@ -36,10 +36,12 @@ void BlockSignals(sigset_t& before) {
 }  // namespace
 
 Receiver::Receiver(int descriptor, int bufferBytes, TrapQueue& queue, SharedCounters& counters,
-                   std::function<SnmpLibrary&()> setUpLibrary, std::function<void()> wake)
+                   ReceptionRecord& record, std::function<SnmpLibrary&()> setUpLibrary,
+                   std::function<void()> wake)
     : socket_(descriptor, bufferBytes),
       queue_(queue),
       counters_(counters),
+      record_(record),
       setUpLibrary_(std::move(setUpLibrary)),
       wake_(std::move(wake)),
       port_(socket_.Port()),
@@ -89,9 +91,15 @@ bool Receiver::WaitForDatagrams() const {
   return waiting[1].revents == 0;
 }
 
+void Receiver::Handle(NotificationParser& parser, const Datagram& datagram) {
+  const Outcome outcome = parser.Parse(datagram);
+  counters_.Count(outcome);
+  if (record_.Wants(outcome)) record_.Note(datagram, outcome, "", parser.PassedVersion3());
+}
+
 std::size_t Receiver::HandleBatch(NotificationParser& parser) {
   const auto batch = socket_.ReadBatch();
-  for (const Datagram& datagram : batch) counters_.Count(parser.Parse(datagram));
+  for (const Datagram& datagram : batch) Handle(parser, datagram);
   counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
   if (queue_.Publish()) wake_();

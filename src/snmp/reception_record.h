@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "common/coarse_clock.h"
+#include "platform/reception_monitor.h"
+#include "snmp/datagram.h"
+#include "snmp/version3_guard.h"
+
+namespace sentrel {
+
+/// Remembers datagrams that were refused, and while watching all others too, in memory alone. The
+/// receiver thread writes, the event loop reads. A datagram that is accepted while nobody watches
+/// costs one look at a flag; a flood of refused ones is remembered in samples, so that it costs no
+/// more than kMostDetailsInSecond readings a second.
+class ReceptionRecord {
+ public:
+  static constexpr int kMostDetailsInSecond = 1'000;
+  static constexpr std::size_t kMostWatched = 5'000;
+
+  /// Whether Note wants to hear of a datagram.
+  bool Wants(Outcome outcome) const {
+    return outcome != Outcome::kAccepted || watching_.load(std::memory_order_relaxed);
+  }
+  /// For the receiver thread.
+  void Note(const Datagram& datagram, Outcome outcome, std::string_view hint,
+            const Version3Message* decrypted);
+
+  std::optional<ReceptionMonitor::LastDatagram> LastOf(Outcome outcome) const;
+  std::vector<SeenDatagram> Refused() const;
+  void SetWatching(bool watching);
+  std::vector<SeenDatagram> TakeWatched();
+
+ private:
+  struct Last {
+    std::chrono::system_clock::time_point arrival;
+    std::optional<Peer> peer;
+  };
+  /// Whether one more datagram may be read in detail in this second.
+  bool MayDescribe();
+
+  std::atomic<bool> watching_ = false;
+  // The receiver's.
+  CoarseClock::time_point second_;
+  int described_ = 0;
+
+  mutable std::mutex mutex_;
+  // All of these are guarded by mutex_.
+  std::array<Last, kOutcomes> last_;
+  /// The newest comes last.
+  std::deque<SeenDatagram> refused_;
+  std::vector<SeenDatagram> watched_;
+};
+
+}  // namespace sentrel
