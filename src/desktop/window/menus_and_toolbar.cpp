@@ -21,7 +21,11 @@ QString Text(std::string_view text) {
 }  // namespace
 
 MenusAndToolbar::MenusAndToolbar(ToolBars& toolBars, QMainWindow& window)
-    : QObject(&window), toolBars_(toolBars), window_(window), place_(window) {
+    : QObject(&window),
+      toolBars_(toolBars),
+      window_(window),
+      place_(window),
+      viewMenu_(new QMenu(tr("&View"), &window)) {
   for (Tool& tool : toolBars_.Tools()) AddAction(tool);
   for (const ToolList& menu : AllMenus()) Fill(*ActionOf(menu.name).menu(), menu);
   for (const ToolList& band : AllBands()) {
@@ -31,7 +35,17 @@ MenusAndToolbar::MenusAndToolbar(ToolBars& toolBars, QMainWindow& window)
       AddToolBar(band);
     }
   }
+  viewMenu_->menuAction()->setObjectName("ViewMenu");
+  window_.menuBar()->insertMenu(&ActionOf("Menu:TrapsMenu"), viewMenu_);
   toolBars_.SetView(this);
+}
+
+QAction& MenusAndToolbar::AddViewCommand(const QString& caption, const QKeySequence& shortcut,
+                                         std::function<void()> run) {
+  QAction* action = viewMenu_->addAction(caption);
+  action->setShortcut(shortcut);
+  connect(action, &QAction::triggered, this, std::move(run), Qt::QueuedConnection);
+  return *action;
 }
 
 MenusAndToolbar::~MenusAndToolbar() {

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QPoint>
 #include <QToolBar>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -20,6 +21,10 @@ class MenusAndToolbar : public QObject, private ToolBarsView {
   /// Becomes a child of the window. The control must outlive it.
   MenusAndToolbar(ToolBars& toolBars, QMainWindow& window);
   ~MenusAndToolbar() override;
+
+  /// Adds a command of the view's own, which is no tool, to the end of the View menu.
+  QAction& AddViewCommand(const QString& caption, const QKeySequence& shortcut,
+                          std::function<void()> run);
 
   /// Where on the screen pop-up menus open from now on: there, or at the mouse.
   void SetPopupPlace(std::optional<QPoint> place) { popupPlace_ = place; }
@@ -48,6 +53,7 @@ class MenusAndToolbar : public QObject, private ToolBarsView {
   std::map<std::string_view, QAction*> actions_;
   WindowPlace place_;
   std::optional<QPoint> popupPlace_;
+  QMenu* viewMenu_;
 };
 
 }  // namespace sentrel

@@ -22,6 +22,8 @@ class TrapWindow : public QMainWindow, public MainWindow {
   /// Must outlive the window.
   void SetEvents(MainWindowEvents& events) { events_ = &events; }
 
+  MenusAndToolbar& Menus() { return *tools_; }
+
   void SetCaption(const std::string& caption) override;
   void SetHelpContext(int number) override;
   int TextWidth(const std::string& text) const override;

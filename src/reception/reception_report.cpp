@@ -1,0 +1,76 @@
+#include "reception/reception_report.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include "common/visible_text.h"
+
+namespace sentrel {
+namespace {
+
+std::string CountLines(const std::vector<Reason>& reasons) {
+  std::string text = "Datagrams since the start\n";
+  for (const Reason& reason : reasons) {
+    if (reason.count == 0) continue;
+    text += fmt::format("{:>12}  {}", reason.count, reason.text);
+    if (reason.last) {
+      text += fmt::format(", last {} from {}", TimeText(reason.last->arrival), reason.last->sender);
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+std::string Line(const SeenDatagram& seen, const std::string& notification,
+                 const std::string& verdict) {
+  std::string text = fmt::format("{}  {}", TimeText(seen.arrival), seen.sender);
+  for (const std::string& part : {VersionText(seen), notification, verdict}) {
+    if (!part.empty()) text += ", " + part;
+  }
+  return VisibleText(text) + "\n";
+}
+
+}  // namespace
+
+std::string TimeText(std::chrono::system_clock::time_point moment) {
+  const auto milliseconds =
+      std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()).count();
+  const std::tm local = fmt::localtime(std::chrono::system_clock::to_time_t(moment));
+  return fmt::format("{:%Y-%m-%d %H:%M:%S}.{:03}", local, milliseconds % 1000);
+}
+
+std::string VersionText(const SeenDatagram& seen) {
+  if (!seen.version) return "";
+  std::string text = seen.version == 2 ? "SNMPv2c" : fmt::format("SNMPv{}", *seen.version);
+  if (!seen.level) return text;
+  switch (*seen.level) {
+    case SecurityLevel::kNoAuthNoPriv:
+      return text + ", not signed";
+    case SecurityLevel::kAuthNoPriv:
+      return text + ", signed";
+    case SecurityLevel::kAuthPriv:
+      return text + ", signed and encrypted";
+  }
+  return text;
+}
+
+std::string RefusalText(const SeenDatagram& seen) {
+  std::string text(ReasonText(seen.outcome));
+  if (!seen.hint.empty()) text += ". " + seen.hint;
+  return text;
+}
+
+std::string ReceptionReport(const std::vector<Reason>& reasons,
+                            const std::vector<SeenDatagram>& refused,
+                            const std::deque<WatchedDatagram>& watched) {
+  std::string text = CountLines(reasons);
+  if (!refused.empty()) text += "\nRefused, the newest first\n";
+  for (const SeenDatagram& seen : refused) text += Line(seen, "", RefusalText(seen));
+  if (!watched.empty()) text += "\nWatched, the oldest first\n";
+  for (const WatchedDatagram& datagram : watched) {
+    text += Line(datagram.seen, datagram.notification, datagram.verdict);
+  }
+  return text;
+}
+
+}  // namespace sentrel

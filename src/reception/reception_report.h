@@ -1,0 +1,27 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/clock.h"
+#include "reception/reasons.h"
+#include "reception/watch.h"
+
+namespace sentrel {
+
+/// "SNMPv3, signed and encrypted"; empty where the version could not be read.
+std::string VersionText(const SeenDatagram& seen);
+/// The reason of a refusal, with what is known of it beyond that.
+std::string RefusalText(const SeenDatagram& seen);
+
+/// All that the reception window shows, as plain text for a colleague: without communities, and
+/// without the names of users.
+std::string ReceptionReport(const std::vector<Reason>& reasons,
+                            const std::vector<SeenDatagram>& refused,
+                            const std::deque<WatchedDatagram>& watched);
+
+/// "2026-11-23 15:49:37.125", in local time.
+std::string TimeText(std::chrono::system_clock::time_point moment);
+
+}  // namespace sentrel
