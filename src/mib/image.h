@@ -42,6 +42,9 @@ class Image {
   const format::EntryRecord& EntryOf(std::uint32_t node) const;
   std::string_view Text(std::uint32_t offset) const;
   const format::TypeRecord& Type(std::uint32_t index) const;
+  /// The nodes of the objects that a notification carries, or of the indexes of a row; the row
+  /// itself that another one augments.
+  std::span<const std::uint32_t> Related(const format::EntryRecord& entry) const;
   /// The type's named values in the order of their numbers.
   std::span<const format::ValueRecord> Values(const format::TypeRecord& type) const;
 
@@ -77,6 +80,7 @@ class Image {
   std::span<const format::NodeRecord> nodes_;
   std::span<const format::TypeRecord> types_;
   std::span<const format::ValueRecord> values_;
+  std::span<const std::uint32_t> related_;
   std::string_view strings_;
   std::uint64_t fingerprint_ = 0;
   std::uint64_t checksum_ = 0;

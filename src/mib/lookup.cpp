@@ -10,22 +10,29 @@ namespace sentrel::mib {
 
 namespace {
 
-/// The notification X.N for X.0.N, and X.0.N for X.N; an empty text where there is none.
+/// The notification of exactly this OID; an empty text where there is none.
+std::string_view NotificationAt(const Image& image, std::span<const std::uint32_t> oid) {
+  const Image::Match match = image.Find(oid);
+  const format::EntryRecord& entry = image.EntryOf(match.node);
+  const bool isNotification = entry.kind == static_cast<std::uint32_t>(Kind::Notification);
+  return match.depth == oid.size() && isNotification ? image.Text(entry.name) : std::string_view();
+}
+
+/// The notification X.N for X.0.N, else X.0.N for X.N; an empty text where there is none.
 std::string_view OtherFormOf(const Image& image, std::span<const std::uint32_t> oid) {
   std::array<std::uint32_t, OidText::kMost + 1> other;
   if (oid.size() < 2) return {};
-  auto end = std::copy(oid.begin(), oid.end() - 1, other.begin());
-  if (oid[oid.size() - 2] == 0) {
-    --end;
-  } else {
-    *end++ = 0;
+  const auto end = std::copy(oid.begin(), oid.end() - 1, other.begin());
+  if (*(end - 1) == 0) {
+    *(end - 1) = oid.back();
+    const std::string_view without = NotificationAt(image, {other.begin(), end});
+    if (!without.empty()) return without;
   }
-  *end++ = oid.back();
-  const Image::Match match = image.Find({other.begin(), end});
-  const format::EntryRecord& entry = image.EntryOf(match.node);
-  const bool isWhole = match.depth == static_cast<size_t>(end - other.begin());
-  const bool isNotification = entry.kind == static_cast<std::uint32_t>(Kind::Notification);
-  return isWhole && isNotification ? image.Text(entry.name) : std::string_view();
+  // An enterprise may end with a zero of its own.
+  *(end - 1) = oid[oid.size() - 2];
+  *end = 0;
+  *(end + 1) = oid.back();
+  return NotificationAt(image, {other.begin(), end + 2});
 }
 
 /// Whether no more is known of the OID than iso, org or dod.

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <tuple>
 
+#include "mib/enterprise.h"
 #include "mib/token_reader.h"
 #include "mib/type_list.h"
 
@@ -56,6 +57,7 @@ class Resolver {
   bool IsWorthKeeping(std::uint32_t type) const {
     return type != kNothing && catalog_.types[type].base != BaseType::Row;
   }
+  Span RelatedOf(std::uint32_t m, const Definition& definition);
   bool IsInstance(std::uint32_t m, const Definition& definition) const;
   std::uint32_t Claim(std::uint32_t entry);
   void ReportRival(std::uint32_t m, const Definition& definition, const Entry& rival);
@@ -84,6 +86,10 @@ class Resolver {
   std::vector<std::uint32_t> baseNodes_;
   std::vector<std::uint32_t> baseTypes_;
   std::uint32_t baseModules_ = 0;
+  /// By node, once all nodes are known.
+  BigVector<std::uint32_t> enterprises_;
+  /// By module that is not in the base image: the enterprise whose module it is.
+  std::vector<std::uint32_t> homes_;
   size_t baseEntries_ = 0;
 };
 
@@ -107,8 +113,9 @@ Catalog Resolver::Run() {
   ResolveNodes();
   types.get();
   std::move(typeMessages_.begin(), typeMessages_.end(), std::back_inserter(messages_));
-  for (std::uint32_t m = 0; m < modules_.size(); ++m) AddModule(m);
+  enterprises_ = EnterprisesOf(catalog_.tree);
   catalog_.names.resize(catalog_.tree.Nodes().size(), kNothing);
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) AddModule(m);
   return std::move(catalog_);
 }
 
@@ -130,6 +137,12 @@ void Resolver::AddBase() {
     for (const format::EntryRecord& record : records) AddBaseEntry(record);
   }
   baseEntries_ = catalog_.entries.size();
+  // The base image's own claims have been decided.
+  catalog_.names.resize(catalog_.tree.Nodes().size(), kNothing);
+  const auto nodes = base_.Nodes();
+  for (size_t i = 0; i < nodes.size(); ++i) {
+    if (nodes[i].entry < baseEntries_) catalog_.names[baseNodes_[i]] = nodes[i].entry;
+  }
 }
 
 void Resolver::AddBaseEntry(const format::EntryRecord& record) {
@@ -139,8 +152,12 @@ void Resolver::AddBaseEntry(const format::EntryRecord& record) {
   entry.module = static_cast<std::uint32_t>(catalog_.modules.size() - 1);
   if (record.node < baseNodes_.size()) entry.node = baseNodes_[record.node];
   if (record.type < baseTypes_.size()) entry.type = baseTypes_[record.type];
+  entry.related.begin = static_cast<std::uint32_t>(catalog_.related.size());
+  for (const std::uint32_t node : base_.Related(record)) {
+    if (node < baseNodes_.size()) catalog_.related.push_back(baseNodes_[node]);
+  }
+  entry.related.count = static_cast<std::uint32_t>(catalog_.related.size()) - entry.related.begin;
   catalog_.entries.push_back(entry);
-  Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
 }
 
 void Resolver::AddBaseTypes() {
@@ -152,6 +169,7 @@ void Resolver::AddBaseTypes() {
     ResolvedType type;
     type.base = static_cast<BaseType>(record.base);
     type.hint = base_.Text(record.hint);
+    type.units = base_.Text(record.units);
     type.values = values.data();
     type.valueCount = static_cast<std::uint32_t>(values.size());
     baseTypes_.push_back(types_.Add(type));
@@ -180,11 +198,14 @@ void Resolver::AddModule(std::uint32_t m) {
   const Module& module = modules_[m];
   const auto begin = static_cast<std::uint32_t>(catalog_.entries.size());
   catalog_.modules.push_back({module.name, module.lastUpdated, {begin, 0}});
+  std::vector<std::uint32_t> added;
   for (const std::uint32_t d : module.byName) {
     const Definition& definition = module.definitions[d];
     Entry entry;
     entry.name = definition.name;
     entry.kind = definition.kind;
+    entry.isForNotify = definition.isForNotify;
+    entry.related = RelatedOf(m, definition);
     entry.module = static_cast<std::uint32_t>(catalog_.modules.size() - 1);
     if (entry.kind != Kind::Type) {
       entry.node = nodeOf_[m][d];
@@ -196,11 +217,28 @@ void Resolver::AddModule(std::uint32_t m) {
       Report(m, definition.line, Quote(entry.name) + " has another OID in the same module");
     }
     catalog_.entries.push_back(entry);
-    const std::uint32_t rival = Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
-    if (rival != kNothing) ReportRival(m, definition, catalog_.entries[rival]);
+    added.push_back(d);
   }
-  catalog_.modules.back().entries.count =
-      static_cast<std::uint32_t>(catalog_.entries.size()) - begin;
+  catalog_.modules.back().entries.count = static_cast<std::uint32_t>(added.size());
+  homes_.push_back(HomeOf(catalog_, catalog_.modules.back(), enterprises_));
+  for (std::uint32_t i = 0; i < added.size(); ++i) {
+    const std::uint32_t rival = Claim(begin + i);
+    if (rival != kNothing) {
+      ReportRival(m, module.definitions[added[i]], catalog_.entries[rival]);
+    }
+  }
+}
+
+Span Resolver::RelatedOf(std::uint32_t m, const Definition& definition) {
+  const auto begin = static_cast<std::uint32_t>(catalog_.related.size());
+  for (std::uint32_t i = 0; i < definition.related.count; ++i) {
+    const Target target = TargetOf(m, modules_[m].related[definition.related.begin + i]);
+    std::uint32_t node = kNothing;
+    if (target.place == Target::Place::Module) node = nodeOf_[target.module][target.definition];
+    if (target.place == Target::Place::Base) node = BaseEntry(target).node;
+    if (node != kNothing) catalog_.related.push_back(node);
+  }
+  return {begin, static_cast<std::uint32_t>(catalog_.related.size()) - begin};
 }
 
 Target Resolver::TargetOf(std::uint32_t m, Reference reference) const {
@@ -283,10 +321,12 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
     ReportType(m, definition.line, "type " + Quote(name) + " is unknown");
   }
   if (named != kNothing) {
-    if (definition.values.count == 0 && definition.hint.empty()) return named;
+    const bool isSame = definition.values.count == 0 && definition.hint.empty();
+    if (isSame && definition.units.empty()) return named;
     type = catalog_.types[named];
-    type.name = type.module = {};
+    if (!isSame) type.name = type.module = {};
   }
+  type.units = definition.units;
   if (definition.kind == Kind::Type && type.base != BaseType::Row) {
     type.name = definition.name;
     type.module = modules_[m].name;
@@ -300,7 +340,9 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
     type.valueCount = definition.values.count;
     if (type.base == BaseType::None) type.base = BaseType::Integer;
   }
-  if (type.valueCount > 0 || !type.hint.empty() || !type.name.empty()) return types_.Add(type);
+  const bool isPlain =
+      type.valueCount == 0 && type.hint.empty() && type.units.empty() && type.name.empty();
+  if (!isPlain) return types_.Add(type);
   std::uint32_t& plain = plainTypes_[static_cast<size_t>(type.base)];
   if (plain == kNothing) plain = types_.Add(type);
   return plain;
@@ -326,8 +368,9 @@ auto Resolver::RankOf(const Entry& entry) const {
   const auto weight = entry.kind == Kind::Label ? 0 : entry.kind == Kind::Value ? 1 : 2;
   const bool isOwn = entry.module >= baseModules_;
   const CatalogModule& module = catalog_.modules[entry.module];
+  const bool isOwner = isOwn && enterprises_[entry.node] == homes_[entry.module - baseModules_];
   const bool isProgram = module.name == kProgramModule && (!isOwn || baseModules_ == 0);
-  return std::make_tuple(isProgram, weight > 0, isOwn, weight, module.lastUpdated);
+  return std::make_tuple(isProgram, weight > 0, isOwn, isOwner, weight, module.lastUpdated);
 }
 
 /// Gives the entry's node its name if the entry is the strongest so far. Returns the other entry
@@ -335,9 +378,6 @@ auto Resolver::RankOf(const Entry& entry) const {
 std::uint32_t Resolver::Claim(std::uint32_t index) {
   const Entry& entry = catalog_.entries[index];
   if (entry.node == kNothing || entry.node == OidTree::kRoot) return kNothing;
-  if (entry.node >= catalog_.names.size()) {
-    catalog_.names.resize(std::max<size_t>(entry.node + 1, catalog_.names.size() * 2), kNothing);
-  }
   std::uint32_t& name = catalog_.names[entry.node];
   const std::uint32_t rival = name;
   if (rival == kNothing || RankOf(entry) > RankOf(catalog_.entries[rival])) name = index;

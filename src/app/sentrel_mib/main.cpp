@@ -17,14 +17,22 @@ constexpr std::string_view kUsage = R"(usage: sentrel-mib COMMAND ...
 
 To make the built-in database:
   facts -o FOLDER FOLDER...        write a fact file for each module in the folders
-  roots -o FILE FOLDER...          write the names that the modules give to enterprises
+  makers -o FOLDER [-M FACTS]... FOLDER...
+                                   write the facts that traps need, a file for each maker, without
+                                   the modules whose facts lie in FACTS
+  registrations -o FILE LIST       write names for the enterprise numbers of a list, "9<tab>cisco" a
+                                   line
   pack -o IMAGE FOLDER...          make an image of fact files
 )";
 
 using Command = int (*)(const Arguments&);
-const std::map<std::string_view, Command> kCommands = {
-    {"lookup", LookUpOids},    {"compile", CompileFolders},     {"check", CheckFiles},
-    {"facts", WriteFactFiles}, {"roots", WriteEnterpriseRoots}, {"pack", PackFacts}};
+const std::map<std::string_view, Command> kCommands = {{"lookup", LookUpOids},
+                                                       {"compile", CompileFolders},
+                                                       {"check", CheckFiles},
+                                                       {"facts", WriteFactFiles},
+                                                       {"makers", WriteMakerFacts},
+                                                       {"pack", PackFacts},
+                                                       {"registrations", WriteRegistrations}};
 
 /// Throws std::invalid_argument.
 Arguments Read(const std::vector<std::string>& words) {
