@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "common/failure.h"
-#include "mib/mapped_file.h"
 
 namespace sentrel::mib {
 namespace {
@@ -57,8 +56,20 @@ std::shared_ptr<const Image> Image::Open(const std::string& path, DamageCheck ch
   using Loading = MappedFile::Loading;
   auto file = std::make_shared<MappedFile>(
       path, check == DamageCheck::AtOnce ? Loading::AtOnce : Loading::WhenRead);
-  const std::string_view bytes = file->Bytes();
-  return Over(bytes, std::move(file), check);
+  const auto image = std::const_pointer_cast<Image>(Over(file->Bytes(), file, check));
+  image->file_ = file;
+  if (check == DamageCheck::AtOnce) image->LeaveMemory();
+  return image;
+}
+
+bool Image::IsSound() const {
+  const bool isSound = guard_ == nullptr || Attempt([this] { guard_->RequireAll(); });
+  LeaveMemory();
+  return isSound;
+}
+
+void Image::LeaveMemory() const {
+  if (file_ != nullptr) file_->LeaveMemory();
 }
 
 std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr<void> owner,

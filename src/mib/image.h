@@ -9,6 +9,7 @@
 #include "mib/block_guard.h"
 #include "mib/catalog.h"
 #include "mib/image_format.h"
+#include "mib/mapped_file.h"
 
 namespace sentrel::mib {
 
@@ -20,13 +21,17 @@ enum class DamageCheck { AtOnce, WhenRead };
 /// index in it is checked when it is followed: a forged image gives wrong answers, never a crash.
 class Image {
  public:
-  /// Maps a file. Throws Failure when it cannot be read, or is damaged, truncated or of another
+  /// Maps a file; the memory that a check at once takes is given back. Throws Failure when it cannot be read, or is damaged, truncated or of another
   /// version.
   static std::shared_ptr<const Image> Open(const std::string& path,
                                            DamageCheck check = DamageCheck::AtOnce);
   /// An image over bytes that `owner` keeps alive, 8-byte aligned. Throws Failure like Open.
   static std::shared_ptr<const Image> Over(std::string_view bytes, std::shared_ptr<void> owner,
                                            DamageCheck check = DamageCheck::AtOnce);
+  /// Looks for damage in all that has not been read yet.
+  bool IsSound() const;
+  /// Gives back the memory of the parts that have been read, where they can be fetched again.
+  void LeaveMemory() const;
   /// A database that knows nothing.
   static std::shared_ptr<const Image> Empty();
 
@@ -73,6 +78,8 @@ class Image {
   }
 
   std::shared_ptr<void> owner_;
+  /// The owner, where it is a file.
+  std::shared_ptr<const MappedFile> file_;
   /// Null once everything has been checked.
   std::unique_ptr<BlockGuard> guard_;
   std::span<const format::ModuleRecord> modules_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <future>
 #include <iterator>
+#include <map>
 #include <tuple>
 
 #include "mib/enterprise.h"
@@ -26,6 +27,31 @@ bool AreTwins(const Entry& a, const Entry& b) {
     return entry.node != kNothing && entry.kind != Kind::Label;
   };
   return a.name == b.name && a.node != b.node && names(a) && names(b);
+}
+
+/// The node of a name that needs no module: those that ASN.1 itself knows, and those that modules
+/// take from the SMI (RFC 2578 section 2), should even that be missing. kNothing for any other.
+std::uint32_t RootOf(std::string_view name, OidTree& tree) {
+  static const std::map<std::string_view, std::vector<std::uint32_t>> kRoots = {
+      {"ccitt", {0}},
+      {"itu-t", {0}},
+      {"iso", {1}},
+      {"joint-iso-ccitt", {2}},
+      {"joint-iso-itu-t", {2}},
+      {"internet", {1, 3, 6, 1}},
+      {"mgmt", {1, 3, 6, 1, 2}},
+      {"mib-2", {1, 3, 6, 1, 2, 1}},
+      {"transmission", {1, 3, 6, 1, 2, 1, 10}},
+      {"experimental", {1, 3, 6, 1, 3}},
+      {"private", {1, 3, 6, 1, 4}},
+      {"enterprises", {1, 3, 6, 1, 4, 1}},
+      {"snmpV2", {1, 3, 6, 1, 6}},
+      {"snmpModules", {1, 3, 6, 1, 6, 3}}};
+  const auto found = kRoots.find(name);
+  if (found == kRoots.end()) return kNothing;
+  std::uint32_t node = OidTree::kRoot;
+  for (const std::uint32_t number : found->second) node = tree.Child(node, number);
+  return node;
 }
 
 class Resolver {
@@ -97,6 +123,13 @@ Catalog Resolver::Run() {
   size_t definitions = 0;
   for (const Module& module : modules_) definitions += module.definitions.size();
   catalog_.tree.Reserve(base_.Nodes().size() + definitions);
+  size_t entries = definitions;
+  for (const format::ModuleRecord& module : base_.Modules()) {
+    entries += base_.Entries(module).size();
+  }
+  catalog_.entries.reserve(entries);
+  baseNodes_.reserve(base_.Nodes().size());
+  baseTypes_.reserve(base_.Types().size());
   AddBase();
   ImportResolver importResolver(modules_, base_);
   imports_ = importResolver.ResolveAll();
@@ -107,7 +140,6 @@ Catalog Resolver::Run() {
     nodeOf_.emplace_back(module.definitions.size(), kUnset);
     typeOf_.emplace_back(module.definitions.size(), kUnset);
   }
-  catalog_.entries.reserve(catalog_.entries.size() + definitions);
   // Neither needs what the other finds.
   auto types = std::async(std::launch::async, [this] { ResolveTypes(); });
   ResolveNodes();
@@ -126,6 +158,7 @@ void Resolver::AddBase() {
     baseNodes_.push_back(hasParent ? catalog_.tree.Child(baseNodes_[node.parent], node.number)
                                    : OidTree::kRoot);
   }
+  base_.LeaveMemory();
   AddBaseTypes();
   baseModules_ = static_cast<std::uint32_t>(base_.Modules().size());
   for (const format::ModuleRecord& module : base_.Modules()) {
@@ -143,6 +176,7 @@ void Resolver::AddBase() {
   for (size_t i = 0; i < nodes.size(); ++i) {
     if (nodes[i].entry < baseEntries_) catalog_.names[baseNodes_[i]] = nodes[i].entry;
   }
+  base_.LeaveMemory();
 }
 
 void Resolver::AddBaseEntry(const format::EntryRecord& record) {
@@ -283,11 +317,7 @@ std::uint32_t Resolver::ParentOf(std::uint32_t m, const Definition& definition, 
     return NodeOf(target.module, target.definition, depth + 1);
   if (target.place == Target::Place::Base) return BaseEntry(target).node;
   const std::string_view name = modules_[m].imports[definition.parent.Import()].name;
-  if (name == "iso") return catalog_.tree.Child(OidTree::kRoot, 1);
-  if (name == "ccitt" || name == "itu-t") return catalog_.tree.Child(OidTree::kRoot, 0);
-  if (name == "joint-iso-ccitt" || name == "joint-iso-itu-t") {
-    return catalog_.tree.Child(OidTree::kRoot, 2);
-  }
+  if (const std::uint32_t root = RootOf(name, catalog_.tree); root != kNothing) return root;
   Report(m, definition.line,
          Quote(definition.name) + " has no place: its parent " + Quote(name) + " is unknown");
   return kNothing;

@@ -9,6 +9,7 @@ namespace sentrel::app {
 struct Arguments {
   std::vector<std::string> folders;  ///< of the options -M
   std::string output;                ///< of the option -o
+  bool all = false;                  ///< whether there is the option --all
   std::vector<std::string> rest;
 };
 
