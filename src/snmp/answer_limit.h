@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "snmp/datagram.h"
+#include "snmp/peer_address.h"
 
 namespace sentrel {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "snmp/binding.h"
-#include "snmp/encoded_value.h"
+#include "snmp/value_reader.h"
 
 namespace sentrel {
 namespace {

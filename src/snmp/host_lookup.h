@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "snmp/datagram.h"
+#include "snmp/peer_address.h"
 
 namespace sentrel {
 

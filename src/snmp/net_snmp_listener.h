@@ -22,13 +22,13 @@ struct ListenerOptions {
   /// UDP port; 0 lets the system choose one.
   std::uint16_t port = kTrapPort;
   /// Path of sentrel-port, which opens kTrapPort for a program that may not; empty for none.
-  std::string portHelper;
+  std::string portHelper = {};
   /// Where engine ID, boots count and keys of version 3 persist. Made if need be; empty to keep
   /// nothing.
-  std::string stateFolder;
+  std::string stateFolder = {};
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
-  std::string configurationPath;
-  QueueLimits queue;
+  std::string configurationPath = {};
+  QueueLimits queue = {};
   /// Bytes of the socket's buffer that the system is asked for. An ordinary user gets less.
   int receiveBuffer = 256 << 20;
   /// UDP port of the targets of SendTrap.

@@ -1,108 +1,30 @@
 #include "snmp/notification_parser.h"
 
-#include <net-snmp/library/large_fd_set.h>
-#include <net-snmp/library/snmpUDPDomain.h>
-
-#include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <new>
-#include <string>
 #include <utility>
 
-#include "common/coarse_clock.h"
 #include "snmp/octet_text.h"
 
 namespace sentrel {
-namespace {
 
-/// The library only asks whether its descriptor is ready: it neither reads nor writes it.
-constexpr int kToken = 0;
-constexpr unsigned kLargestMessage = 65'507;
-
-Outcome OutcomeOfError(int error) {
-  switch (error) {
-    case SNMPERR_BAD_VERSION:
-      return Outcome::kUnsupportedVersion;
-    case SNMPERR_USM_UNKNOWNENGINEID:
-    case SNMPERR_UNKNOWN_ENG_ID:
-      return Outcome::kUnknownEngine;
-    case SNMPERR_USM_UNKNOWNSECURITYNAME:
-    case SNMPERR_UNKNOWN_USER_NAME:
-      return Outcome::kUnknownUser;
-    case SNMPERR_USM_UNSUPPORTEDSECURITYLEVEL:
-    case SNMPERR_UNSUPPORTED_SEC_LEVEL:
-      return Outcome::kUnsupportedLevel;
-    case SNMPERR_USM_AUTHENTICATIONFAILURE:
-    case SNMPERR_AUTHENTICATION_FAILURE:
-      return Outcome::kWrongDigest;
-    case SNMPERR_USM_DECRYPTIONERROR:
-    case SNMPERR_DECRYPTION_ERR:
-      return Outcome::kNotDecrypted;
-    case SNMPERR_USM_NOTINTIMEWINDOW:
-    case SNMPERR_NOT_IN_TIME_WINDOW:
-      return Outcome::kNotInTimeWindow;
-    case SNMPERR_JUST_A_CONTEXT_PROBE:
-      return Outcome::kUnsupportedPdu;
-    default:
-      return Outcome::kMalformed;
-  }
-}
-
-/// The socket is not the library's.
-int LeaveOpen(netsnmp_transport* transport) {
-  transport->sock = -1;
-  return 0;
-}
-
-}  // namespace
-
-NotificationParser::NotificationParser(Version3Guard& guard, Sink sink, Reply reply)
-    : guard_(guard), sink_(std::move(sink)), reply_(std::move(reply)) {
-  netsnmp_session settings;
-  snmp_sess_init(&settings);
-  settings.version = SNMP_DEFAULT_VERSION;
-  settings.community_len = SNMP_DEFAULT_COMMUNITY_LEN;
-  settings.isAuthoritative = SNMP_SESS_UNKNOWNAUTH;
-  settings.callback = &OnMessage;
-  settings.callback_magic = this;
-  session_ = snmp_sess_add(&settings, MakeTransport(), nullptr, &AfterParse);
-  if (session_ == nullptr) throw std::bad_alloc();
-  netsnmp_large_fd_set_init(&ready_, FD_SETSIZE);
-}
-
-NotificationParser::~NotificationParser() {
-  snmp_sess_close(session_);
-  netsnmp_large_fd_set_cleanup(&ready_);
-}
-
-netsnmp_transport* NotificationParser::MakeTransport() {
-  // Allocated and freed as the library does it.
-  auto* transport = static_cast<netsnmp_transport*>(std::calloc(1, sizeof(netsnmp_transport)));
-  if (transport == nullptr) throw std::bad_alloc();
-  transport->domain = netsnmpUDPDomain;
-  transport->domain_length = static_cast<int>(netsnmpUDPDomain_len);
-  transport->sock = kToken;
-  transport->msgMaxSize = kLargestMessage;
-  const Tag tag{this};
-  transport->data = netsnmp_memdup(&tag, sizeof tag);
-  transport->data_length = sizeof tag;
-  transport->f_recv = &Receive;
-  transport->f_send = &Transmit;
-  transport->f_close = &LeaveOpen;
-  return transport;
-}
-
-NotificationParser& NotificationParser::Owner(const netsnmp_transport* transport) {
-  return *static_cast<const Tag*>(transport->data)->owner;
-}
+NotificationParser::NotificationParser(Version3Guard& guard, NotificationSink sink,
+                                       AnswerSender reply)
+    : guard_(guard),
+      sink_(std::move(sink)),
+      reply_(std::move(reply)),
+      session_(
+          guard,
+          [this](const Version3Message& message, netsnmp_pdu* answerable) {
+            return TakeVersion3Message(message, answerable);
+          },
+          reply_) {}
 
 Outcome NotificationParser::Parse(const Datagram& datagram) {
   MessageFrame frame;
   const Outcome framed = ReadFrame(datagram.bytes, frame);
   if (framed != Outcome::kAccepted) return framed;
-  if (frame.version == MessageFrame::kVersion3)
+  if (frame.version == MessageFrame::kVersion3) {
     return ParseVersion3({.bytes = frame.whole, .peer = datagram.peer});
+  }
   CommunityMessage message;
   const Outcome read = ReadCommunityMessage(frame, message);
   return read == Outcome::kAccepted ? TakeCommunityMessage(message, datagram.peer) : read;
@@ -111,120 +33,45 @@ Outcome NotificationParser::Parse(const Datagram& datagram) {
 Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message,
                                                  const Peer& peer) {
   AssignTrap(message.pdu, peer, OctetText(message.community), trap_);
-  if (!message.pdu.IsInform()) return HandOn(trap_);
+  if (!message.pdu.IsInform()) return HandOn(sink_, trap_);
   const InformIdentity identity{.peer = peer,
                                 .engine = {},
                                 .user = ber::TextOf(message.community),
                                 .requestId = ber::TextOf(message.pdu.requestId),
                                 .bindings = ber::TextOf(message.pdu.bindings)};
-  const Outcome outcome = HandOnOnce(identity, communityInforms_, trap_);
-  const bool answered = outcome != Outcome::kQueueFull && reply_(peer, ResponseTo(message));
-  if (answered) ++answeredInforms_;
-  return outcome;
-}
-
-Outcome NotificationParser::HandOn(ArrivedTrap& trap) {
-  return sink_(trap) ? Outcome::kAccepted : Outcome::kQueueFull;
-}
-
-Outcome NotificationParser::HandOnOnce(const InformIdentity& inform, RepeatedInforms& taken,
-                                       ArrivedTrap& trap) {
-  const auto digest = taken.DigestOf(inform);
-  const auto now = CoarseClock::now();
-  if (digest && taken.Has(*digest, now)) return Outcome::kRepeated;
-  const Outcome outcome = HandOn(trap);
-  if (digest && outcome == Outcome::kAccepted) taken.Add(*digest, now);
+  const Outcome outcome = communityInforms_.HandOnOnce(identity, trap_);
+  if (outcome != Outcome::kQueueFull) {
+    communityInforms_.Answer([&] { return reply_(peer, ResponseTo(message)); });
+  }
   return outcome;
 }
 
 Outcome NotificationParser::ParseVersion3(const Datagram& datagram) {
-  current_ = &datagram;
-  outcome_ = Outcome::kMalformed;
-  taken_ = false;
-  guard_.Expect(datagram.peer);
-  netsnmp_large_fd_setfd(kToken, &ready_);
-  snmp_sess_read2(session_, &ready_);
-  const bool isRefusedByLibrary = guard_.Passed() != nullptr && !taken_ && !guard_.Refusal();
-  if (isRefusedByLibrary) outcome_ = TakeVersion3Message(*guard_.Passed(), nullptr);
-  current_ = nullptr;
-  return guard_.Refusal().value_or(outcome_);
-}
-
-int NotificationParser::Receive(netsnmp_transport* transport, void* buffer, int size, void** opaque,
-                                int* opaque_length) {
-  const Datagram& datagram = *Owner(transport).current_;
-  const auto bytes = datagram.bytes.first(std::min<std::size_t>(datagram.bytes.size(), size));
-  std::memcpy(buffer, bytes.data(), bytes.size());
-  // Freed by the library, with the PDU.
-  *opaque = netsnmp_memdup(&datagram.peer, sizeof datagram.peer);
-  *opaque_length = *opaque == nullptr ? 0 : sizeof datagram.peer;
-  return static_cast<int>(bytes.size());
-}
-
-int NotificationParser::Transmit(netsnmp_transport* transport, const void* bytes, int size,
-                                 void** opaque, int* opaque_length) {
-  if (*opaque == nullptr || *opaque_length != sizeof(Peer)) return -1;
-  const auto* begin = static_cast<const std::uint8_t*>(bytes);
-  const bool sent = Owner(transport).reply_(*static_cast<const Peer*>(*opaque),
-                                            {begin, static_cast<std::size_t>(size)});
-  return sent ? size : -1;
-}
-
-int NotificationParser::AfterParse(netsnmp_session* session, netsnmp_pdu*, int error) {
-  auto& parser = *static_cast<NotificationParser*>(session->callback_magic);
-  if (error == SNMPERR_GENERR) error = session->s_snmp_errno;
-  parser.outcome_ = error == SNMPERR_SUCCESS ? Outcome::kUnsupportedPdu : OutcomeOfError(error);
-  return 1;
-}
-
-int NotificationParser::OnMessage(int operation, netsnmp_session* session, int, netsnmp_pdu* pdu,
-                                  void* parser) {
-  // The library also shows messages that failed authentication: those carry an error.
-  const bool genuine = session->s_snmp_errno == SNMPERR_SUCCESS;
-  auto& self = *static_cast<NotificationParser*>(parser);
-  const Version3Message* const message = self.guard_.Passed();
-  if (operation == NETSNMP_CALLBACK_OP_RECEIVED_MESSAGE && genuine && message != nullptr) {
-    self.outcome_ = self.TakeVersion3Message(*message, pdu);
-  }
-  return 1;
+  peer_ = &datagram.peer;
+  return session_.Parse(datagram);
 }
 
 Outcome NotificationParser::TakeVersion3Message(const Version3Message& message,
                                                 netsnmp_pdu* answerable) {
-  taken_ = true;
   const auto pdu = ReadPdu(message.pdu);
-  if (!pdu || pdu->tag == ber::kTrapV1) {
-    return answerable == nullptr ? outcome_ : Outcome::kUnsupportedPdu;
-  }
-  const Peer& peer = current_->peer;
-  AssignTrap(*pdu, peer, OctetText(ber::BytesOf(message.user)), trap_);
-  const InformIdentity identity{.peer = peer,
+  if (!pdu || pdu->tag == ber::kTrapV1) return Outcome::kUnsupportedPdu;
+  AssignTrap(*pdu, *peer_, OctetText(ber::BytesOf(message.user)), trap_);
+  const InformIdentity identity{.peer = *peer_,
                                 .engine = message.contextEngine,
                                 .user = message.user,
                                 .requestId = ber::TextOf(pdu->requestId),
                                 .bindings = ber::TextOf(pdu->bindings)};
   Outcome outcome = Outcome::kRepeated;
   if (!guard_.IsRepeated()) {
-    outcome = pdu->IsInform() ? HandOnOnce(identity, version3Informs_, trap_) : HandOn(trap_);
+    outcome = pdu->IsInform() ? version3Informs_.HandOnOnce(identity, trap_) : HandOn(sink_, trap_);
   }
   if (outcome == Outcome::kQueueFull) return outcome;
   guard_.Take();
   const bool mayAnswer = !guard_.IsRepeated() || guard_.MayAnswer();
-  if (pdu->IsInform() && answerable != nullptr && mayAnswer) Acknowledge(*answerable);
-  return outcome;
-}
-
-void NotificationParser::Acknowledge(netsnmp_pdu& inform) {
-  netsnmp_pdu* response = snmp_clone_pdu(&inform);
-  if (response == nullptr) return;
-  response->command = SNMP_MSG_RESPONSE;
-  response->errstat = 0;
-  response->errindex = 0;
-  if (snmp_sess_send(session_, response) == 0) {
-    snmp_free_pdu(response);
-  } else {
-    ++answeredInforms_;
+  if (pdu->IsInform() && answerable != nullptr && mayAnswer) {
+    version3Informs_.Answer([&] { return session_.Answer(*answerable); });
   }
+  return outcome;
 }
 
 }  // namespace sentrel

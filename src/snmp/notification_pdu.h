@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "snmp/ber.h"
-#include "snmp/datagram.h"
+#include "snmp/peer_address.h"
 #include "trap/arrived_trap.h"
 
 namespace sentrel {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "snmp/binding.h"
-#include "snmp/encoded_value.h"
 #include "snmp/notification_pdu.h"
+#include "snmp/value_reader.h"
 
 namespace sentrel {
 namespace {

@@ -10,7 +10,7 @@
 #include <unordered_map>
 
 #include "common/coarse_clock.h"
-#include "snmp/datagram.h"
+#include "snmp/peer_address.h"
 
 namespace sentrel {
 

@@ -3,10 +3,10 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <vector>
 
 #include "common/atomic_file.h"
 #include "common/failure.h"
+#include "snmp/configured_users.h"
 #include "snmp/engine_state.h"
 #include "snmp/net_snmp.h"
 #include "snmp/version3_users.h"
@@ -25,61 +25,13 @@ constexpr mode_t kStateMode = 0600;
 /// RFC 5591: for transports that a trap socket does not have.
 constexpr int kTransportSecurityModel = 4;
 
-/// createUser lines, kept until all files are read: the library reads its state last, and the
-/// keys in there must not win over a passphrase that was changed since.
-std::vector<std::string>& CreateUserLines() {
-  static std::vector<std::string> lines;
-  return lines;
-}
-
-void KeepCreateUser(const char*, char* line) {
-  CreateUserLines().emplace_back(line);
-}
-
-/// The words of a line, as the library reads them.
-std::vector<std::string> WordsOf(const std::string& line) {
-  std::vector<std::string> words;
-  std::string word(line.size() + 1, '\0');
-  for (const char* rest = line.c_str(); rest != nullptr && *rest != '\0';) {
-    rest = copy_nword_const(rest, word.data(), static_cast<int>(word.size()));
-    words.emplace_back(word.c_str());
-  }
-  return words;
-}
-
-/// The library reads on behind the end of a line that has a user's name and one word more.
-bool IsReadable(const std::string& line) {
-  const std::vector<std::string> words = WordsOf(line);
-  std::size_t name = 0;
-  if (words.size() > name && words[name] == "-M") ++name;
-  if (words.size() > name && words[name] == "-e") name += 2;
-  return words.size() > name && words.size() != name + 2;
-}
-
-/// The library changes the line that it reads.
-void CreateUsers() {
-  for (std::string line : CreateUserLines()) {
-    if (IsReadable(line)) usm_parse_create_usmUser("createUser", line.data());
-  }
-}
-
-LeastLevels& AuthUserLines() {
-  static LeastLevels levels;
-  return levels;
-}
-
-void KeepAuthUser(const char*, char* line) {
-  TakeAuthUser(line, AuthUserLines());
-}
-
 void Ignore(const char*, char*) {}
 
 /// Called when the library has registered its own words and has yet to read a file.
 int RegisterWords(int, int, void*, void*) {
   // No logOption of an administrator's snmp.conf may bring the output back.
   register_prenetsnmp_mib_handler("snmp", "logOption", Ignore, nullptr, nullptr);
-  register_config_handler(kName, "createUser", KeepCreateUser, nullptr, nullptr);
-  register_config_handler(kName, "authUser", KeepAuthUser, nullptr, nullptr);
+  ReadConfiguredUsers();
   ReadKeptState();
   return SNMPERR_SUCCESS;
 }
@@ -127,8 +79,6 @@ SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& conf
   Set(NETSNMP_DS_LIB_DONT_PERSIST_STATE, false);
   KeepStateIn(stateFolder);
   if (!configurationPath.empty()) set_configuration_directory(configurationPath.c_str());
-  CreateUserLines().clear();
-  AuthUserLines().clear();
   snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_PRE_PREMIB_READ_CONFIG, RegisterWords,
                          nullptr);
   SetUpEngineIdAfterReading();
@@ -143,7 +93,7 @@ SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& conf
 
 void SnmpLibrary::SetUpEngine() {
   const auto createUsers = [this] {
-    CreateUsers();
+    CreateConfiguredUsers();
     engineLines_ = EngineLines();
   };
   createUsers();
@@ -159,8 +109,8 @@ void SnmpLibrary::SetUpEngine() {
   // From here on the library keeps its hands off the file.
   Set(NETSNMP_DS_LIB_DONT_PERSIST_STATE, true);
   writer_ = std::make_unique<StateWriter>([this] { WriteState(); });
-  guard_ = std::make_unique<Version3Guard>(Version3Users(OwnEngineId(), AuthUserLines()), *clocks_,
-                                           [this] { writer_->Changed(); });
+  guard_ = std::make_unique<Version3Guard>(Version3Users(OwnEngineId(), ConfiguredLevels()),
+                                           *clocks_, [this] { writer_->Changed(); });
 }
 
 bool SnmpLibrary::WriteState() const {

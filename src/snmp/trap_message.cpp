@@ -7,7 +7,7 @@
 
 #include "common/failure.h"
 #include "snmp/net_snmp.h"
-#include "snmp/value_encoding.h"
+#include "snmp/value_writer.h"
 
 namespace sentrel {
 namespace {

@@ -1,59 +1,33 @@
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
-#include "app/program.h"
-#include "fakes/free_port.h"
-#include "snmp/sender.h"
+#include "program_fixture.h"
 
 namespace sentrel {
 namespace {
 
 constexpr const char* kFolder = "SENTREL_TEST_FOLDER";
 
-ProgramOptions OptionsIn(const QDir& folder) {
-  const std::uint16_t port = FreePort();
-  return {.port = port,
-          .sendPort = port,
-          .machineFolder = folder.filePath("machine").toStdString(),
-          .userFolder = folder.filePath("user").toStdString()};
-}
-
-std::string LogIn(const QDir& folder) {
-  return folder.filePath("traps.log").toStdString();
-}
-
-std::string SentIn(const QDir& folder) {
-  return folder.filePath("sent").toStdString();
-}
-
-QByteArray Contents(const std::string& path) {
-  QFile file(QString::fromStdString(path));
+QByteArray Contents(const QString& path) {
+  QFile file(path);
   return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// Run by the test below, in a process and on a display of its own.
 TEST(DISABLED_OnADisplay, TheProgramLogsTraps) {
   const QDir folder(qEnvironmentVariable(kFolder));
-  const ProgramOptions options = OptionsIn(folder);
-  Program program(options);
+  const std::uint16_t port = FreePort();
+  Program program(OptionsIn(folder.path().toStdString(), port));
   ASSERT_TRUE(program.Start());
-  std::string log = LogIn(folder);
-  program.Options().SetLogFilename(log);
-  program.Options().SetLoggingEnabled(true);
+  LogTo(folder.filePath("traps.log").toStdString(), program);
   // Told of only when they are on the way.
-  QFile sent(QString::fromStdString(SentIn(folder)));
+  QFile sent(folder.filePath("sent"));
   ASSERT_TRUE(sent.open(QFile::WriteOnly | QFile::Unbuffered));
   QTimer storm;
   QObject::connect(&storm, &QTimer::timeout, [&] {
-    Sender(options.sendPort)
-        .SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"}, {"whole"}, {4});
+    SendText(port, "whole");
     sent.write(".");
   });
   storm.start(1);
@@ -78,7 +52,7 @@ TEST(Display, ItsLossEndsTheProgramAndHarmsNoFile) {
   program.setProcessChannelMode(QProcess::MergedChannels);
   program.start(QCoreApplication::applicationFilePath(),
                 {"--gtest_also_run_disabled_tests", "--gtest_filter=DISABLED_OnADisplay.*"});
-  const std::string log = LogIn(folder.path());
+  const QString log = folder.filePath("traps.log");
   ASSERT_TRUE(QTest::qWaitFor([&] { return Contents(log).count("whole") >= 100; }, 60'000))
       << program.readAll().toStdString();
   display.kill();
@@ -88,13 +62,9 @@ TEST(Display, ItsLossEndsTheProgramAndHarmsNoFile) {
   display.waitForFinished();
 
   const QByteArray entries = Contents(log);
-  EXPECT_EQ(entries.count("= whole\r\n\r\n"), Contents(SentIn(folder.path())).size());
+  EXPECT_EQ(entries.count("= whole\r\n\r\n"), Contents(folder.filePath("sent")).size());
   EXPECT_TRUE(entries.endsWith("= whole\r\n\r\n")) << entries.right(100).toStdString();
-  const SystemClock clock;
-  const ProgramOptions options = OptionsIn(folder.path());
-  SqliteRegistry registry(options.machineFolder / kRegistryFile, options.userFolder / kRegistryFile,
-                          clock);
-  EXPECT_TRUE(Settings(registry).LoggingEnabled());
+  EXPECT_TRUE(Stored(folder.path().toStdString()).settings.LoggingEnabled());
 }
 
 }  // namespace

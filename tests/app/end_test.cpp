@@ -2,7 +2,6 @@
 #include <csignal>
 
 #include "program_fixture.h"
-#include "snmp/sender.h"
 
 namespace sentrel {
 namespace {
@@ -11,17 +10,10 @@ namespace {
 struct EndTest : ProgramFixture {
   static constexpr int kTraps = 2'000;
 
-  EndTest() {
-    std::string name = Log().toStdString();
-    program.Options().SetLogFilename(name);
-    program.Options().SetLoggingEnabled(true);
-  }
+  EndTest() { LogTo(Log().toStdString(), program); }
   /// The event loop does not turn meanwhile.
   void SendAll() {
-    Sender sender(port);
-    for (int i = 0; i < kTraps; ++i) {
-      sender.SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"}, {"last"}, {4});
-    }
+    for (int i = 0; i < kTraps; ++i) SendText("last");
   }
   void AwaitEnd() {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !program.Listener().Listening(); }, 10'000));

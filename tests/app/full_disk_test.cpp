@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
 #include <sys/mount.h>
 
 #include <QFile>
-#include <QTest>
-#include <filesystem>
 #include <fstream>
 
-#include "app/program.h"
-#include "fakes/free_port.h"
-#include "snmp/sender.h"
+#include "program_fixture.h"
 
 namespace sentrel {
 namespace {
@@ -19,14 +14,11 @@ namespace fs = std::filesystem;
 struct DISABLED_SmallDisk : testing::Test {
   DISABLED_SmallDisk() {
     EXPECT_TRUE(program.Start());
-    std::string name = log;
-    program.Options().SetLogFilename(name);
-    program.Options().SetLoggingEnabled(true);
+    LogTo(log, program);
   }
   void SendTrap() {
     ++sent;
-    Sender(port).SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"},
-                          {"<" + std::string(1000, 'x') + ">"}, {4});
+    SendText(port, "<" + std::string(1000, 'x') + ">");
     ASSERT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == 1 + sent; }, 10'000));
   }
   /// Every entry in the log is whole. Returns their number.
@@ -48,10 +40,7 @@ struct DISABLED_SmallDisk : testing::Test {
   const fs::path disk = std::getenv("SMALL_DISK");
   const fs::path log = disk / "traps.log";
   const std::uint16_t port = FreePort();
-  Program program{{.port = port,
-                   .sendPort = port,
-                   .machineFolder = disk / "machine",
-                   .userFolder = disk / "user"}};
+  Program program{OptionsIn(disk, port)};
   int sent = 0;
 };
 
@@ -65,15 +54,13 @@ TEST_F(DISABLED_SmallDisk, FullItCostsEntriesAndOptionsButNothingThatWasThere) {
   EXPECT_LT(kept, 30);
   program.Options().SetOIDCacheSize(88);
   EXPECT_EQ(program.Options().OIDCacheSize(), 88) << "for this run";
-  const SystemClock clock;
-  SqliteRegistry store(disk / "machine" / kRegistryFile, disk / "user" / kRegistryFile, clock);
-  EXPECT_EQ(Settings(store).OIDCacheSize(), 77);
+  EXPECT_EQ(Stored(disk).settings.OIDCacheSize(), 77);
 
   fs::remove(disk / "filler");
   for (int i = 0; i < 10; ++i) SendTrap();
   EXPECT_EQ(Entries(), kept + 10);
   program.Options().SetOIDCacheSize(99);
-  EXPECT_EQ(Settings(store).OIDCacheSize(), 99);
+  EXPECT_EQ(Stored(disk).settings.OIDCacheSize(), 99);
 }
 
 TEST_F(DISABLED_SmallDisk, TakenAwayItIsLoggedToAgainOnceItIsBack) {

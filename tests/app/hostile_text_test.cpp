@@ -3,15 +3,14 @@
 #include <QMessageBox>
 
 #include "program_fixture.h"
-#include "snmp/sender.h"
 
 namespace sentrel {
 namespace {
 
 struct HostileTextTest : ProgramFixture {
-  void SendText(const std::string& text, const std::string& community = "public") {
+  void ShowText(const std::string& text, const std::string& community = "public") {
     const int rows = program.Traps().Rows();
-    Sender(port).SendTrap("127.0.0.1", community, {"1.3.6.1.4.1.58213.1"}, {text}, {4});
+    SendText(text, community);
     AwaitRows(rows + 1);
   }
   /// The row on the screen, but for the time of its arrival.
@@ -37,16 +36,16 @@ TEST_F(HostileTextTest, NoTextReachesAnotherRow) {
                                "<table height=900><tr><td><h1>big</h1></table>",
                                std::string(60'000, 'W')};
   program.Window().resize(1200, 900);
-  SendText("plain");
-  SendText("plain");
+  ShowText("plain");
+  ShowText("plain");
   const QImage first = PictureOf(2);
   const QImage last = PictureOf(1);
   ASSERT_GT(last.height(), 10);
   for (const std::string& text : texts) {
     Tool("Edit:Clear").trigger();
-    SendText("plain");
-    SendText(text, text.substr(0, 101));
-    SendText("plain");
+    ShowText("plain");
+    ShowText(text, text.substr(0, 101));
+    ShowText("plain");
     EXPECT_EQ(PictureOf(1), last) << text.substr(0, 40);
     EXPECT_EQ(PictureOf(3), first) << text.substr(0, 40);
   }
@@ -54,7 +53,7 @@ TEST_F(HostileTextTest, NoTextReachesAnotherRow) {
 
 /// Toolkits take texts that look like markup for markup, unless told.
 TEST_F(HostileTextTest, TheNameOfAFileIsNoMarkup) {
-  SendText("saved");
+  ShowText("saved");
   SelectRow1();
   const QString name = state.filePath("<b>bold<img src=x>\u00ADx.Trap");
   QFile file(name);

@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "program_fixture.h"
-#include "snmp/sender.h"
 #include "store/database.h"
 
 namespace sentrel {
@@ -36,7 +35,7 @@ TEST_F(LockedStoreTest, TheWindowGoesOnAndTrapsGoOnComing) {
   qint64 waited = 0;
   int changes = 0;
   while (lock.elapsed() < qint64{seconds} * 1000) {
-    Sender(port).SendTrap("127.0.0.1", "public", {"1.3.6.1.4.1.58213.1"}, {"x"}, {4});
+    SendText("x");
     QTest::qWait(20);
     QElapsedTimer change;
     change.start();
@@ -55,9 +54,7 @@ TEST_F(LockedStoreTest, TheWindowGoesOnAndTrapsGoOnComing) {
 
   for (Database* file : {&machineFile, &userFile}) file->Execute("ROLLBACK");
   options.SetOIDCacheSize(1'000'000);
-  const SystemClock clock;
-  SqliteRegistry store(File("machine"), File("user"), clock);
-  EXPECT_EQ(Settings(store).OIDCacheSize(), 1'000'000);
+  EXPECT_EQ(Stored(state.path().toStdString()).settings.OIDCacheSize(), 1'000'000);
 }
 
 }  // namespace

@@ -11,8 +11,37 @@
 #include "app/program.h"
 #include "dialogs.h"
 #include "fakes/free_port.h"
+#include "snmp/sender.h"
 
 namespace sentrel {
+
+/// Sends a trap with one binding of this text to a port of this machine.
+inline void SendText(std::uint16_t port, const std::string& text,
+                     const std::string& community = "public") {
+  Sender(port).SendTrap("127.0.0.1", community, {"1.3.6.1.4.1.58213.1"}, {text}, {4});
+}
+
+inline ProgramOptions OptionsIn(const std::filesystem::path& folder, std::uint16_t port) {
+  return {.port = port,
+          .sendPort = port,
+          .machineFolder = folder / "machine",
+          .userFolder = folder / "user"};
+}
+
+inline void LogTo(std::string file, Program& program) {
+  program.Options().SetLogFilename(file);
+  program.Options().SetLoggingEnabled(true);
+}
+
+/// What a next start of the program would find in its folder.
+struct Stored {
+  explicit Stored(const std::filesystem::path& folder)
+      : registry(folder / "machine" / kRegistryFile, folder / "user" / kRegistryFile, clock) {}
+
+  const SystemClock clock;
+  SqliteRegistry registry;
+  Settings settings{registry};
+};
 
 /// The program as a user has it, but that it listens and sends on a port of its own and keeps what
 /// it keeps in a folder that goes with the test.
@@ -27,6 +56,10 @@ struct ProgramFixture : testing::Test {
 
   void AwaitRows(int rows) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.Traps().Rows() == rows; }, 10'000));
+  }
+  /// Sends a trap with one binding of this text to the program.
+  void SendText(const std::string& text, const std::string& community = "public") const {
+    sentrel::SendText(port, text, community);
   }
   void SelectRow1() {
     QTest::keyClick(&View(), Qt::Key_Home);
@@ -48,10 +81,7 @@ struct ProgramFixture : testing::Test {
 
   QTemporaryDir state;
   std::uint16_t port = FreePort();
-  Program program{{.port = port,
-                   .sendPort = port,
-                   .machineFolder = state.filePath("machine").toStdString(),
-                   .userFolder = state.filePath("user").toStdString()}};
+  Program program{OptionsIn(state.path().toStdString(), port)};
   User user;
 };
 

@@ -1,18 +1,18 @@
 #pragma once
 
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <cstdint>
+
+#include "fakes/loopback.h"
 
 namespace sentrel {
 
 /// A UDP port that is free now, and that the system is not soon to give to anyone else.
 inline std::uint16_t FreePort() {
   const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
+  sockaddr_in address = Loopback(0);
   socklen_t length = sizeof address;
   bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length);
   getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &length);

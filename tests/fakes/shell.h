@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -8,6 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace sentrel {
 
@@ -32,6 +34,17 @@ inline std::string ReadFile(const std::string& path) {
   std::ostringstream text;
   text << std::ifstream(path, std::ios::binary).rdbuf();
   return text.str();
+}
+
+/// The contents of a folder's files, in the order of their names.
+inline std::vector<std::string> FilesIn(const std::string& folder) {
+  std::vector<std::string> contents;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    contents.push_back(entry.path());
+  }
+  std::sort(contents.begin(), contents.end());
+  for (std::string& content : contents) content = ReadFile(content);
+  return contents;
 }
 
 /// What a command prints to standard output. Throws when it fails.

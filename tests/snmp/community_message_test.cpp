@@ -3,7 +3,8 @@
 #include <random>
 
 #include "encoded_message.h"
-#include "listener_fixture.h"
+#include "fakes/notification.h"
+#include "fakes/table_file.h"
 #include "oracle/library_reading.h"
 #include "snmp/notification_parser.h"
 #include "snmp/snmp_library.h"
@@ -11,7 +12,6 @@
 namespace sentrel::test {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::string_literals;
 using testing::ElementsAre;
 
@@ -29,10 +29,6 @@ class CommunityMessageTest : public testing::Test {
   Outcome Parse(const std::string& message) {
     read_ = {};
     return parser_.Parse(FromLoopback(message));
-  }
-  Trap ReadVersion1(const std::string& parts) {
-    EXPECT_EQ(Parse(Message(0, Tagged(0xA4, parts + Tagged(0x30, kBinding)))), Outcome::kAccepted);
-    return read_;
   }
 
   SnmpLibrary library_{"", "/nonexistent"};
@@ -97,47 +93,39 @@ TEST_F(CommunityMessageTest, IsRefusedWhereItIsNone) {
       {Message(1, Pdu(0xA2, kBinding)), Outcome::kUnsupportedPdu},
       {Message(1, Pdu(0xA9, kBinding)), Outcome::kMalformed},
       {"\x30\xff"s + trap, Outcome::kTruncated},
+      {"", Outcome::kNotSnmp},
   };
   for (const auto& [message, outcome] : messages) {
     EXPECT_EQ(Parse(message), outcome) << testing::PrintToString(message);
   }
+  for (const auto& row : RowsOf(TEST_DATA "/snmp/refused_datagrams.txt")) {
+    EXPECT_EQ(OutcomeText(Parse(ReadFile(CORPUS "/" + row.at(0)))), row.at(1)) << row.at(0);
+  }
+}
+
+TEST_F(CommunityMessageTest, IsTakenHoweverMuchItHolds) {
+  std::vector<std::string> ids(5'000);
+  for (std::size_t i = 0; i < ids.size(); ++i) ids[i] = "1.3.6." + std::to_string(i);
+  EXPECT_EQ(Parse(NotificationBytes("c", ids, std::vector<std::string>(ids.size()))),
+            Outcome::kAccepted);
+  EXPECT_EQ(std::vector(read_.OIDs.begin() + 2, read_.OIDs.end()), ids);
+
+  // The longest OID (RFC 2578, section 3.5), and one that is longer still.
+  std::string longest = "1.3";
+  for (int i = 2; i < 128; ++i) longest += ".16384";
+  std::string message = NotificationBytes("c", {longest}, {"x"});
+  EXPECT_EQ(Parse(message), Outcome::kAccepted);
+  EXPECT_EQ(read_.OIDs.back(), longest);
+  message[message.rfind('\x81')] = '\x01';  // makes two subidentifiers of the last one
+  EXPECT_EQ(Parse(message), Outcome::kAccepted);
+  EXPECT_THAT(read_.OIDs.back(), testing::StartsWith("tag 0x06: 0x2B8180"));
 }
 
 TEST_F(CommunityMessageTest, Version1TrapIsShownWithAnyHeader) {
-  const std::string time = Tagged(0x43, "\x05");
-  struct Case {
-    std::string parts;
-    std::string time, trap, address, enterprise;
-  };
-  const Case cases[] = {
-      {kEnterprise + kAddress + Number(6) + Number(3) + time, "5", "1.3.6.1.4.1.9.0.3", "192.0.2.7",
-       "1.3.6.1.4.1.9"},
-      {kEnterprise + kAddress + Tagged(2, "\0\0\x06"s) + Tagged(2, "\x7f\xff\xff\xff") + time, "5",
-       "1.3.6.1.4.1.9.0.2147483647", "192.0.2.7", "1.3.6.1.4.1.9"},
-      {kEnterprise + kAddress + Number(6) + Number(3) + Tagged(0x43, ""), "tag 0x43: empty",
-       "1.3.6.1.4.1.9.0.3", "192.0.2.7", "1.3.6.1.4.1.9"},
-      {kEnterprise + kAddress + Number(6) + Number(3) + Tagged(2, "\x05"), "tag 0x02: 0x05",
-       "1.3.6.1.4.1.9.0.3", "192.0.2.7", "1.3.6.1.4.1.9"},
-      {kEnterprise + Tagged(0x40, "") + Number(6) + Number(3) + time, "5", "1.3.6.1.4.1.9.0.3",
-       "tag 0x40: empty", "1.3.6.1.4.1.9"},
-      {kEnterprise + Tagged(0x40, std::string(16, ' ')) + Number(0) + Number(0) + time, "5",
-       "1.3.6.1.6.3.1.1.5.1", "tag 0x40: 0x20202020202020202020202020202020", "1.3.6.1.4.1.9"},
-      {Tagged(6, "") + kAddress + Number(5) + Number(9) + time, "5", "1.3.6.1.6.3.1.1.5.6",
-       "192.0.2.7", "tag 0x06: empty"},
-      {Tagged(6, "") + kAddress + Number(6) + Number(3) + time, "5",
-       "tag 0xA4: 0x06004004C0000207020106020103430105", "192.0.2.7", "tag 0x06: empty"},
-      {kEnterprise + kAddress + Number(7) + Number(3) + time, "5",
-       "tag 0xA4: 0x06062B06010401094004C0000207020107020103430105", "192.0.2.7", "1.3.6.1.4.1.9"},
-      {kEnterprise + kAddress + Number(-1) + Number(3) + time, "5",
-       "tag 0xA4: 0x06062B06010401094004C00002070201FF020103430105", "192.0.2.7", "1.3.6.1.4.1.9"},
-      {kEnterprise + kAddress + Number(6) + Number(-1) + time, "5",
-       "tag 0xA4: 0x06062B06010401094004C00002070201060201FF430105", "192.0.2.7", "1.3.6.1.4.1.9"},
-      {kEnterprise + kAddress + Tagged(2, "") + Tagged(0x0a, "x") + time, "5",
-       "tag 0xA4: 0x06062B06010401094004C000020702000A0178430105", "192.0.2.7", "1.3.6.1.4.1.9"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_THAT(ReadVersion1(c.parts).Values,
-                ElementsAre(c.time, c.trap, "7", c.address, c.enterprise));
+  for (const auto& row : RowsOf(TEST_DATA "/snmp/version1_headers.txt")) {
+    const std::string parts = FromHex(row.at(0)).value() + Tagged(0x30, kBinding);
+    EXPECT_EQ(Parse(Message(0, Tagged(0xA4, parts))), Outcome::kAccepted);
+    EXPECT_THAT(read_.Values, ElementsAre(row.at(1), row.at(2), "7", row.at(3), row.at(4)));
   }
 }
 
@@ -159,9 +147,7 @@ TEST_F(CommunityMessageTest, InformIsAnsweredByItselfWhateverItHolds) {
 
 TEST_F(CommunityMessageTest, AgreesWithTheLibraryOnAllThatItTakes) {
   constexpr int kRounds = 50'000;
-  std::vector<std::string> seeds;
-  for (const fs::path& file : fs::directory_iterator(CORPUS)) seeds.push_back(ReadFile(file));
-  std::sort(seeds.begin(), seeds.end());
+  const std::vector<std::string> seeds = FilesIn(CORPUS);
   std::mt19937 random(1157);
   int taken = 0;
   for (int round = 0; round < kRounds && !HasFailure(); ++round) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "encoded_message.h"
+#include "fakes/table_file.h"
 #include "snmp/answer_limit.h"
 #include "snmp/version3_users.h"
 
@@ -36,33 +37,17 @@ class EngineClocksTest : public testing::Test {
 };
 
 TEST_F(EngineClocksTest, TellsFreshMessagesFromRecordedOnes) {
-  struct Case {
-    EngineMoment moment;
-    std::uint32_t number;
-    std::chrono::seconds after;
-    Freshness freshness;
-    const char* what;
+  const std::map<std::string, Freshness> names = {{"fresh", Freshness::kFresh},
+                                                  {"repeated", Freshness::kRepeated},
+                                                  {"stale", Freshness::kStale}};
+  const auto number = [](const std::string& text) {
+    return static_cast<std::uint32_t>(std::stoul(text));
   };
-  const Case cases[] = {
-      {{5, 1000}, 1, 0s, Freshness::kFresh, "first"},
-      {{5, 1000}, 1, 0s, Freshness::kRepeated, "the same at once"},
-      {{5, 1000}, 2, 149s, Freshness::kFresh, "another of the same second"},
-      {{5, 850}, 3, 149s, Freshness::kStale, "late, and this clock has gone on"},
-      {{5, 1010}, 4, 200s, Freshness::kFresh, "later than ever, from a slow clock"},
-      {{5, 1000}, 1, 201s, Freshness::kRepeated, "the first again, within the slow clock's window"},
-      {{5, 900}, 5, 201s, Freshness::kFresh, "overtaken on its way"},
-      {{5, 1000}, 1, 300s, Freshness::kRepeated, "its digest is as old as any is kept"},
-      {{5, 1100}, 6, 302s, Freshness::kFresh, "an old digest goes"},
-      {{5, 1000}, 1, 302s, Freshness::kStale, "and what could repeat it with it"},
-      {{5, 1050}, 7, 302s, Freshness::kFresh, "overtaken, behind what went"},
-      {{4, 9999}, 8, 303s, Freshness::kStale, "from before a restart"},
-      {{6, 0}, 9, 303s, Freshness::kFresh, "restarted"},
-      {{5, 1200}, 10, 303s, Freshness::kStale, "from before that restart"},
-      {{2147483647, 0}, 11, 303s, Freshness::kStale, "a count at its end"},
-  };
-  for (const Case& message : cases) {
-    EXPECT_EQ(Arrive(message.moment, message.number, message.after), message.freshness)
-        << message.what;
+  for (const auto& row : RowsOf(TEST_DATA "/snmp/engine_moments.txt")) {
+    const EngineMoment moment{number(row.at(0)), number(row.at(1))};
+    EXPECT_EQ(Arrive(moment, number(row.at(2)), std::chrono::seconds(number(row.at(3)))),
+              names.at(row.at(4)))
+        << row.at(5);
   }
   const auto newest = clocks_.Newest();
   EXPECT_EQ(newest.size(), 2U);

@@ -22,9 +22,7 @@ using ListenFailureTest = ListenerTest;
 
 TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
   Start();
-  ListenerOptions options;
-  options.port = Listener().Port();
-  options.stateFolder = folder_ / "second";
+  const ListenerOptions options{.port = Listener().Port(), .stateFolder = folder_ / "second"};
   NetSnmpListener second(options, *this, [] {});
   EXPECT_GT(second.StartListening(), 0);
   EXPECT_FALSE(second.Listening());
@@ -47,10 +45,7 @@ TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
                            QString("udp:127.0.0.1:%1").arg(port)});
   WaitBlockedUntil([&] { return holder.waitForFinished(1) || FindPortHolder(port); });
   if (holder.state() == QProcess::NotRunning) GTEST_SKIP() << "no second receiver to hold the port";
-  ListenerOptions options;
-  options.port = port;
-  options.stateFolder = folder_ / "state";
-  NetSnmpListener listener(options, *this, [] {});
+  NetSnmpListener listener({.port = port, .stateFolder = folder_ / "state"}, *this, [] {});
   EXPECT_GT(listener.StartListening(), 0);
   EXPECT_THAT(listener.WhyNotListening().reason,
               HasSubstr("snmptrapd (process " + std::to_string(holder.processId()) + ")"));
@@ -62,10 +57,8 @@ TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {
 
 TEST_F(ListenFailureTest, ListenerRunsWithoutAFolderForItsState) {
   for (const char* folder : {"", "/dev/null/not/possible"}) {
-    ListenerOptions options;
-    options.port = 0;
-    options.stateFolder = folder;
-    EXPECT_EQ(NetSnmpListener(options, *this, [] {}).StartListening(), 0) << folder;
+    NetSnmpListener listener({.port = 0, .stateFolder = folder}, *this, [] {});
+    EXPECT_EQ(listener.StartListening(), 0) << folder;
   }
 }
 

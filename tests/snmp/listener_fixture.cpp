@@ -1,7 +1,6 @@
 #include "listener_fixture.h"
 
 #include <chrono>
-#include <fstream>
 
 namespace sentrel::test {
 namespace {
@@ -14,10 +13,6 @@ constexpr auto kPatience = 20s;
 
 }  // namespace
 
-void WriteFile(const fs::path& path, const std::string& content) {
-  std::ofstream(path, std::ios::binary) << content;
-}
-
 QProcessEnvironment EnvironmentIn(const fs::path& folder) {
   auto environment = QProcessEnvironment::systemEnvironment();
   for (const char* name : {"SNMPCONFPATH", "SNMP_PERSISTENT_DIR"}) {
@@ -29,13 +24,12 @@ QProcessEnvironment EnvironmentIn(const fs::path& folder) {
 
 void ListenerTest::Start(const std::string& configuration, QueueLimits limits) {
   const fs::path configured = folder_ / "configuration";
-  fs::create_directories(configured);
+  MakeFolderFor(configured / "sentrel.conf");
   WriteFile(configured / "sentrel.conf", configuration);
-  ListenerOptions options;
-  options.port = 0;
-  options.stateFolder = folder_ / "state";
-  options.configurationPath = configured;
-  options.queue = limits;
+  const ListenerOptions options{.port = 0,
+                                .stateFolder = folder_ / "state",
+                                .configurationPath = configured,
+                                .queue = limits};
   listener_ = std::make_unique<NetSnmpListener>(options, *this, [this] {
     onWake_();
     wakes_.release();
@@ -71,19 +65,14 @@ bool ListenerTest::WaitBlockedUntil(const std::function<bool()>& condition) {
 }
 
 void ListenerTest::ExpectOutcome(Outcome outcome, const std::function<void()>& step) {
-  const std::uint64_t before = listener_->Counters().Of(outcome);
+  const std::uint64_t before = Count(outcome);
   step();
-  EXPECT_TRUE(WaitUntil([&] { return listener_->Counters().Of(outcome) == before + 1; }))
+  EXPECT_TRUE(WaitUntil([&] { return Count(outcome) == before + 1; }))
       << "not " << OutcomeText(outcome);
 }
 
-int ListenerTest::Send(const char* tool, const std::vector<std::string>& arguments,
-                       const std::string& host) {
-  return SendTo(listener_->Port(), tool, arguments, host);
-}
-
 std::string ListenerTest::Caught(const char* tool, const std::vector<std::string>& arguments) {
-  const UdpCatcher catcher;
+  UdpSocket catcher;
   SendTo(catcher.Port(), tool, arguments, "127.0.0.1");
   return catcher.Take();
 }

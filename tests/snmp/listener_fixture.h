@@ -13,13 +13,12 @@
 #include <thread>
 #include <vector>
 
+#include "common/atomic_file.h"
 #include "fakes/shell.h"
 #include "snmp/net_snmp_listener.h"
-#include "udp_sender.h"
+#include "udp_socket.h"
 
 namespace sentrel::test {
-
-void WriteFile(const std::filesystem::path& path, const std::string& content);
 
 /// The environment for a program of the SNMP library that keeps its files in this folder.
 QProcessEnvironment EnvironmentIn(const std::filesystem::path& folder);
@@ -32,6 +31,7 @@ class ListenerTest : public testing::Test, public TrapObserver {
   void Start(const std::string& configuration = "", QueueLimits limits = {});
   void Stop();
   NetSnmpListener& Listener() { return *listener_; }
+  std::uint64_t Count(Outcome outcome) const { return listener_->Counters().Of(outcome); }
 
   /// Runs the event loop until the condition holds; false when it does not within 20 seconds.
   bool WaitUntil(const std::function<bool()>& condition);
@@ -44,12 +44,14 @@ class ListenerTest : public testing::Test, public TrapObserver {
   /// Does a step, after which one more datagram has this outcome.
   void ExpectOutcome(Outcome outcome, const std::function<void()>& step);
   void ExpectOutcome(const std::string& datagram, Outcome outcome) {
-    ExpectOutcome(outcome, [&] { UdpSender(Listener().Port()).Send(datagram); });
+    ExpectOutcome(outcome, [&] { UdpSocket(Listener().Port()).Send(datagram); });
   }
 
   /// Runs a sender with arguments of which "HOST" is the listener's address. Returns its exit code.
   int Send(const char* tool, const std::vector<std::string>& arguments,
-           const std::string& host = "127.0.0.1");
+           const std::string& host = "127.0.0.1") {
+    return SendTo(listener_->Port(), tool, arguments, host);
+  }
 
   /// The datagram of a sender that is started with these arguments; it goes nowhere else.
   std::string Caught(const char* tool, const std::vector<std::string>& arguments);

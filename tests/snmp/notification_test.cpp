@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include "fakes/notification.h"
+#include "fakes/table_file.h"
 #include "listener_fixture.h"
 
 namespace sentrel::test {
@@ -61,46 +63,38 @@ TEST_F(NotificationTest, Version1TrapBecomesVersion2Bindings) {
 }
 
 TEST_F(NotificationTest, Version2KeepsEveryTypeAndOrder) {
-  struct Case {
-    std::string letter, sent;
-    int type;
-    std::string text;
-  };
-  const std::vector<Case> cases = {
-      {"i", "-2147483648", 2, "-2147483648"},
-      {"u", "4294967295", 66, "4294967295"},
-      {"c", "4294967295", 65, "4294967295"},
-      {"t", "4294967295", 67, "4294967295"},
-      {"C", "18446744073709551615", 70, "18446744073709551615"},
-      {"s", "Gr\u00fc\u00dfe\tund \u20ac\r\n", 4, "Gr\u00fc\u00dfe\tund \u20ac\r\n"},
-      {"s", "", 4, ""},
-      {"x", "00FF1A", 4, "0x00FF1A"},
-      {"x", "4142", 4, "AB"},
-      {"b", "0 7", 4, "0x81"},
-      {"n", "", 5, ""},
-      {"o", "1.3.6.1.4.1.4294967295", 6, "1.3.6.1.4.1.4294967295"},
-      {"a", "192.0.2.1", 64, "192.0.2.1"},
-      {"F", "1.5", 68, "1.5"},
-      {"D", "-2.25", 68, "-2.25"},
-      {"U", "18446744073709551615", 68, "18446744073709551615"},
-      {"I", "-7", 68, "-7"},
-  };
+  auto rows = RowsOf(TEST_DATA "/snmp/sent_types.txt");
+  const std::string text = "Gr\u00fc\u00dfe\tund \u20ac\r\n";
+  rows.push_back({"s", text, "4", text});
   Start();
   std::vector<std::string> command = {"-v2c", "-c", "", "HOST", "4711", kVendor + ".10"};
   std::vector<std::string> ids = {kUpTime, kTrapOid};
   std::vector<int> types = {67, 6};
   std::vector<std::string> values = {"4711", kVendor + ".10"};
-  for (const Case& entry : cases) {
+  for (const auto& row : rows) {
     ids.push_back(kVendor + "." + std::to_string(ids.size()));
-    types.push_back(entry.type);
-    values.push_back(entry.text);
-    command.insert(command.end(), {ids.back(), entry.letter, entry.sent});
+    types.push_back(std::stoi(row.at(2)));
+    values.push_back(row.at(3));
+    command.insert(command.end(), {ids.back(), row.at(0), row.at(1)});
   }
   const Trap trap = Arrives(command);
   EXPECT_EQ(trap.Community, "");
   EXPECT_EQ(trap.OIDs, ids);
   EXPECT_EQ(trap.DataTypes, types);
   EXPECT_EQ(trap.Values, values);
+}
+
+TEST_F(NotificationTest, TheLargestDatagramArrivesWhole) {
+  const std::string community(255, 'c');
+  const auto withText = [&](std::size_t size) {
+    return NotificationBytes(community, {kVendor}, {std::string(size, 'x')});
+  };
+  const std::size_t size = 65'507 - (withText(60'000).size() - 60'000);
+  Start();
+  UdpSocket(Listener().Port()).Send(withText(size));
+  ASSERT_TRUE(WaitForTraps(1));
+  EXPECT_EQ(traps_[0].Values.back(), std::string(size, 'x'));
+  EXPECT_EQ(traps_[0].Community, community);
 }
 
 TEST_F(NotificationTest, InformIsAnsweredFromTheAddressItWasSentTo) {
@@ -116,7 +110,7 @@ TEST_F(NotificationTest, NothingArrivesAfterStopUntilItStartsAgain) {
   Start();
   const std::uint16_t port = Listener().Port();
   EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-c", "c", "HOST", "1", kVendor}), 0);
-  ASSERT_TRUE(WaitBlockedUntil([&] { return Listener().Counters().Of(Outcome::kAccepted) == 1; }));
+  ASSERT_TRUE(WaitBlockedUntil([&] { return Count(Outcome::kAccepted) == 1; }));
   EXPECT_THAT(traps_, IsEmpty());
   Listener().StopListening();
   EXPECT_EQ(traps_.size(), 1U) << "what had arrived is handed on first";

@@ -78,6 +78,18 @@ TEST_F(TrapQueueTest, RefusesBeyondItsBytesAndGivesThemBack) {
   EXPECT_TRUE(Push(queue, large));
 }
 
+TEST_F(TrapQueueTest, HoldsTwoHundredThousandUsualTraps) {
+  Trap usual{"192.0.2.1", "public", {}, {}, {}};
+  usual.OIDs.assign(8, "1.3.6.1.4.1.58213.1.2.3.4.5.6.7");
+  usual.DataTypes.assign(8, 4);
+  usual.Values.assign(8, "a value of the usual length, or so");
+  TrapQueue queue({});
+  for (int i = 0; i < 200'000; ++i) {
+    ArrivedTrap trap = usual;
+    ASSERT_TRUE(queue.Push(trap)) << i;
+  }
+}
+
 TEST_F(TrapQueueTest, GivesUsedMemoryToTheNextTrapsWithinReason) {
   const auto comesRound = [this](std::size_t size) {
     TrapQueue queue({});

@@ -23,6 +23,11 @@ std::vector<std::string> Keys(const std::string& digest = "", const std::string&
   return {"-l", "authPriv", "-a", digest, "-A", phrase, "-x", cipher, "-X", privacyPhrase};
 }
 
+const std::vector<std::string> kNone = Keys();
+const std::vector<std::string> kSigned = Keys("SHA", "auth-pass-phrase");
+const std::vector<std::string> kBoth = Keys("SHA", "auth-pass-phrase", "AES", "priv-pass-phrase");
+const std::string kSignedUser = "createUser -e " + kEngine + " sha SHA auth-pass-phrase\n";
+
 struct User {
   std::string name;
   std::vector<std::string> keys;
@@ -33,7 +38,7 @@ struct User {
 std::vector<User> Users() {
   const std::string phrase = "auth pass phrase";
   const std::string quoted = " \"auth pass phrase\"";
-  std::vector<User> users = {{"plain", Keys(), ""}};
+  std::vector<User> users = {{"plain", kNone, ""}};
   for (const std::string digest : {"MD5", "SHA", "SHA-224", "SHA-256", "SHA-384", "SHA-512"}) {
     users.push_back({"auth-" + digest, Keys(digest, phrase), digest + quoted});
   }
@@ -74,7 +79,8 @@ class Version3Test : public ListenerTest {
   int SendTrapAs(const std::string& user, const std::vector<std::string>& keys) {
     return SendAs(SNMPTRAP, user, keys, {"-e", kEngine});
   }
-  std::string State() const { return ReadFile(folder_ / "state" / "sentrel.conf"); }
+  std::string StateFile() const { return folder_ / "state" / "sentrel.conf"; }
+  std::string State() const { return ReadFile(StateFile()); }
   std::string Stored(const std::string& token) const {
     std::istringstream lines(State());
     for (std::string line; std::getline(lines, line);) {
@@ -108,16 +114,16 @@ TEST_F(Version3Test, RefusalsAreCountedByReason) {
   Start("createUser -e " + kEngine + " alice SHA auth-pass-phrase AES priv-pass-phrase\n" +
         "createUser -e " + kEngine + " bob SHA auth-pass-phrase\n");
   const auto wrongPrivacy = Keys("SHA", "auth-pass-phrase", "AES", "another-phrase");
-  ExpectOutcomeOfTrap(Outcome::kUnknownUser, "mallory", Keys());
-  ExpectOutcomeOfTrap(Outcome::kUnknownEngine, "alice", Keys(), "0x80000000ffffffff");
+  ExpectOutcomeOfTrap(Outcome::kUnknownUser, "mallory", kNone);
+  ExpectOutcomeOfTrap(Outcome::kUnknownEngine, "alice", kNone, "0x80000000ffffffff");
   ExpectOutcomeOfTrap(Outcome::kWrongDigest, "bob", Keys("SHA", "another-phrase"));
   ExpectOutcomeOfTrap(Outcome::kUnsupportedLevel, "bob", wrongPrivacy);
   // What a wrong key makes of an encrypted message is not always the same.
   EXPECT_EQ(SendTrapAs("alice", wrongPrivacy), 0);
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 5; }));
-  EXPECT_EQ(Listener().Counters().Of(Outcome::kAccepted), 0U);
+  EXPECT_EQ(Count(Outcome::kAccepted), 0U);
   // None of them stands in the way of the next good one.
-  EXPECT_EQ(SendTrapAs("bob", Keys("SHA", "auth-pass-phrase")), 0);
+  EXPECT_EQ(SendTrapAs("bob", kSigned), 0);
   EXPECT_TRUE(WaitForTraps(1));
   EXPECT_EQ(Listener().Counters().Dropped(), 5U);
 }
@@ -130,64 +136,61 @@ TEST_F(Version3Test, MessageBelowTheLevelOfTheKeysIsRefused) {
     lines += "createUser " + keys + "createUser -e " + kEngine + " " + keys;
   }
   Start(lines + "createUser -e " + kEngine + " bob" + auth + "\n");
-  const auto signedOnly = Keys("SHA", "auth-pass-phrase");
-  const auto both = Keys("SHA", "auth-pass-phrase", "AES", "priv-pass-phrase");
-  ExpectOutcomeOfTrap(Outcome::kLevelTooLow, "ann", Keys());
-  ExpectOutcomeOfTrap(Outcome::kLevelTooLow, "ann", signedOnly);
-  ExpectOutcomeOfTrap(Outcome::kAccepted, "ann", both);
-  ExpectOutcomeOfTrap(Outcome::kLevelTooLow, "bob", Keys());
-  ExpectOutcomeOfTrap(Outcome::kAccepted, "bob", signedOnly);
-  ExpectOutcomeOfTrap(Outcome::kLevelTooLow, "half", Keys());
-  ExpectOutcomeOfTrap(Outcome::kAccepted, "half", signedOnly);
-  ExpectOutcomeOfTrap(Outcome::kAccepted, "easy", Keys());
+  for (const auto& [user, keys] :
+       {std::pair{"ann", kNone}, {"ann", kSigned}, {"bob", kNone}, {"half", kNone}}) {
+    ExpectOutcomeOfTrap(Outcome::kLevelTooLow, user, keys);
+  }
+  for (const auto& [user, keys] :
+       {std::pair{"ann", kBoth}, {"bob", kSigned}, {"half", kSigned}, {"easy", kNone}}) {
+    ExpectOutcomeOfTrap(Outcome::kAccepted, user, keys);
+  }
   // The library takes nobody, too, for a user.
-  std::string nobody = Recorded("u", Keys(), "1,1");
+  std::string nobody = Recorded("u", kNone, "1,1");
   const std::string user = "\x04\x01u\x04\x00\x04\x00"s;
   nobody.replace(nobody.find(user), user.size(), "\x04\x00\x04\x01u\x04\x00"s);
   ExpectOutcome(nobody, Outcome::kUnknownUser);
-  EXPECT_NE(SendAs(SNMPINFORM, "ann", signedOnly), 0) << "is not acknowledged";
-  EXPECT_EQ(SendAs(SNMPINFORM, "half", signedOnly), 0);
-  EXPECT_EQ(Listener().Counters().Of(Outcome::kLevelTooLow), 5U);
-  EXPECT_EQ(Listener().Counters().Of(Outcome::kAccepted), 5U);
+  EXPECT_NE(SendAs(SNMPINFORM, "ann", kSigned), 0) << "is not acknowledged";
+  EXPECT_EQ(SendAs(SNMPINFORM, "half", kSigned), 0);
+  EXPECT_EQ(Count(Outcome::kLevelTooLow), 5U);
+  EXPECT_EQ(Count(Outcome::kAccepted), 5U);
   EXPECT_TRUE(WaitForTraps(5));
 }
 
 TEST_F(Version3Test, RecordedMessageMakesNoSecondRow) {
-  const std::string user = "createUser -e " + kEngine + " sha SHA auth-pass-phrase\n";
-  const auto keys = Keys("SHA", "auth-pass-phrase");
-  const std::string former = Recorded("sha", keys, "999,500");
-  const std::string old = Recorded("sha", keys, "1000,100");
-  const std::string earlier = Recorded("sha", keys, "1000,950");
-  const std::string newest = Recorded("sha", keys, "1000,1000");
-  Start(user);
-  ExpectOutcome(newest, Outcome::kAccepted);
-  ExpectOutcome(newest, Outcome::kRepeated);
-  ExpectOutcome(earlier, Outcome::kAccepted);
-  ExpectOutcome(earlier, Outcome::kRepeated);
-  ExpectOutcome(old, Outcome::kNotInTimeWindow);
-  ExpectOutcome(former, Outcome::kNotInTimeWindow);
+  const auto arrives = [this](const std::string& moment, Outcome outcome) {
+    SCOPED_TRACE(moment);
+    ExpectOutcome(Recorded("sha", kSigned, moment), outcome);
+  };
+  const std::string newest = Recorded("sha", kSigned, "1000,1000");
+  const std::string earlier = Recorded("sha", kSigned, "1000,950");
+  Start(kSignedUser);
+  for (const std::string& recorded : {newest, earlier}) {
+    ExpectOutcome(recorded, Outcome::kAccepted);
+    ExpectOutcome(recorded, Outcome::kRepeated);
+  }
+  for (const char* old : {"1000,100", "999,500"}) arrives(old, Outcome::kNotInTimeWindow);
   Stop();
 
-  Start(user);
-  for (const std::string& recorded : {former, old, earlier, newest}) {
+  Start(kSignedUser);
+  for (const std::string& recorded : {earlier, newest}) {
     ExpectOutcome(recorded, Outcome::kNotInTimeWindow);
   }
-  ExpectOutcome(Recorded("sha", keys, "1000,1001"), Outcome::kAccepted);
+  for (const char* old : {"1000,100", "999,500"}) arrives(old, Outcome::kNotInTimeWindow);
+  arrives("1000,1001", Outcome::kAccepted);
   Stop();
 
   // The device was replaced.
-  Start(user + "forgetEngine " + kEngine + "\n");
-  ExpectOutcome(Recorded("sha", keys, "1,7"), Outcome::kAccepted);
+  Start(kSignedUser + "forgetEngine " + kEngine + "\n");
+  arrives("1,7", Outcome::kAccepted);
   // Such a count says that the engine can no longer tell messages apart.
-  ExpectOutcome(Recorded("sha", keys, "2147483647,7"), Outcome::kNotInTimeWindow);
+  arrives("2147483647,7", Outcome::kNotInTimeWindow);
   EXPECT_EQ(traps_.size(), 4U);
 }
 
 TEST_F(Version3Test, OddValueCostsNoMessage) {
   const std::string value = "\x04\x0a"s + "from plain";
-  Start("createUser -e " + kEngine + " plain\ncreateUser -e " + kEngine +
-        " sha SHA auth-pass-phrase\n");
-  std::string trap = Recorded("plain", Keys(), "1,1");
+  Start(kSignedUser + "createUser -e " + kEngine + " plain\n");
+  std::string trap = Recorded("plain", kNone, "1,1");
   const std::size_t at = trap.find(value);
   std::string cut = trap;
   trap[at] = '\x48';
@@ -202,19 +205,18 @@ TEST_F(Version3Test, OddValueCostsNoMessage) {
   ASSERT_TRUE(WaitForTraps(3));
   for (const Trap& shown : traps_) EXPECT_THAT(shown.Values.back(), testing::StartsWith("tag 0x"));
   // What is behind the message is no part of it.
-  ExpectOutcome(Recorded("sha", Keys("SHA", "auth-pass-phrase"), "1,1") + "x", Outcome::kAccepted);
+  ExpectOutcome(Recorded("sha", kSigned, "1,1") + "x", Outcome::kAccepted);
 }
 
 TEST_F(Version3Test, WhatWasHeardIsKeptWithoutAnEnd) {
-  Start("createUser -e " + kEngine + " sha SHA auth-pass-phrase\n");
-  ExpectOutcome(Recorded("sha", Keys("SHA", "auth-pass-phrase"), "3,4"), Outcome::kAccepted);
+  Start(kSignedUser);
+  ExpectOutcome(Recorded("sha", kSigned, "3,4"), Outcome::kAccepted);
   EXPECT_TRUE(WaitUntil([&] { return Stored("heardEngine") == kEngine + " 3 4"; }));
 }
 
 TEST_F(Version3Test, EngineIdAndBootsCountPersist) {
-  const auto keys = Keys("SHA", "auth-pass-phrase", "AES", "priv-pass-phrase");
   Start("createUser carol SHA auth-pass-phrase AES priv-pass-phrase\n");
-  EXPECT_EQ(SendAs(SNMPINFORM, "carol", keys), 0);
+  EXPECT_EQ(SendAs(SNMPINFORM, "carol", kBoth), 0);
   Stop();
   const std::string engine = Stored("oldEngineID");
   EXPECT_NE(engine, "");
@@ -224,14 +226,14 @@ TEST_F(Version3Test, EngineIdAndBootsCountPersist) {
 
   // The localized keys are enough for the next life.
   Start();
-  EXPECT_EQ(SendAs(SNMPINFORM, "carol", keys), 0);
+  EXPECT_EQ(SendAs(SNMPINFORM, "carol", kBoth), 0);
   Stop();
   EXPECT_EQ(Stored("oldEngineID"), engine);
   EXPECT_EQ(Stored("engineBoots"), "2");
 
   // A passphrase that was changed since wins over them.
   Start("createUser carol SHA a-new-auth-phrase AES a-new-priv-phrase\n");
-  EXPECT_NE(SendAs(SNMPINFORM, "carol", keys), 0);
+  EXPECT_NE(SendAs(SNMPINFORM, "carol", kBoth), 0);
   EXPECT_EQ(
       SendAs(SNMPINFORM, "carol", Keys("SHA", "a-new-auth-phrase", "AES", "a-new-priv-phrase")), 0);
   Stop();
@@ -239,30 +241,29 @@ TEST_F(Version3Test, EngineIdAndBootsCountPersist) {
 }
 
 TEST_F(Version3Test, BootsStopAtTheirHighestValue) {
-  for (const std::string stored : {"2147483645", "2147483646", "2147483647", "99999999999"}) {
-    fs::create_directories(folder_ / "state");
-    WriteFile(folder_ / "state" / "sentrel.conf",
-              "engineBoots " + stored + "\noldEngineID 0x8000000005060708\n");
+  const std::string engine = "0x8000000005060708";
+  const std::pair<const char*, const char*> cases[] = {{"2147483645", "2147483646"},
+                                                       {"2147483646", "2147483647"},
+                                                       {"2147483647", "2147483647"},
+                                                       {"99999999999", "2147483647"},
+                                                       {"-5", "1"}};
+  for (const auto& [kept, next] : cases) {
+    MakeFolderFor(StateFile());
+    WriteFile(StateFile(), "engineBoots " + std::string(kept) + "\noldEngineID " + engine + "\n");
     Start();
     Stop();
-    EXPECT_EQ(Stored("engineBoots"), stored == "2147483645" ? "2147483646" : "2147483647");
-    EXPECT_EQ(Stored("oldEngineID"), "0x8000000005060708");
+    EXPECT_EQ(Stored("engineBoots"), next);
+    // Nobody knows how often an engine of fewer than no boots has started.
+    EXPECT_EQ(Stored("oldEngineID") == engine, *kept != '-');
   }
-  // Nobody knows how often such an engine has started.
-  WriteFile(folder_ / "state" / "sentrel.conf", "engineBoots -5\noldEngineID 0x8000000005060708\n");
-  Start();
-  Stop();
-  EXPECT_EQ(Stored("engineBoots"), "1");
-  EXPECT_NE(Stored("oldEngineID"), "0x8000000005060708");
 }
 
 TEST_F(Version3Test, RunThatCannotKeepItsBootsIsAnotherEngine) {
-  const fs::path file = folder_ / "state" / "sentrel.conf";
   const std::string configuration = "createUser carol SHA auth-pass-phrase\n";
   const auto discovery = [this] {
-    UdpSender sender(Listener().Port());
+    UdpSocket sender(Listener().Port());
     sender.Send(ReadFile(fs::path(CORPUS) / "v3-discovery"));
-    return QByteArray::fromStdString(sender.Answer()).toHex().toStdString();
+    return QByteArray::fromStdString(sender.Await()).toHex().toStdString();
   };
   Start(configuration);
   const std::string answer = discovery();
@@ -270,12 +271,12 @@ TEST_F(Version3Test, RunThatCannotKeepItsBootsIsAnotherEngine) {
   const std::string kept = State();
   const std::string engine = Stored("oldEngineID").substr(2);
   EXPECT_THAT(answer, testing::HasSubstr(engine));
-  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(fs::status(StateFile()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 
-  fs::permissions(file, fs::perms::owner_read);
+  fs::permissions(StateFile(), fs::perms::owner_read);
   Start(configuration);
   EXPECT_THAT(discovery(), testing::Not(testing::HasSubstr(engine)));
-  EXPECT_EQ(SendAs(SNMPINFORM, "carol", Keys("SHA", "auth-pass-phrase")), 0);
+  EXPECT_EQ(SendAs(SNMPINFORM, "carol", kSigned), 0);
   Stop();
   EXPECT_EQ(State(), kept);
 }
@@ -283,15 +284,15 @@ TEST_F(Version3Test, RunThatCannotKeepItsBootsIsAnotherEngine) {
 TEST_F(Version3Test, ReportsAreFewHoweverManyAskForThem) {
   Start();
   const std::string question = ReadFile(fs::path(CORPUS) / "v3-discovery");
-  const std::string trap = Recorded("stranger", Keys(), "1,1");
-  UdpSender sender(Listener().Port());
+  const std::string trap = Recorded("stranger", kNone, "1,1");
+  UdpSocket sender(Listener().Port());
   constexpr std::uint64_t kQuestions = 2'000;
   for (std::uint64_t i = 0; i < kQuestions; ++i) sender.Send(trap);
   sender.Send(question);
-  EXPECT_NE(sender.Answer(), "") << "what asks for nothing does not count";
+  EXPECT_NE(sender.Await(), "") << "what asks for nothing does not count";
   for (std::uint64_t i = 0; i < kQuestions; ++i) sender.Send(question);
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() > 2 * kQuestions; }));
-  EXPECT_THAT(sender.TakeAnswers(), testing::AllOf(testing::Gt(0U), testing::Lt(kQuestions / 2)));
+  EXPECT_THAT(sender.TakeAll(), testing::AllOf(testing::Gt(0U), testing::Lt(kQuestions / 2)));
 }
 
 TEST_F(Version3Test, FaultyConfigurationIsPassedOverWithoutAWord) {
@@ -302,11 +303,11 @@ TEST_F(Version3Test, FaultyConfigurationIsPassedOverWithoutAWord) {
       "createUser -M -e 0x80\ncreateUser x SHA short\ncreateUser y NONSENSE z\nno such token\n"
       "logOption e\n[snmp] logOption e\n[snmp] doDebugging yes\ncreateUser -e " +
       kEngine + " good\n");
-  UdpSender(Listener().Port()).Send("\x30\x03\x02\x01\x09");
+  UdpSocket(Listener().Port()).Send("\x30\x03\x02\x01\x09");
   EXPECT_TRUE(WaitUntil([&] { return Listener().Counters().Received() == 1; }));
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  EXPECT_EQ(SendTrapAs("good", Keys()), 0);
+  EXPECT_EQ(SendTrapAs("good", kNone), 0);
   EXPECT_TRUE(WaitForTraps(1));
 }
 

@@ -1,6 +1,7 @@
 // SENTREL_SOAK_MINUTES says how long; a few seconds without it. SENTREL_SOAK_SEED sets another
 // course.
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <QClipboard>
@@ -11,13 +12,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <optional>
 
 #include "app/program.h"
+#include "common/atomic_file.h"
 #include "fakes/free_port.h"
 #include "fakes/shell.h"
 #include "memory.h"
@@ -43,9 +42,9 @@ constexpr const char* kUsers =
     "createUser good SHA auth-pass-phrase AES priv-pass-phrase\n";
 constexpr const char* kSoakOid = "1.3.6.1.4.1.58213.77";
 
-void Write(const fs::path& path, const std::string& text) {
-  fs::create_directories(path.parent_path());
-  std::ofstream(path) << text;
+void Write(const std::string& path, const std::string& text) {
+  MakeFolderFor(path);
+  WriteFile(path, text);
 }
 
 /// A home of its own for a program that has not started yet, and no program of the desktop.
@@ -64,9 +63,7 @@ struct Home {
     QDir::setCurrent(root.path());
     QFile::remove(QCoreApplication::applicationDirPath() + "/test_soak.Toolbars");
   }
-  fs::path Path(const std::string& name) const {
-    return fs::path(root.path().toStdString()) / name;
-  }
+  std::string Path(const char* name) const { return root.filePath(name).toStdString(); }
   QStringList Files() const {
     QStringList files;
     for (const char* name : {"a.txt", "b", "<b>c<i>.html", "none/d.pdf", "e e.xlsx", "f.log"}) {
@@ -78,13 +75,6 @@ struct Home {
   QTemporaryDir root;
 };
 
-Storm::Samples Samples() {
-  Storm::Samples samples;
-  for (const auto& file : fs::directory_iterator(SAMPLES)) samples.push_back(ReadFile(file.path()));
-  std::sort(samples.begin(), samples.end());
-  return samples;
-}
-
 struct Memory {
   std::size_t heap;
   std::size_t resident;
@@ -93,17 +83,18 @@ struct Memory {
 class SoakTest : public testing::Test {
  protected:
   SoakTest() {
-    std::cout << "Seed " << seed << ", " << minutes << " minutes\n";
+    fmt::print("Seed {}, {} minutes\n", seed, minutes);
     bool started = false;
     QTimer::singleShot(0, &program.Window(), [&] { started = program.Start(); });
     user.SetLimits({{"Main:Exit"}, home.Files()});
     user.Act([&] { return started; }, [] {});  // a tip is shown
-    storm.emplace(program.Listener().Port(), seed, Samples());
+    storm.emplace(program.Listener().Port(), seed, FilesIn(SAMPLES));
   }
   ~SoakTest() override { program.Window().close(); }
 
-  std::uint64_t Received() const { return program.Listener().Counters().Received() - ofOthers; }
-  std::uint64_t Accepted() const { return program.Listener().Counters().Of(Outcome::kAccepted); }
+  ListenerCounters Counters() const { return program.Listener().Counters(); }
+  std::uint64_t Received() const { return Counters().Received() - ofOthers; }
+  std::uint64_t Accepted() const { return Counters().Of(Outcome::kAccepted); }
   QAction& Tool(const char* id) { return *program.Window().findChild<QAction*>(id); }
 
   /// Lets every trap in, and logs none.
@@ -125,8 +116,8 @@ class SoakTest : public testing::Test {
         [&] { return rows.Rows() > 1 && rows.RowData(1).ends_with("=" + text); }, 120'000));
     ASSERT_TRUE(QTest::qWaitFor([&] { return storm->Answers() == storm->Informs(); }, 10'000));
     EXPECT_EQ(Received(), storm->Sent());
-    EXPECT_EQ(program.Listener().Counters().systemDrops, 0U);
-    EXPECT_EQ(program.Listener().Counters().Of(Outcome::kQueueFull), 0U);
+    EXPECT_EQ(Counters().systemDrops, 0U);
+    EXPECT_EQ(Counters().Of(Outcome::kQueueFull), 0U);
     EXPECT_LE(rows.Rows(), kMostTraps + 1);
   }
   void Play(QStringList forbidden) {
@@ -143,41 +134,37 @@ class SoakTest : public testing::Test {
   }
   /// All traps pass and are logged, whatever else the user does.
   void CountedRound() {
-    const fs::path log = home.Path("counted.log");
+    std::string log = home.Path("counted.log");
     fs::remove(log);
-    std::string name = log;
-    program.Options().SetLogFilename(name);
+    program.Options().SetLogFilename(log);
     program.Options().SetLoggingEnabled(true);
     const std::uint64_t before = Accepted();
     Play({"Main:Exit", "Main:Settings", "Edit:Pause"});
     Settle();
     program.Options().SetLoggingEnabled(false);
-    EXPECT_EQ(EntriesIn(log), static_cast<qsizetype>(Accepted() - before));
-  }
-  static qsizetype EntriesIn(const fs::path& log) {
     const QByteArray text = QByteArray::fromStdString(ReadFile(log));
     EXPECT_TRUE(text.endsWith("\r\n"));
-    return text.count("   127.0.0.1\r\n");
+    EXPECT_EQ(text.count("   127.0.0.1\r\n"), static_cast<qsizetype>(Accepted() - before));
   }
   void SendVersion3Inform() {
     QProcess sender;
     const QString target = QString("127.0.0.1:%1").arg(program.Listener().Port());
     const QString options =
         "-v3 -r0 -t5 -u good -l authPriv -a SHA -A auth-pass-phrase -x AES -X priv-pass-phrase";
-    sender.start(SNMPINFORM, options.split(' ') << target << "1"
-                                                << "1.3.6.1.6.3.1.1.5.1");
+    sender.start(SNMPINFORM, options.split(' ')
+                                 << target << QStringList{"1", "1.3.6.1.6.3.1.1.5.1"});
     EXPECT_TRUE(QTest::qWaitFor([&] { return sender.state() == QProcess::NotRunning; }, 20'000));
     EXPECT_EQ(sender.exitCode(), 0);
-    ofOthers = program.Listener().Counters().Received() - storm->Sent();
+    ofOthers = Counters().Received() - storm->Sent();
   }
   /// The user's MIB modules come and go while the program runs.
   void RenewModules() {
     program.Options().SetRaw(false);
-    const fs::path folder = home.Path("data/sentrel/mibs");
-    fs::remove_all(folder);
+    fs::remove_all(home.Path("data/sentrel/mibs"));
     const std::string name = "soak" + std::to_string(++marks);
-    Write(folder / "soak", "SOAK-MIB DEFINITIONS ::= BEGIN IMPORTS enterprises FROM SNMPv2-SMI;\n" +
-                               name + " OBJECT IDENTIFIER ::= { enterprises 58213 77 } END\n");
+    Write(home.Path("data/sentrel/mibs/soak"),
+          "SOAK-MIB DEFINITIONS ::= BEGIN IMPORTS enterprises FROM SNMPv2-SMI;\n" + name +
+              " OBJECT IDENTIFIER ::= { enterprises 58213 77 } END\n");
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
           storm->SendMarker(kSoakOid, "x");
@@ -236,15 +223,14 @@ TEST_F(SoakTest, NothingIsLostMiscountedOrHeld) {
   const Memory before = Measure();
   PlayHalf();
   const Memory after = Measure();
-  const ListenerCounters counters = program.Listener().Counters();
-  std::cout << user.Acts() << " acts, " << user.Dialogs() << " dialogs, " << storm->Sent()
-            << " datagrams:";
+  const ListenerCounters counters = Counters();
+  fmt::print("{} acts, {} dialogs, {} datagrams, {} informs answered:", user.Acts(), user.Dialogs(),
+             storm->Sent(), counters.answeredInforms);
   for (std::size_t i = 0; i < kOutcomes; ++i) {
-    std::cout << " " << counters.outcomes[i] << " " << OutcomeText(static_cast<Outcome>(i)) << ",";
+    fmt::print(" {} {},", counters.outcomes[i], OutcomeText(static_cast<Outcome>(i)));
   }
-  std::cout << " " << counters.answeredInforms << " informs answered\nHeap " << (before.heap >> 10)
-            << " KiB, then " << (after.heap >> 10) << "; resident " << (before.resident >> 10)
-            << " KiB, then " << (after.resident >> 10) << "\n";
+  fmt::print("\nHeap {} KiB, then {}; resident {} KiB, then {}\n", before.heap >> 10,
+             after.heap >> 10, before.resident >> 10, after.resident >> 10);
   for (const Outcome outcome : {Outcome::kAccepted, Outcome::kTruncated, Outcome::kMalformed,
                                 Outcome::kWrongDigest, Outcome::kUnknownUser}) {
     EXPECT_GT(counters.Of(outcome), 0U) << OutcomeText(outcome);

@@ -6,8 +6,6 @@ namespace sentrel {
 namespace {
 
 constexpr std::uint64_t kMostOnTheirWay = 100;
-constexpr const char* kUptime = "1.3.6.1.2.1.1.3.0";
-constexpr const char* kTrapOid = "1.3.6.1.6.3.1.1.4.1.0";
 constexpr std::size_t kLargestText = 65'507 - 120;
 
 const std::vector<std::string> kOids = {"1.3.6.1.2.1.2.2.1.8.7", "1.3.6.1.2.1.1.5.0",
@@ -15,34 +13,27 @@ const std::vector<std::string> kOids = {"1.3.6.1.2.1.2.2.1.8.7", "1.3.6.1.2.1.1.
                                         "1.3.6.1.2.1.31.1.1.1.18.4294967295"};
 const std::vector<std::string> kCommunities = {"public", "private", "a=b::c", "<b>bold</b>",
                                                "\u202Ecilbup"};
-
-std::string Bytes(const std::vector<std::uint8_t>& message) {
-  return {message.begin(), message.end()};
-}
+/// Texts that try to break out of where they are shown.
+const std::vector<std::string> kTexts = {
+    "up",
+    "2",
+    "1.3.6.1.2.1.2.2.1.8.7",
+    "",
+    "two\r\nlines\rthree\nfour",
+    "<img src='file:///etc/passwd'><b>bold</b><script>alert(1)</script>",
+    "&lt;entities&gt; &amp;",
+    "\u202Eright to left\u2066isolated",
+    "\x07\x1b[31m\x08 control",
+    "a" + std::string(300, '\n'),
+    "=HYPERLINK(\"x\")",
+    "c\u0300" + std::string(400, 'x'),
+    "tab\tbed",
+    "\\::\\=::",
+    "\xFF\xFE no text"};
 
 }  // namespace
 
-const std::vector<std::string>& HostileTexts() {
-  static const std::vector<std::string> texts = {
-      "up",
-      "2",
-      "1.3.6.1.2.1.2.2.1.8.7",
-      "",
-      "two\r\nlines\rthree\nfour",
-      "<img src='file:///etc/passwd'><b>bold</b><script>alert(1)</script>",
-      "&lt;entities&gt; &amp;",
-      "\u202Eright to left\u2066isolated",
-      "\x07\x1b[31m\x08 control",
-      "a" + std::string(300, '\n'),
-      "=HYPERLINK(\"x\")",
-      "c\u0300" + std::string(400, 'x'),
-      "tab\tbed",
-      "\\::\\=::",
-      "\xFF\xFE no text"};
-  return texts;
-}
-
-Storm::Storm(std::uint16_t port, std::uint32_t seed, Samples samples)
+Storm::Storm(std::uint16_t port, std::uint32_t seed, std::vector<std::string> samples)
     : random_(seed), samples_(std::move(samples)), informSender_(port), sender_(port) {}
 
 void Storm::Blow(std::uint64_t received) {
@@ -64,7 +55,10 @@ void Storm::Blow(std::uint64_t received) {
         break;
       case 5:
         // As large as the whole buffer may be, so only where nothing else is on its way.
-        if (sent_ == received && Below(20) == 0) Send(sender_, Large());
+        if (sent_ == received && Below(20) == 0) {
+          const std::string large(kLargestText, static_cast<char>('a' + Below(26)));
+          SendMarker(kOids[2], large);
+        }
         break;
       default:
         Send(sender_, Notification(false));
@@ -73,38 +67,25 @@ void Storm::Blow(std::uint64_t received) {
 }
 
 void Storm::SendMarker(const std::string& oid, const std::string& text) {
-  Send(sender_, Bytes(TrapMessage("public", {kUptime, kTrapOid, oid},
-                                  {"1", "1.3.6.1.6.3.1.1.5.1", text}, {67, 6, 4})));
+  Send(sender_, NotificationBytes("public", {oid}, {text}));
 }
 
 std::uint64_t Storm::Answers() {
-  answers_ += informSender_.TakeAnswers();
+  answers_ += informSender_.TakeAll();
   return answers_;
 }
 
 std::string Storm::Notification(bool inform) {
-  std::vector<std::string> oids = {kUptime, kTrapOid};
-  std::vector<std::string> values = {std::to_string(random_()), "1.3.6.1.6.3.1.1.5.3"};
-  std::vector<std::int16_t> types = {67, 6};
-  for (std::uint32_t count = Below(8); count > 0; --count) {
-    oids.push_back(AnyOf(kOids));
-    const bool number = Below(3) == 0;
-    values.push_back(number ? std::to_string(Below(9)) : AnyOf(HostileTexts()));
-    types.push_back(number ? 2 : 4);
-  }
+  std::vector<std::string> oids(Below(8));
+  std::vector<std::string> texts(oids.size());
+  for (std::string& oid : oids) oid = AnyOf(kOids);
+  for (std::string& text : texts) text = AnyOf(kTexts);
   const std::string& community = AnyOf(kCommunities);
-  std::string message = Bytes(TrapMessage(community, oids, values, types));
-  return inform ? AsInform(std::move(message), community) : message;
+  const std::string message = NotificationBytes(community, oids, texts);
+  return inform ? AsInform(message, community) : message;
 }
 
-std::string Storm::Large() {
-  return Bytes(TrapMessage(
-      "public", {kUptime, kTrapOid, kOids[2]},
-      {"1", "1.3.6.1.6.3.1.1.5.1", std::string(kLargestText, static_cast<char>('a' + Below(26)))},
-      {67, 6, 4}));
-}
-
-void Storm::Send(const test::UdpSender& sender, const std::string& datagram) {
+void Storm::Send(const test::UdpSocket& sender, const std::string& datagram) {
   sender.Send(datagram);
   ++sent_;
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "udp_sender.h"
+#include "udp_socket.h"
 
 namespace sentrel {
 
@@ -13,10 +13,8 @@ namespace sentrel {
 /// the seed alone.
 class Storm {
  public:
-  /// Datagrams that are sent as they are, whole, cut or changed at random.
-  using Samples = std::vector<std::string>;
-
-  Storm(std::uint16_t port, std::uint32_t seed, Samples samples);
+  /// The samples are sent as they are, whole, cut or changed at random.
+  Storm(std::uint16_t port, std::uint32_t seed, std::vector<std::string> samples);
 
   /// Sends a few datagrams, as far as no more than the socket's buffer holds are on their way.
   void Blow(std::uint64_t received);
@@ -34,20 +32,16 @@ class Storm {
     return texts[Below(static_cast<std::uint32_t>(texts.size()))];
   }
   std::string Notification(bool inform);
-  std::string Large();
-  void Send(const test::UdpSender& sender, const std::string& datagram);
+  void Send(const test::UdpSocket& sender, const std::string& datagram);
 
   std::mt19937 random_;
-  Samples samples_;
+  const std::vector<std::string> samples_;
   /// Nothing comes back on the one but answers to well-formed informs.
-  test::UdpSender informSender_;
-  test::UdpSender sender_;
+  test::UdpSocket informSender_;
+  test::UdpSocket sender_;
   std::uint64_t sent_ = 0;
   std::uint64_t informs_ = 0;
   std::uint64_t answers_ = 0;
 };
-
-/// Texts that try to break out of where they are shown.
-const std::vector<std::string>& HostileTexts();
 
 }  // namespace sentrel

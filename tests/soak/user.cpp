@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QRegularExpression>
-#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -66,29 +65,17 @@ void User::ActOnce() {
   QWidget* dialog = QApplication::activeModalWidget();
   if (!done_() || popup || dialog) ArmNext();
   ++acts_;
-  if (popup) {
-    UsePopup(*popup);
-  } else if (dialog) {
-    UseDialog(*dialog);
-  } else if (!done_()) {
-    UseWindow();
-  }
+  if (popup) return UsePopup(*popup);
+  if (dialog) return UseDialog(*dialog);
+  if (!done_()) UseWindow();
 }
 
 void User::UseWindow() {
-  switch (Below(8)) {
-    case 0:
-    case 1:
-    case 2:
-      return UseTool();
-    case 3:
-      window_.resize(static_cast<int>(Below(1800)), static_cast<int>(Below(1200)));
-      return;
-    case 4:
-      return UseHelp();
-    default:
-      return UseTable();
-  }
+  const std::uint32_t choice = Below(8);
+  if (choice < 3) return UseTool();
+  if (choice < 6) return UseTable();
+  if (choice == 6) return UseHelp();
+  window_.resize(static_cast<int>(Below(1800)), static_cast<int>(Below(1200)));
 }
 
 void User::UseTool() {
@@ -105,31 +92,20 @@ void User::UseTool() {
 void User::UseTable() {
   auto* table = window_.findChild<QAbstractScrollArea*>("Table");
   const Qt::KeyboardModifiers shift = Below(3) == 0 ? Qt::ShiftModifier : Qt::NoModifier;
-  switch (Below(4)) {
-    case 0:
-      return ClickAt(*table->viewport(), Below(4) == 0 ? Qt::RightButton : Qt::LeftButton);
-    case 1:
-      table->verticalScrollBar()->triggerAction(Below(2) ? QScrollBar::SliderPageStepAdd
-                                                         : QScrollBar::SliderSingleStepSub);
-      return;
-    default:
-      QTest::keyClick(table, AnyOf(kTableKeys), shift);
-  }
+  if (Below(3) > 0) return QTest::keyClick(table, AnyOf(kTableKeys), shift);
+  ClickAt(*table->viewport(), Below(4) == 0 ? Qt::RightButton : Qt::LeftButton);
 }
 
 void User::UseHelp() {
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     if (widget->objectName() != "Help" || !widget->isVisible()) continue;
-    if (Below(4) == 0) {
-      widget->close();
-    } else if (Below(3) == 0) {
-      auto* search = widget->findChild<QLineEdit*>("Search");
-      search->setText(AnyOf(kTyped));
-      QTest::keyClick(search, Qt::Key_Return);
-    } else {
-      QTest::keyClick(widget->findChild<QAbstractScrollArea*>(), AnyOf(kKeys));
+    if (Below(4) == 0) return void(widget->close());
+    if (Below(3) > 0) {
+      return QTest::keyClick(widget->findChild<QAbstractScrollArea*>(), AnyOf(kKeys));
     }
-    return;
+    auto* search = widget->findChild<QLineEdit*>("Search");
+    search->setText(AnyOf(kTyped));
+    return QTest::keyClick(search, Qt::Key_Return);
   }
   QTest::keyClick(window_.findChild<QWidget*>("Table"), Qt::Key_F1);
 }
@@ -154,23 +130,16 @@ void User::UseDialog(QWidget& dialog) {
     return;
   }
   if (qobject_cast<QFileDialog*>(&dialog)) return UseFileDialog(dialog);
-  switch (Below(4)) {
-    case 0:
-      return TypeInto(dialog);
-    case 1:
-      QTest::keyClick(&dialog, AnyOf(kKeys));
-      return;
-    default:
-      return Click(dialog);
-  }
+  const std::uint32_t choice = Below(4);
+  if (choice == 0) return TypeInto(dialog);
+  if (choice == 1) return QTest::keyClick(&dialog, AnyOf(kKeys));
+  const auto buttons = Usable<QAbstractButton>(dialog);
+  if (!buttons.isEmpty()) ClickAt(*AnyOf(buttons), Qt::LeftButton);
 }
 
 void User::UseFileDialog(QWidget& dialog) {
   auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-  if (!name || Below(4) == 0) {
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-    return;
-  }
+  if (!name || Below(4) == 0) return QTest::keyClick(&dialog, Qt::Key_Escape);
   name->setText(AnyOf(limits_.files));
   QTest::keyClick(name, Qt::Key_Return);
 }
@@ -183,19 +152,9 @@ void User::TypeInto(QWidget& dialog) {
   const bool target = combo && combo->objectName() == "Target";
   box->selectAll();
   const QString text = AnyOf(target ? kTargets : kTyped);
-  const bool ascii = text == QString::fromLatin1(text.toLatin1());
-  if (ascii && text.size() < 30) {
-    QTest::keyClicks(box, text);
-  } else {
-    box->insert(text);  // pasted
-  }
+  const bool pasted = text.size() >= 30 || text != QString::fromLatin1(text.toLatin1());
+  pasted ? box->insert(text) : QTest::keyClicks(box, text);
   if (Below(2) == 0) QTest::keyClick(box, Qt::Key_Return);
-}
-
-void User::Click(QWidget& dialog) {
-  const auto buttons = Usable<QAbstractButton>(dialog);
-  if (buttons.isEmpty()) return;
-  ClickAt(*AnyOf(buttons), Qt::LeftButton);
 }
 
 void User::ClickAt(QWidget& widget, Qt::MouseButton button) {

@@ -45,7 +45,6 @@ class User {
   void UseDialog(QWidget& dialog);
   void UseFileDialog(QWidget& dialog);
   void TypeInto(QWidget& dialog);
-  void Click(QWidget& dialog);
   void ClickAt(QWidget& widget, Qt::MouseButton button);
 
   QMainWindow& window_;

@@ -1,4 +1,4 @@
-#include "snmp/encoded_value.h"
+#include "snmp/value_reader.h"
 
 #include <fmt/format.h>
 

@@ -1,9 +1,10 @@
-#include "snmp/datagram.h"
+#include "snmp/peer_address.h"
 
 #include <arpa/inet.h>
 #include <net/if.h>
 
-#include <cstring>
+#include <cstdint>
+#include <span>
 
 #include "common/dotted_quad.h"
 

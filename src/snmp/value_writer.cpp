@@ -1,4 +1,4 @@
-#include "snmp/value_encoding.h"
+#include "snmp/value_writer.h"
 
 #include <fmt/format.h>
 
