@@ -16,10 +16,10 @@
 #include "mib/library.h"
 #include "oracle/library_reading.h"
 #include "snmp/binding.h"
-#include "snmp/value_reader.h"
 #include "snmp/notification_parser.h"
 #include "snmp/odd_values.h"
 #include "snmp/snmp_library.h"
+#include "snmp/value_reader.h"
 
 namespace {
 

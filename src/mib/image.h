@@ -21,8 +21,8 @@ enum class DamageCheck { AtOnce, WhenRead };
 /// index in it is checked when it is followed: a forged image gives wrong answers, never a crash.
 class Image {
  public:
-  /// Maps a file; the memory that a check at once takes is given back. Throws Failure when it cannot be read, or is damaged, truncated or of another
-  /// version.
+  /// Maps a file; the memory that a check at once takes is given back. Throws Failure when it
+  /// cannot be read, or is damaged, truncated or of another version.
   static std::shared_ptr<const Image> Open(const std::string& path,
                                            DamageCheck check = DamageCheck::AtOnce);
   /// An image over bytes that `owner` keeps alive, 8-byte aligned. Throws Failure like Open.

@@ -14,7 +14,8 @@ std::pair<QString, QString> EnterpriseAndNumber(const QString& trap) {
   return {trap.left(trap.lastIndexOf('.', number - 1)), trap.mid(number + 1)};
 }
 
-/// Without any module, in version 2c with the maker's product and in version 1 as its agents send it.
+/// Without any module, in version 2c with the maker's product and in version 1 as its agents send
+/// it.
 TEST_F(ProgramFixture, TheTrapsOfMakersHaveNames) {
   int rows = 1;
   for (const auto& row : RowsOf(TEST_DATA "/mib/maker_traps.txt")) {
@@ -22,8 +23,8 @@ TEST_F(ProgramFixture, TheTrapsOfMakersHaveNames) {
     QStringList words;
     for (const std::string& word : row) words << QString::fromStdString(word);
     const QStringList object = {words[5], "i", words[6]};
-    Run(SNMPTRAP, QStringList{"-v2c", "-c", "public", Peer(), "", words[1],
-                              "1.3.6.1.6.3.1.1.4.3.0", "o", words[3]} +
+    Run(SNMPTRAP, QStringList{"-v2c", "-c", "public", Peer(), "", words[1], "1.3.6.1.6.3.1.1.4.3.0",
+                              "o", words[3]} +
                       object);
     AwaitRows(++rows);
     const Table& table = program.Traps();
@@ -33,8 +34,9 @@ TEST_F(ProgramFixture, TheTrapsOfMakersHaveNames) {
 
     if (!words[1].contains(".0.")) continue;  // one of those that version 1 knows by a number
     const auto [enterprise, number] = EnterpriseAndNumber(words[1]);
-    Run(SNMPTRAP, QStringList{"-v1", "-c", "public", Peer(), enterprise, "127.0.0.1", "6", number, ""} +
-                      object);
+    Run(SNMPTRAP,
+        QStringList{"-v1", "-c", "public", Peer(), enterprise, "127.0.0.1", "6", number, ""} +
+            object);
     AwaitRows(++rows);
     EXPECT_THAT(table.Cell(1, 4), HasSubstr("snmpTrapOID = " + row.at(2)));
     EXPECT_THAT(table.Cell(1, 4), HasSubstr(row.at(7)));
