@@ -195,17 +195,20 @@ void Resolver::AddBaseEntry(const format::EntryRecord& record) {
 }
 
 void Resolver::AddBaseTypes() {
+  size_t count = 0;
+  for (const format::TypeRecord& record : base_.Types()) count += base_.Values(record).size();
+  auto& values = catalog_.ownValues.emplace_back();
+  values.reserve(count);
   for (const format::TypeRecord& record : base_.Types()) {
-    auto& values = catalog_.ownValues.emplace_back();
-    for (const format::ValueRecord& value : base_.Values(record)) {
-      values.push_back({value.value, base_.Text(value.label)});
-    }
     ResolvedType type;
     type.base = static_cast<BaseType>(record.base);
     type.hint = base_.Text(record.hint);
     type.units = base_.Text(record.units);
-    type.values = values.data();
-    type.valueCount = static_cast<std::uint32_t>(values.size());
+    type.values = values.data() + values.size();
+    for (const format::ValueRecord& value : base_.Values(record)) {
+      values.push_back({value.value, base_.Text(value.label)});
+    }
+    type.valueCount = static_cast<std::uint32_t>(values.data() + values.size() - type.values);
     baseTypes_.push_back(types_.Add(type));
   }
 }
