@@ -42,7 +42,7 @@ enum class Keyword : std::uint8_t {
   TimeTicks,
   UInteger32,
   Unsigned32,
-  // From here on: what stands behind the name of a definition.
+  // From here on: what follows the name of a definition.
   Definitions,
   Macro,
   Object,
