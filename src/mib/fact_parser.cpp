@@ -9,7 +9,7 @@
 namespace sentrel::mib {
 namespace {
 
-/// Splits off what stands before the first blank.
+/// Splits off what precedes the first blank.
 std::string_view TakeWord(std::string_view& line) {
   const size_t end = std::min(line.find(' '), line.size());
   const std::string_view word = line.substr(0, end);

@@ -12,7 +12,7 @@
 namespace sentrel::mib {
 namespace {
 
-/// Where everything of an image stands.
+/// Where each part of an image is.
 struct Layout {
   format::Section sections[format::kSectionCount];
   size_t end = sizeof(format::Header);

@@ -74,7 +74,7 @@ constexpr size_t SlotOf(std::string_view word) {
   return (word.size() * 37 + letter(word.front()) * 5 + letter(word.back()) * 3) % kSlots;
 }
 
-/// Open addressing: a keyword stands in its slot or in one of those right behind it.
+/// Open addressing: a keyword is in its slot or in one of those right after it.
 constexpr auto MakeTable() {
   std::array<Entry, kSlots> table{};
   for (const Entry& entry : kKeywords) {

@@ -49,7 +49,7 @@ enum class Keyword : std::uint8_t {
   Units,
   Unsigned32,
   Variables,
-  // From here on: what stands behind the name of a definition.
+  // From here on: what follows the name of a definition.
   Definitions,
   Macro,
   Object,

@@ -54,6 +54,17 @@ std::uint32_t RootOf(std::string_view name, OidTree& tree) {
   return node;
 }
 
+/// Makes one catalog, once: first the base image, then the nodes and types of all modules, then the
+/// modules' entries in the order of the list.
+///
+/// Threads: nodes are resolved in the caller's thread and types in another. Meanwhile nodes write
+/// only the tree, nodeOf_ and messages_; types write only types_ with catalog_.types, typeOf_,
+/// plainTypes_, typeMessages_ and the order of the modules' named values. Both read the rest, which
+/// no longer changes until both are done.
+///
+/// Invariants: each node and each type is looked for at most once, and a chain of references that
+/// leads back to itself is cut with one message. No entry is added to the catalog before all nodes
+/// and types are known, except those of the base image, which are its first.
 class Resolver {
  public:
   Resolver(std::vector<Module>& modules, const Image& base, std::vector<FileMessage>& messages)

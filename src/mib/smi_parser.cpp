@@ -92,7 +92,7 @@ class Parser {
   Token nextName_;
 };
 
-/// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text stands around modules, and reads
+/// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text is around modules, and reads
 /// that module.
 bool Parser::FindModule() {
   reader_.SetStrings(false);
