@@ -11,7 +11,7 @@
 
 namespace sentrel::mib {
 
-/// Where a definition stands: in one of the modules being compiled, or in the base image.
+/// Where a definition is: in one of the modules being compiled, or in the base image.
 struct Target {
   enum class Place : std::uint8_t { Nowhere, Module, Base };
   Place place = Place::Nowhere;

@@ -8,7 +8,7 @@ namespace {
 
 std::shared_ptr<const Image> OpenOrEmpty(const std::string& path) {
   try {
-    return Image::Open(path);
+    return Image::Open(path, DamageCheck::WhenRead);
   } catch (const Failure&) {
     return Image::Empty();
   }
@@ -18,17 +18,24 @@ class DatabaseObject : public OIDObject {
  public:
   explicit DatabaseObject(std::shared_ptr<const Image> image) : image_(std::move(image)) {}
 
-  void SetOID(const std::string& oid) override { found_ = LookUp(*image_, oid); }
+  /// Damage costs the names that it hits.
+  void SetOID(const std::string& oid) override {
+    if (!Attempt([&] { found_ = LookUp(*image_, oid); })) found_ = {oid, nullptr};
+  }
   const std::string& Name() const override { return found_.name; }
 
   /// Made when first asked for: the list of ifType alone has some 300 labels.
   const std::string& EnumerationList() const override {
-    if (list_.empty() && found_.type != nullptr) list_ = ListOf(*image_, *found_.type);
+    if (list_.empty() && found_.type != nullptr) {
+      Attempt([&] { list_ = ListOf(*image_, *found_.type); });
+    }
     return list_;
   }
 
   std::string EnumerationName(std::int32_t number) const override {
-    return found_.type == nullptr ? "unknown(0)" : LabelOf(*image_, *found_.type, number);
+    std::string label = "unknown(0)";
+    if (found_.type != nullptr) Attempt([&] { label = LabelOf(*image_, *found_.type, number); });
+    return label;
   }
 
  private:

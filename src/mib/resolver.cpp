@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <future>
 #include <iterator>
+#include <map>
 #include <tuple>
 
+#include "mib/enterprise.h"
 #include "mib/token_reader.h"
 #include "mib/type_list.h"
 
@@ -27,6 +29,42 @@ bool AreTwins(const Entry& a, const Entry& b) {
   return a.name == b.name && a.node != b.node && names(a) && names(b);
 }
 
+/// The node of a name that needs no module: those that ASN.1 itself knows, and those that modules
+/// take from the SMI (RFC 2578 section 2), should even that be missing. kNothing for any other.
+std::uint32_t RootOf(std::string_view name, OidTree& tree) {
+  static const std::map<std::string_view, std::vector<std::uint32_t>> kRoots = {
+      {"ccitt", {0}},
+      {"itu-t", {0}},
+      {"iso", {1}},
+      {"joint-iso-ccitt", {2}},
+      {"joint-iso-itu-t", {2}},
+      {"internet", {1, 3, 6, 1}},
+      {"mgmt", {1, 3, 6, 1, 2}},
+      {"mib-2", {1, 3, 6, 1, 2, 1}},
+      {"transmission", {1, 3, 6, 1, 2, 1, 10}},
+      {"experimental", {1, 3, 6, 1, 3}},
+      {"private", {1, 3, 6, 1, 4}},
+      {"enterprises", {1, 3, 6, 1, 4, 1}},
+      {"snmpV2", {1, 3, 6, 1, 6}},
+      {"snmpModules", {1, 3, 6, 1, 6, 3}}};
+  const auto found = kRoots.find(name);
+  if (found == kRoots.end()) return kNothing;
+  std::uint32_t node = OidTree::kRoot;
+  for (const std::uint32_t number : found->second) node = tree.Child(node, number);
+  return node;
+}
+
+/// Makes one catalog, once: first the base image, then the nodes and types of all modules, then the
+/// modules' entries in the order of the list.
+///
+/// Threads: nodes are resolved in the caller's thread and types in another. Meanwhile nodes write
+/// only the tree, nodeOf_ and messages_; types write only types_ with catalog_.types, typeOf_,
+/// plainTypes_, typeMessages_ and the order of the modules' named values. Both read the rest, which
+/// no longer changes until both are done.
+///
+/// Invariants: each node and each type is looked for at most once, and a chain of references that
+/// leads back to itself is cut with one message. No entry is added to the catalog before all nodes
+/// and types are known, except those of the base image, which are its first.
 class Resolver {
  public:
   Resolver(std::vector<Module>& modules, const Image& base, std::vector<FileMessage>& messages)
@@ -56,6 +94,7 @@ class Resolver {
   bool IsWorthKeeping(std::uint32_t type) const {
     return type != kNothing && catalog_.types[type].base != BaseType::Row;
   }
+  Span RelatedOf(std::uint32_t m, const Definition& definition);
   bool IsInstance(std::uint32_t m, const Definition& definition) const;
   std::uint32_t Claim(std::uint32_t entry);
   void ReportRival(std::uint32_t m, const Definition& definition, const Entry& rival);
@@ -84,6 +123,10 @@ class Resolver {
   std::vector<std::uint32_t> baseNodes_;
   std::vector<std::uint32_t> baseTypes_;
   std::uint32_t baseModules_ = 0;
+  /// By node, once all nodes are known.
+  BigVector<std::uint32_t> enterprises_;
+  /// By module that is not in the base image: the enterprise whose module it is.
+  std::vector<std::uint32_t> homes_;
   size_t baseEntries_ = 0;
 };
 
@@ -91,6 +134,13 @@ Catalog Resolver::Run() {
   size_t definitions = 0;
   for (const Module& module : modules_) definitions += module.definitions.size();
   catalog_.tree.Reserve(base_.Nodes().size() + definitions);
+  size_t entries = definitions;
+  for (const format::ModuleRecord& module : base_.Modules()) {
+    entries += base_.Entries(module).size();
+  }
+  catalog_.entries.reserve(entries);
+  baseNodes_.reserve(base_.Nodes().size());
+  baseTypes_.reserve(base_.Types().size());
   AddBase();
   ImportResolver importResolver(modules_, base_);
   imports_ = importResolver.ResolveAll();
@@ -101,14 +151,14 @@ Catalog Resolver::Run() {
     nodeOf_.emplace_back(module.definitions.size(), kUnset);
     typeOf_.emplace_back(module.definitions.size(), kUnset);
   }
-  catalog_.entries.reserve(catalog_.entries.size() + definitions);
   // Neither needs what the other finds.
   auto types = std::async(std::launch::async, [this] { ResolveTypes(); });
   ResolveNodes();
   types.get();
   std::move(typeMessages_.begin(), typeMessages_.end(), std::back_inserter(messages_));
-  for (std::uint32_t m = 0; m < modules_.size(); ++m) AddModule(m);
+  enterprises_ = EnterprisesOf(catalog_.tree);
   catalog_.names.resize(catalog_.tree.Nodes().size(), kNothing);
+  for (std::uint32_t m = 0; m < modules_.size(); ++m) AddModule(m);
   return std::move(catalog_);
 }
 
@@ -119,6 +169,7 @@ void Resolver::AddBase() {
     baseNodes_.push_back(hasParent ? catalog_.tree.Child(baseNodes_[node.parent], node.number)
                                    : OidTree::kRoot);
   }
+  base_.LeaveMemory();
   AddBaseTypes();
   baseModules_ = static_cast<std::uint32_t>(base_.Modules().size());
   for (const format::ModuleRecord& module : base_.Modules()) {
@@ -130,6 +181,13 @@ void Resolver::AddBase() {
     for (const format::EntryRecord& record : records) AddBaseEntry(record);
   }
   baseEntries_ = catalog_.entries.size();
+  // The base image's own claims have been decided.
+  catalog_.names.resize(catalog_.tree.Nodes().size(), kNothing);
+  const auto nodes = base_.Nodes();
+  for (size_t i = 0; i < nodes.size(); ++i) {
+    if (nodes[i].entry < baseEntries_) catalog_.names[baseNodes_[i]] = nodes[i].entry;
+  }
+  base_.LeaveMemory();
 }
 
 void Resolver::AddBaseEntry(const format::EntryRecord& record) {
@@ -139,21 +197,29 @@ void Resolver::AddBaseEntry(const format::EntryRecord& record) {
   entry.module = static_cast<std::uint32_t>(catalog_.modules.size() - 1);
   if (record.node < baseNodes_.size()) entry.node = baseNodes_[record.node];
   if (record.type < baseTypes_.size()) entry.type = baseTypes_[record.type];
+  entry.related.begin = static_cast<std::uint32_t>(catalog_.related.size());
+  for (const std::uint32_t node : base_.Related(record)) {
+    if (node < baseNodes_.size()) catalog_.related.push_back(baseNodes_[node]);
+  }
+  entry.related.count = static_cast<std::uint32_t>(catalog_.related.size()) - entry.related.begin;
   catalog_.entries.push_back(entry);
-  Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
 }
 
 void Resolver::AddBaseTypes() {
+  size_t count = 0;
+  for (const format::TypeRecord& record : base_.Types()) count += base_.Values(record).size();
+  auto& values = catalog_.ownValues.emplace_back();
+  values.reserve(count);
   for (const format::TypeRecord& record : base_.Types()) {
-    auto& values = catalog_.ownValues.emplace_back();
-    for (const format::ValueRecord& value : base_.Values(record)) {
-      values.push_back({value.value, base_.Text(value.label)});
-    }
     ResolvedType type;
     type.base = static_cast<BaseType>(record.base);
     type.hint = base_.Text(record.hint);
-    type.values = values.data();
-    type.valueCount = static_cast<std::uint32_t>(values.size());
+    type.units = base_.Text(record.units);
+    type.values = values.data() + values.size();
+    for (const format::ValueRecord& value : base_.Values(record)) {
+      values.push_back({value.value, base_.Text(value.label)});
+    }
+    type.valueCount = static_cast<std::uint32_t>(values.data() + values.size() - type.values);
     baseTypes_.push_back(types_.Add(type));
   }
 }
@@ -180,11 +246,14 @@ void Resolver::AddModule(std::uint32_t m) {
   const Module& module = modules_[m];
   const auto begin = static_cast<std::uint32_t>(catalog_.entries.size());
   catalog_.modules.push_back({module.name, module.lastUpdated, {begin, 0}});
+  std::vector<std::uint32_t> added;
   for (const std::uint32_t d : module.byName) {
     const Definition& definition = module.definitions[d];
     Entry entry;
     entry.name = definition.name;
     entry.kind = definition.kind;
+    entry.isForNotify = definition.isForNotify;
+    entry.related = RelatedOf(m, definition);
     entry.module = static_cast<std::uint32_t>(catalog_.modules.size() - 1);
     if (entry.kind != Kind::Type) {
       entry.node = nodeOf_[m][d];
@@ -196,11 +265,28 @@ void Resolver::AddModule(std::uint32_t m) {
       Report(m, definition.line, Quote(entry.name) + " has another OID in the same module");
     }
     catalog_.entries.push_back(entry);
-    const std::uint32_t rival = Claim(static_cast<std::uint32_t>(catalog_.entries.size() - 1));
-    if (rival != kNothing) ReportRival(m, definition, catalog_.entries[rival]);
+    added.push_back(d);
   }
-  catalog_.modules.back().entries.count =
-      static_cast<std::uint32_t>(catalog_.entries.size()) - begin;
+  catalog_.modules.back().entries.count = static_cast<std::uint32_t>(added.size());
+  homes_.push_back(HomeOf(catalog_, catalog_.modules.back(), enterprises_));
+  for (std::uint32_t i = 0; i < added.size(); ++i) {
+    const std::uint32_t rival = Claim(begin + i);
+    if (rival != kNothing) {
+      ReportRival(m, module.definitions[added[i]], catalog_.entries[rival]);
+    }
+  }
+}
+
+Span Resolver::RelatedOf(std::uint32_t m, const Definition& definition) {
+  const auto begin = static_cast<std::uint32_t>(catalog_.related.size());
+  for (std::uint32_t i = 0; i < definition.related.count; ++i) {
+    const Target target = TargetOf(m, modules_[m].related[definition.related.begin + i]);
+    std::uint32_t node = kNothing;
+    if (target.place == Target::Place::Module) node = nodeOf_[target.module][target.definition];
+    if (target.place == Target::Place::Base) node = BaseEntry(target).node;
+    if (node != kNothing) catalog_.related.push_back(node);
+  }
+  return {begin, static_cast<std::uint32_t>(catalog_.related.size()) - begin};
 }
 
 Target Resolver::TargetOf(std::uint32_t m, Reference reference) const {
@@ -245,11 +331,7 @@ std::uint32_t Resolver::ParentOf(std::uint32_t m, const Definition& definition, 
     return NodeOf(target.module, target.definition, depth + 1);
   if (target.place == Target::Place::Base) return BaseEntry(target).node;
   const std::string_view name = modules_[m].imports[definition.parent.Import()].name;
-  if (name == "iso") return catalog_.tree.Child(OidTree::kRoot, 1);
-  if (name == "ccitt" || name == "itu-t") return catalog_.tree.Child(OidTree::kRoot, 0);
-  if (name == "joint-iso-ccitt" || name == "joint-iso-itu-t") {
-    return catalog_.tree.Child(OidTree::kRoot, 2);
-  }
+  if (const std::uint32_t root = RootOf(name, catalog_.tree); root != kNothing) return root;
   Report(m, definition.line,
          Quote(definition.name) + " has no place: its parent " + Quote(name) + " is unknown");
   return kNothing;
@@ -283,10 +365,12 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
     ReportType(m, definition.line, "type " + Quote(name) + " is unknown");
   }
   if (named != kNothing) {
-    if (definition.values.count == 0 && definition.hint.empty()) return named;
+    const bool isSame = definition.values.count == 0 && definition.hint.empty();
+    if (isSame && definition.units.empty()) return named;
     type = catalog_.types[named];
-    type.name = type.module = {};
+    if (!isSame) type.name = type.module = {};
   }
+  type.units = definition.units;
   if (definition.kind == Kind::Type && type.base != BaseType::Row) {
     type.name = definition.name;
     type.module = modules_[m].name;
@@ -300,7 +384,9 @@ std::uint32_t Resolver::FindType(std::uint32_t m, const Definition& definition, 
     type.valueCount = definition.values.count;
     if (type.base == BaseType::None) type.base = BaseType::Integer;
   }
-  if (type.valueCount > 0 || !type.hint.empty() || !type.name.empty()) return types_.Add(type);
+  const bool isPlain =
+      type.valueCount == 0 && type.hint.empty() && type.units.empty() && type.name.empty();
+  if (!isPlain) return types_.Add(type);
   std::uint32_t& plain = plainTypes_[static_cast<size_t>(type.base)];
   if (plain == kNothing) plain = types_.Add(type);
   return plain;
@@ -326,8 +412,9 @@ auto Resolver::RankOf(const Entry& entry) const {
   const auto weight = entry.kind == Kind::Label ? 0 : entry.kind == Kind::Value ? 1 : 2;
   const bool isOwn = entry.module >= baseModules_;
   const CatalogModule& module = catalog_.modules[entry.module];
+  const bool isOwner = isOwn && enterprises_[entry.node] == homes_[entry.module - baseModules_];
   const bool isProgram = module.name == kProgramModule && (!isOwn || baseModules_ == 0);
-  return std::make_tuple(isProgram, weight > 0, isOwn, weight, module.lastUpdated);
+  return std::make_tuple(isProgram, weight > 0, isOwn, isOwner, weight, module.lastUpdated);
 }
 
 /// Gives the entry's node its name if the entry is the strongest so far. Returns the other entry
@@ -335,9 +422,6 @@ auto Resolver::RankOf(const Entry& entry) const {
 std::uint32_t Resolver::Claim(std::uint32_t index) {
   const Entry& entry = catalog_.entries[index];
   if (entry.node == kNothing || entry.node == OidTree::kRoot) return kNothing;
-  if (entry.node >= catalog_.names.size()) {
-    catalog_.names.resize(std::max<size_t>(entry.node + 1, catalog_.names.size() * 2), kNothing);
-  }
   std::uint32_t& name = catalog_.names[entry.node];
   const std::uint32_t rival = name;
   if (rival == kNothing || RankOf(entry) > RankOf(catalog_.entries[rival])) name = index;
