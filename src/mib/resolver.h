@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "mib/catalog.h"
@@ -10,9 +9,6 @@
 #include "mib/message.h"
 
 namespace sentrel::mib {
-
-/// A message and the number of the file that it is about.
-using FileMessage = std::pair<std::uint32_t, Message>;
 
 /// The built-in module of what the program itself sends.
 inline constexpr std::string_view kProgramModule = "SENTREL-MIB";
