@@ -1,10 +1,15 @@
 #include "mib/library.h"
 
+#include <algorithm>
+
 #include "common/failure.h"
 #include "mib/lookup.h"
 
 namespace sentrel::mib {
 namespace {
+
+/// In times of what looking at the folders takes: even 100,000 files keep no processor busy.
+constexpr int kRestAfterLook = 50;
 
 std::shared_ptr<const Image> OpenOrEmpty(const std::string& path) {
   try {
@@ -95,11 +100,15 @@ void Library::Refresh() {
 /// Returns when the folders have changed; false when the library ends.
 bool Library::Sleep() {
   std::unique_lock lock(mutex_);
-  while (!wake_.wait_for(lock, setup_.interval, [this] { return stop_.load(); })) {
+  std::chrono::nanoseconds rest = setup_.interval;
+  while (!wake_.wait_for(lock, rest, [this] { return stop_.load(); })) {
     lock.unlock();
     bool isOutdated = false;
+    const auto start = std::chrono::steady_clock::now();
     Attempt([&] { isOutdated = cache_.IsOutdated(); });
     if (isOutdated) return true;
+    rest = std::max<std::chrono::nanoseconds>(
+        setup_.interval, kRestAfterLook * (std::chrono::steady_clock::now() - start));
     lock.lock();
   }
   return false;
