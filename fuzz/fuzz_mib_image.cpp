@@ -1,4 +1,4 @@
-// An image file with checksums that fit, and one with damage: whatever stands in it, looking up
+// An image file with checksums that fit, and one with damage: whatever it holds, looking up
 // never leaves it.
 
 #include <cstdint>

@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } catch (const sentrel::Failure&) {
     return 0;
   }
-  // An OID stands unescaped: the writer is only ever given numbers and dots.
+  // An OID is not escaped: the writer is only ever given numbers and dots.
   for (const std::string& oid : trap.OIDs) {
     if (oid.find_first_not_of("0123456789.") != std::string::npos) return 0;
   }

@@ -64,7 +64,8 @@ class NoRegistry : public sentrel::Registry {
   bool SetStringValue(Key, const Text&, const Text&) override { return false; }
   bool DeleteValue(Key, const Text&) override { return false; }
   void BeginBatch(sentrel::RegistryBatch) override {}
-  void EndBatch() override {}
+  bool EndBatch() override { return true; }
+  bool IsUnreachable(Root, const Text&) const override { return false; }
 };
 
 /// The decoder of the program over the image.

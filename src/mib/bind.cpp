@@ -45,7 +45,8 @@ class Binder {
   explicit Binder(ModuleDraft& module)
       : module_(module),
         names_(module.definitions.size() + module.imports.size(),
-               module.definitions.size() * 3 + module.imports.size()) {}
+               module.definitions.size() * 3 + module.imports.size() + module.related.size()),
+        related_(module.related.size()) {}
 
   void Run() {
     AddDefinitions(false);
@@ -58,8 +59,14 @@ class Binder {
       if (!definition.typeName.empty()) {
         definition.type = Find(definition.typeName, definition.line, &Meanings::type);
       }
+      for (std::uint32_t i = 0; i < definition.related.count; ++i) {
+        const std::string_view name = module_.related[definition.related.begin + i];
+        related_[definition.related.begin + i] = Find(name, definition.line, &Meanings::node);
+      }
     }
   }
+
+  const std::vector<Reference>& Related() const { return related_; }
 
  private:
   void AddDefinitions(bool labels) {
@@ -99,6 +106,7 @@ class Binder {
 
   ModuleDraft& module_;
   NameTable names_;
+  std::vector<Reference> related_;
 };
 
 std::vector<std::uint32_t> OrderByName(const std::vector<DraftDefinition>& definitions) {
@@ -114,12 +122,14 @@ std::vector<std::uint32_t> OrderByName(const std::vector<DraftDefinition>& defin
 }  // namespace
 
 Module Bind(ModuleDraft& draft, Arena& arena) {
-  Binder(draft).Run();
+  Binder binder(draft);
+  binder.Run();
   return {draft,
           arena.KeepList<Import>(draft.imports),
           arena.KeepList<Definition>(draft.definitions),
           arena.KeepList<std::uint32_t>(draft.numbers),
           arena.KeepList<NamedValue>(draft.values),
+          arena.KeepList<Reference>(binder.Related()),
           arena.KeepList<std::uint32_t>(OrderByName(draft.definitions))};
 }
 

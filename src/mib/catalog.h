@@ -15,6 +15,7 @@ namespace sentrel::mib {
 struct ResolvedType {
   BaseType base = BaseType::None;
   std::string_view hint;
+  std::string_view units;
   /// In the order of their numbers.
   const NamedValue* values = nullptr;
   std::uint32_t valueCount = 0;
@@ -34,7 +35,10 @@ struct Entry {
   /// In the list of types; kNothing where no value is meant.
   std::uint32_t type = kNothing;
   std::uint32_t module = 0;
+  /// The objects of a notification, or the indexes of a row, in Catalog::related.
+  Span related;
   Kind kind = Kind::Value;
+  bool isForNotify = false;
 };
 
 struct CatalogModule {
@@ -51,6 +55,8 @@ struct Catalog {
   std::vector<CatalogModule> modules;
   BigVector<Entry> entries;
   BigVector<ResolvedType> types;
+  /// Nodes of the tree.
+  BigVector<std::uint32_t> related;
   /// For each node of the tree the entry that gives it its name, or kNothing.
   BigVector<std::uint32_t> names;
   /// Owns the named values that lie in no module.

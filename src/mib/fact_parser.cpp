@@ -9,7 +9,7 @@
 namespace sentrel::mib {
 namespace {
 
-/// Splits off what stands before the first blank.
+/// Splits off what precedes the first blank.
 std::string_view TakeWord(std::string_view& line) {
   const size_t end = std::min(line.find(' '), line.size());
   const std::string_view word = line.substr(0, end);
@@ -48,11 +48,8 @@ class Parser {
       if (!line.empty() && !ReadLine(line)) Report("is no line of a fact file");
       text.remove_prefix(std::min(end + 1, text.size()));
     }
-    if (module_.name.empty()) {
-      Report("no module in this file");
-    } else {
-      file_.modules.push_back(Bind(module_, arena_));
-    }
+    EndModule();
+    if (file_.modules.empty()) Report("no module in this file");
     return std::move(file_);
   }
 
@@ -62,9 +59,11 @@ class Parser {
   }
 
   bool ReadLine(std::string_view line) {
-    if (line.starts_with("  ")) return ReadValue(line.substr(2));
+    if (line.starts_with("  ")) return ReadDetail(line.substr(2));
     const std::string_view word = TakeWord(line);
-    if (word == "module") return ReadModule(line);
+    if (word == kModuleWord) return ReadModule(line);
+    if (word == kBelowWord) return ReadBelow(line);
+    if (word == kLabelsWord) return ReadLabels(line);
     const size_t kind = IndexOf(kKindWords, word);
     if (module_.name.empty() || kind == kKindWords.size()) return false;
     DraftDefinition definition;
@@ -78,8 +77,43 @@ class Parser {
     return true;
   }
 
+  bool ReadBelow(std::string_view line) {
+    const OidText oid(line);
+    below_.assign(oid.Numbers().begin(), oid.Numbers().end());
+    return oid.IsOid();
+  }
+
+  /// Names of numbers one after the other.
+  bool ReadLabels(std::string_view line) {
+    std::uint32_t number = 0;
+    if (module_.name.empty() || below_.empty() || !Read(TakeWord(line), number)) return false;
+    for (; !line.empty(); ++number) {
+      const std::string_view name = TakeWord(line);
+      if (name == "-") continue;
+      if (!IsName(name)) return false;
+      DraftDefinition label;
+      label.kind = Kind::Label;
+      label.line = line_;
+      label.name = arena_.Keep(name);
+      auto& numbers = module_.numbers;
+      label.numbers = {static_cast<std::uint32_t>(numbers.size()),
+                       static_cast<std::uint32_t>(below_.size() + 1)};
+      numbers.insert(numbers.end(), below_.begin(), below_.end());
+      numbers.push_back(number);
+      module_.definitions.push_back(label);
+    }
+    return true;
+  }
+
+  void EndModule() {
+    if (!module_.name.empty()) file_.modules.push_back(Bind(module_, arena_));
+    module_ = {};
+    below_.clear();
+    related_ = {};
+  }
+
   bool ReadModule(std::string_view line) {
-    if (!module_.name.empty()) return false;
+    EndModule();
     const std::string_view name = TakeWord(line);
     if (!IsName(name) || !Read(line, module_.lastUpdated)) return false;
     module_.name = arena_.Keep(name);
@@ -88,10 +122,16 @@ class Parser {
   }
 
   bool ReadOid(std::string_view text, DraftDefinition& definition) {
+    auto& numbers = module_.numbers;
+    const size_t begin = numbers.size();
+    if (text.starts_with('.')) {
+      if (below_.empty()) return false;
+      numbers.insert(numbers.end(), below_.begin(), below_.end());
+    }
     const OidText oid(text);
-    definition.numbers = {static_cast<std::uint32_t>(module_.numbers.size()),
-                          static_cast<std::uint32_t>(oid.Numbers().size())};
-    module_.numbers.insert(module_.numbers.end(), oid.Numbers().begin(), oid.Numbers().end());
+    numbers.insert(numbers.end(), oid.Numbers().begin(), oid.Numbers().end());
+    definition.numbers = {static_cast<std::uint32_t>(begin),
+                          static_cast<std::uint32_t>(numbers.size() - begin)};
     return oid.IsOid();
   }
 
@@ -121,11 +161,46 @@ class Parser {
     if (!known) module_.imports.push_back({name, module, line_});
   }
 
-  bool ReadValue(std::string_view line) {
-    NamedValue value;
-    if (module_.definitions.empty() || !Read(TakeWord(line), value.value) || !IsName(line)) {
-      return false;
+  /// A line that tells more of the definition above it.
+  bool ReadDetail(std::string_view line) {
+    if (module_.definitions.empty()) return false;
+    const std::string_view word = TakeWord(line);
+    if (word == kRelatedWord) return ReadRelated(line);
+    if (word == kSameWord) return ReadSame(line);
+    if (word != kUnitsWord) return ReadValue(word, line);
+    module_.definitions.back().units = arena_.Keep(line);
+    return !line.empty();
+  }
+
+  bool ReadSame(std::string_view line) {
+    module_.definitions.back().related = related_;
+    return line.empty() && related_.count > 0;
+  }
+
+  bool ReadRelated(std::string_view line) {
+    Span& related = related_;
+    related = {static_cast<std::uint32_t>(module_.related.size()), 0};
+    while (!line.empty()) {
+      std::string_view name = TakeWord(line);
+      std::string_view module;
+      if (const size_t colon = name.find(':'); colon != std::string_view::npos) {
+        module = name.substr(0, colon);
+        name.remove_prefix(colon + 1);
+        if (!IsName(module)) return false;
+      }
+      if (!IsName(name)) return false;
+      name = arena_.Keep(name);
+      if (!module.empty()) Import(name, arena_.Keep(module));
+      module_.related.push_back(name);
+      ++related.count;
     }
+    module_.definitions.back().related = related;
+    return related.count > 0;
+  }
+
+  bool ReadValue(std::string_view number, std::string_view line) {
+    NamedValue value;
+    if (!Read(number, value.value) || !IsName(line)) return false;
     Span& values = module_.definitions.back().values;
     if (values.count == 0) values.begin = static_cast<std::uint32_t>(module_.values.size());
     ++values.count;
@@ -135,6 +210,10 @@ class Parser {
   }
 
   Arena& arena_;
+  /// What a dot at the beginning of an OID stands for.
+  std::vector<std::uint32_t> below_;
+  /// The last list of objects.
+  Span related_;
   ModuleDraft module_;
   ParsedFile file_;
   std::uint32_t line_ = 0;

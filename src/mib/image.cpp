@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "common/failure.h"
-#include "mib/mapped_file.h"
 
 namespace sentrel::mib {
 namespace {
@@ -57,8 +56,20 @@ std::shared_ptr<const Image> Image::Open(const std::string& path, DamageCheck ch
   using Loading = MappedFile::Loading;
   auto file = std::make_shared<MappedFile>(
       path, check == DamageCheck::AtOnce ? Loading::AtOnce : Loading::WhenRead);
-  const std::string_view bytes = file->Bytes();
-  return Over(bytes, std::move(file), check);
+  const auto image = std::const_pointer_cast<Image>(Over(file->Bytes(), file, check));
+  image->file_ = file;
+  if (check == DamageCheck::AtOnce) image->LeaveMemory();
+  return image;
+}
+
+bool Image::IsSound() const {
+  const bool isSound = guard_ == nullptr || Attempt([this] { guard_->RequireAll(); });
+  LeaveMemory();
+  return isSound;
+}
+
+void Image::LeaveMemory() const {
+  if (file_ != nullptr) file_->LeaveMemory();
 }
 
 std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr<void> owner,
@@ -77,6 +88,7 @@ std::shared_ptr<const Image> Image::Over(std::string_view bytes, std::shared_ptr
   image->nodes_ = SectionOf<format::NodeRecord>(bytes, header, format::kNodes);
   image->types_ = SectionOf<format::TypeRecord>(bytes, header, format::kTypes);
   image->values_ = SectionOf<format::ValueRecord>(bytes, header, format::kValues);
+  image->related_ = SectionOf<std::uint32_t>(bytes, header, format::kRelated);
   const auto strings = SectionOf<char>(bytes, header, format::kStrings);
   image->strings_ = {strings.data(), strings.size()};
   image->fingerprint_ = header.fingerprint;
@@ -114,7 +126,7 @@ const format::NodeRecord* Image::ChildOf(const format::NodeRecord& node,
 }
 
 const format::EntryRecord& Image::EntryOf(std::uint32_t node) const {
-  static constexpr format::EntryRecord kNone = {kNothing, kNothing, kNothing, 0};
+  static constexpr format::EntryRecord kNone = {kNothing, kNothing, kNothing, 0, 0, 0};
   if (node >= nodes_.size() || Sound(nodes_[node]).entry >= entries_.size()) return kNone;
   return Sound(entries_[nodes_[node].entry]);
 }
@@ -131,6 +143,10 @@ std::string_view Image::Text(std::uint32_t offset) const {
 const format::TypeRecord& Image::Type(std::uint32_t index) const {
   static constexpr format::TypeRecord kNone = {};
   return index < types_.size() ? Sound(types_[index]) : kNone;
+}
+
+std::span<const std::uint32_t> Image::Related(const format::EntryRecord& entry) const {
+  return Sound(Part(related_, entry.firstRelated, entry.relatedCount));
 }
 
 std::span<const format::ValueRecord> Image::Values(const format::TypeRecord& type) const {

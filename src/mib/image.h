@@ -9,6 +9,7 @@
 #include "mib/block_guard.h"
 #include "mib/catalog.h"
 #include "mib/image_format.h"
+#include "mib/mapped_file.h"
 
 namespace sentrel::mib {
 
@@ -20,13 +21,17 @@ enum class DamageCheck { AtOnce, WhenRead };
 /// index in it is checked when it is followed: a forged image gives wrong answers, never a crash.
 class Image {
  public:
-  /// Maps a file. Throws Failure when it cannot be read, or is damaged, truncated or of another
-  /// version.
+  /// Maps a file; the memory that a check at once takes is given back. Throws Failure when it
+  /// cannot be read, or is damaged, truncated or of another version.
   static std::shared_ptr<const Image> Open(const std::string& path,
                                            DamageCheck check = DamageCheck::AtOnce);
   /// An image over bytes that `owner` keeps alive, 8-byte aligned. Throws Failure like Open.
   static std::shared_ptr<const Image> Over(std::string_view bytes, std::shared_ptr<void> owner,
                                            DamageCheck check = DamageCheck::AtOnce);
+  /// Looks for damage in all that has not been read yet.
+  bool IsSound() const;
+  /// Gives back the memory of the parts that have been read, where they can be fetched again.
+  void LeaveMemory() const;
   /// A database that knows nothing.
   static std::shared_ptr<const Image> Empty();
 
@@ -42,6 +47,9 @@ class Image {
   const format::EntryRecord& EntryOf(std::uint32_t node) const;
   std::string_view Text(std::uint32_t offset) const;
   const format::TypeRecord& Type(std::uint32_t index) const;
+  /// The nodes of the objects that a notification carries, or of the indexes of a row; the row
+  /// itself that another one augments.
+  std::span<const std::uint32_t> Related(const format::EntryRecord& entry) const;
   /// The type's named values in the order of their numbers.
   std::span<const format::ValueRecord> Values(const format::TypeRecord& type) const;
 
@@ -70,6 +78,8 @@ class Image {
   }
 
   std::shared_ptr<void> owner_;
+  /// The owner, where it is a file.
+  std::shared_ptr<const MappedFile> file_;
   /// Null once everything has been checked.
   std::unique_ptr<BlockGuard> guard_;
   std::span<const format::ModuleRecord> modules_;
@@ -77,6 +87,7 @@ class Image {
   std::span<const format::NodeRecord> nodes_;
   std::span<const format::TypeRecord> types_;
   std::span<const format::ValueRecord> values_;
+  std::span<const std::uint32_t> related_;
   std::string_view strings_;
   std::uint64_t fingerprint_ = 0;
   std::uint64_t checksum_ = 0;

@@ -19,21 +19,32 @@ std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
   current_ = FingerprintOf(mark.fingerprint);
   if (!mark.hasFiles) return base_;
   if (auto image = FromFile(current_)) return image;
+  const auto bytes = Compile(options);
+  if (bytes == nullptr) return nullptr;
+  // The mapped file leaves its pages to the system; the bytes only stand in for it.
+  if (auto image = FromFile(current_)) return image;
+  return Image::Over(*bytes, bytes);
+}
+
+/// The bytes of an image of the files as they are now, written to the file; null when stopped.
+std::shared_ptr<std::string> ImageCache::Compile(const ReadOptions& options) {
   Sources sources = FindSources(folders_);
   current_ = FingerprintOf(sources.fingerprint);
   Collection collection(std::move(sources.files), options);
   if (options.stop != nullptr && *options.stop) return nullptr;
+  const bool isSound = base_->IsSound();
+  const auto base = isSound ? base_ : Image::Empty();
   std::optional<AtomicFile> file;
-  const size_t estimate = collection.ImageSizeEstimate(*base_);
+  const size_t estimate = collection.ImageSizeEstimate(*base);
   auto room = std::async(std::launch::async, MakeRoom, estimate);
-  MakeFolderFor(file_);
-  if (Attempt([&] { file.emplace(file_); })) file->Prepare(estimate);
-  const Catalog catalog = collection.Compile(*base_);
+  // What a damaged base makes is not worth keeping.
+  if (isSound) MakeFolderFor(file_);
+  if (isSound && Attempt([&] { file.emplace(file_); })) file->Prepare(estimate);
+  const Catalog catalog = collection.Compile(*base);
   auto bytes = std::make_shared<std::string>(MakeImage(catalog, current_, room.get()));
+  base->LeaveMemory();
   if (file) Attempt([&] { file->Write(*bytes, AtomicFile::SafeFrom::Crash); });
-  // The mapped file leaves its pages to the system; the bytes only stand in for it.
-  if (auto image = FromFile(current_)) return image;
-  return Image::Over(*bytes, bytes);
+  return bytes;
 }
 
 bool ImageCache::IsOutdated() const {

@@ -21,14 +21,14 @@ class ImageCache {
 
   /// The image for the files as they are now: from the file if it fits, else compiled. The base
   /// itself when there are no files; null when stopped. A file that cannot be written does no
-  /// harm. Throws only for want of memory, or Failure for damage in a base that is checked when it
-  /// is read.
+  /// harm. A damaged base counts as one that knows nothing. Throws only for want of memory.
   std::shared_ptr<const Image> Get(const ReadOptions& options);
 
   /// Whether Get would yield something else than it did the last time.
   bool IsOutdated() const;
 
  private:
+  std::shared_ptr<std::string> Compile(const ReadOptions& options);
   std::shared_ptr<const Image> FromFile(std::uint64_t fingerprint) const;
   std::uint64_t FingerprintOf(std::uint64_t sources) const;
 

@@ -12,7 +12,7 @@ namespace format {
 
 inline constexpr char kMagic[8] = {'S', 'e', 'n', 't', 'r', 'e', 'l', 'M'};
 /// Goes up with every change of layout or of what a compilation yields.
-inline constexpr std::uint32_t kVersion = 3;
+inline constexpr std::uint32_t kVersion = 4;
 inline constexpr std::uint32_t kByteOrder = 0x01020304;
 
 struct Section {
@@ -20,7 +20,7 @@ struct Section {
   std::uint64_t count = 0;   ///< of records
 };
 
-enum SectionName { kModules, kEntries, kNodes, kTypes, kValues, kStrings, kSectionCount };
+enum SectionName { kModules, kEntries, kNodes, kTypes, kValues, kRelated, kStrings, kSectionCount };
 
 struct Header {
   char magic[8];
@@ -44,7 +44,9 @@ struct EntryRecord {
   std::uint32_t name;
   std::uint32_t node;
   std::uint32_t type;
-  std::uint32_t kind;
+  std::uint32_t firstRelated;
+  std::uint16_t relatedCount;
+  std::uint16_t kind;
 };
 
 /// Nodes are in breadth-first order: the children of one node stand side by side, sorted by
@@ -60,6 +62,7 @@ struct NodeRecord {
 struct TypeRecord {
   std::uint32_t base;
   std::uint32_t hint;
+  std::uint32_t units;
   std::uint32_t firstValue;
   std::uint32_t valueCount;
 };

@@ -12,7 +12,7 @@
 namespace sentrel::mib {
 namespace {
 
-/// Where everything of an image stands.
+/// Where each part of an image is.
 struct Layout {
   format::Section sections[format::kSectionCount];
   size_t end = sizeof(format::Header);
@@ -31,7 +31,7 @@ Layout LayoutOf(const Catalog& catalog) {
   size_t characters = 1;
   for (const ResolvedType& type : catalog.types) {
     values += type.valueCount;
-    characters += type.hint.size() + 1;
+    characters += type.hint.size() + type.units.size() + 2;
     for (const NamedValue& value : std::span(type.values, type.valueCount)) {
       characters += value.label.size() + 1;
     }
@@ -43,6 +43,7 @@ Layout LayoutOf(const Catalog& catalog) {
   layout.Add<format::EntryRecord>(format::kEntries, catalog.entries.size());
   layout.Add<format::TypeRecord>(format::kTypes, catalog.types.size());
   layout.Add<format::ValueRecord>(format::kValues, values);
+  layout.Add<std::uint32_t>(format::kRelated, catalog.related.size());
   layout.Add<format::ModuleRecord>(format::kModules, catalog.modules.size());
   layout.Add<char>(format::kStrings, characters);
   return layout;
@@ -201,9 +202,14 @@ class ImageWriter {
   void WriteEntries(StringPool& strings) {
     auto* record = Records<format::EntryRecord>(format::kEntries);
     for (const Entry& entry : catalog_.entries) {
-      *record++ = {strings.AddNew(entry.name), entry.node, entry.type,
-                   static_cast<std::uint32_t>(entry.kind)};
+      *record++ = {
+          strings.AddNew(entry.name), entry.node,          entry.type,
+          entry.related.begin,        RelatedCount(entry), static_cast<std::uint16_t>(entry.kind)};
     }
+  }
+
+  static std::uint16_t RelatedCount(const Entry& entry) {
+    return static_cast<std::uint16_t>(std::min<std::uint32_t>(entry.related.count, 0xFFFF));
   }
 
   void WriteTypes(StringPool& strings) {
@@ -211,8 +217,8 @@ class ImageWriter {
     auto* value = Records<format::ValueRecord>(format::kValues);
     std::uint32_t values = 0;
     for (const ResolvedType& type : catalog_.types) {
-      *record++ = {static_cast<std::uint32_t>(type.base), strings.Add(type.hint), values,
-                   type.valueCount};
+      *record++ = {static_cast<std::uint32_t>(type.base), strings.Add(type.hint),
+                   strings.Add(type.units), values, type.valueCount};
       for (const NamedValue& named : std::span(type.values, type.valueCount)) {
         *value++ = {named.value, strings.Add(named.label)};
       }
@@ -233,6 +239,8 @@ class ImageWriter {
     for (size_t i = 0; i < catalog_.entries.size(); ++i, ++record) {
       if (record->node != kNothing) record->node = nodes.PlaceOf(record->node);
     }
+    auto* related = Records<std::uint32_t>(format::kRelated);
+    for (const std::uint32_t node : catalog_.related) *related++ = nodes.PlaceOf(node);
   }
 
   void WriteHeader(std::uint64_t fingerprint) {

@@ -12,7 +12,9 @@ struct Entry {
 };
 
 constexpr Entry kKeywords[] = {
+    {"ACCESS", Keyword::Access},
     {"AGENT-CAPABILITIES", Keyword::AgentCapabilities},
+    {"AUGMENTS", Keyword::Augments},
     {"BEGIN", Keyword::Begin},
     {"BIT", Keyword::Bit},
     {"BITS", Keyword::Bits},
@@ -32,11 +34,13 @@ constexpr Entry kKeywords[] = {
     {"IDENTIFIER", Keyword::Identifier},
     {"IMPLICIT", Keyword::Implicit},
     {"IMPORTS", Keyword::Imports},
+    {"INDEX", Keyword::Index},
     {"INTEGER", Keyword::Integer},
     {"Integer32", Keyword::Integer32},
     {"IpAddress", Keyword::IpAddress},
     {"LAST-UPDATED", Keyword::LastUpdated},
     {"MACRO", Keyword::Macro},
+    {"MAX-ACCESS", Keyword::MaxAccess},
     {"MODULE-COMPLIANCE", Keyword::ModuleCompliance},
     {"MODULE-IDENTITY", Keyword::ModuleIdentity},
     {"NOTIFICATION-GROUP", Keyword::NotificationGroup},
@@ -46,6 +50,7 @@ constexpr Entry kKeywords[] = {
     {"OBJECT-GROUP", Keyword::ObjectGroup},
     {"OBJECT-IDENTITY", Keyword::ObjectIdentity},
     {"OBJECT-TYPE", Keyword::ObjectType},
+    {"OBJECTS", Keyword::Objects},
     {"OCTET", Keyword::Octet},
     {"OF", Keyword::Of},
     {"Opaque", Keyword::Opaque},
@@ -57,7 +62,9 @@ constexpr Entry kKeywords[] = {
     {"TRAP-TYPE", Keyword::TrapType},
     {"TimeTicks", Keyword::TimeTicks},
     {"UInteger32", Keyword::UInteger32},
+    {"UNITS", Keyword::Units},
     {"Unsigned32", Keyword::Unsigned32},
+    {"VARIABLES", Keyword::Variables},
 };
 
 constexpr size_t kSlots = 256;
@@ -67,7 +74,7 @@ constexpr size_t SlotOf(std::string_view word) {
   return (word.size() * 37 + letter(word.front()) * 5 + letter(word.back()) * 3) % kSlots;
 }
 
-/// Open addressing: a keyword stands in its slot or in one of those right behind it.
+/// Open addressing: a keyword is in its slot or in one of those right after it.
 constexpr auto MakeTable() {
   std::array<Entry, kSlots> table{};
   for (const Entry& entry : kKeywords) {

@@ -8,6 +8,8 @@ namespace sentrel::mib {
 /// The words of the SMI that the parser acts on. Every other word is None.
 enum class Keyword : std::uint8_t {
   None,
+  Access,
+  Augments,
   Begin,
   Bit,
   Bits,
@@ -26,11 +28,14 @@ enum class Keyword : std::uint8_t {
   Identifier,
   Implicit,
   Imports,
+  Index,
   Integer,
   Integer32,
   IpAddress,
   LastUpdated,
+  MaxAccess,
   NetworkAddress,
+  Objects,
   Octet,
   Of,
   Opaque,
@@ -41,8 +46,10 @@ enum class Keyword : std::uint8_t {
   TextualConvention,
   TimeTicks,
   UInteger32,
+  Units,
   Unsigned32,
-  // From here on: what stands behind the name of a definition.
+  Variables,
+  // From here on: what follows the name of a definition.
   Definitions,
   Macro,
   Object,

@@ -1,14 +1,19 @@
 #include "mib/library.h"
 
+#include <algorithm>
+
 #include "common/failure.h"
 #include "mib/lookup.h"
 
 namespace sentrel::mib {
 namespace {
 
+/// In times of what looking at the folders takes: even 100,000 files keep no processor busy.
+constexpr int kRestAfterLook = 50;
+
 std::shared_ptr<const Image> OpenOrEmpty(const std::string& path) {
   try {
-    return Image::Open(path);
+    return Image::Open(path, DamageCheck::WhenRead);
   } catch (const Failure&) {
     return Image::Empty();
   }
@@ -18,17 +23,24 @@ class DatabaseObject : public OIDObject {
  public:
   explicit DatabaseObject(std::shared_ptr<const Image> image) : image_(std::move(image)) {}
 
-  void SetOID(const std::string& oid) override { found_ = LookUp(*image_, oid); }
+  /// Damage costs the names that it hits.
+  void SetOID(const std::string& oid) override {
+    if (!Attempt([&] { found_ = LookUp(*image_, oid); })) found_ = {oid, nullptr};
+  }
   const std::string& Name() const override { return found_.name; }
 
   /// Made when first asked for: the list of ifType alone has some 300 labels.
   const std::string& EnumerationList() const override {
-    if (list_.empty() && found_.type != nullptr) list_ = ListOf(*image_, *found_.type);
+    if (list_.empty() && found_.type != nullptr) {
+      Attempt([&] { list_ = ListOf(*image_, *found_.type); });
+    }
     return list_;
   }
 
   std::string EnumerationName(std::int32_t number) const override {
-    return found_.type == nullptr ? "unknown(0)" : LabelOf(*image_, *found_.type, number);
+    std::string label = "unknown(0)";
+    if (found_.type != nullptr) Attempt([&] { label = LabelOf(*image_, *found_.type, number); });
+    return label;
   }
 
  private:
@@ -88,11 +100,15 @@ void Library::Refresh() {
 /// Returns when the folders have changed; false when the library ends.
 bool Library::Sleep() {
   std::unique_lock lock(mutex_);
-  while (!wake_.wait_for(lock, setup_.interval, [this] { return stop_.load(); })) {
+  std::chrono::nanoseconds rest = setup_.interval;
+  while (!wake_.wait_for(lock, rest, [this] { return stop_.load(); })) {
     lock.unlock();
     bool isOutdated = false;
+    const auto start = std::chrono::steady_clock::now();
     Attempt([&] { isOutdated = cache_.IsOutdated(); });
     if (isOutdated) return true;
+    rest = std::max<std::chrono::nanoseconds>(
+        setup_.interval, kRestAfterLook * (std::chrono::steady_clock::now() - start));
     lock.lock();
   }
   return false;

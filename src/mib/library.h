@@ -24,7 +24,8 @@ struct LibrarySetup {
   std::vector<Folder> folders;
   /// Where the image of the user's modules is kept.
   std::string cacheFile;
-  /// How often the folders are looked at for changes.
+  /// How often the folders are looked at for changes; less often where there are so many files that
+  /// looking takes long.
   std::chrono::milliseconds interval{2000};
 };
 

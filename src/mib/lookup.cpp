@@ -10,22 +10,29 @@ namespace sentrel::mib {
 
 namespace {
 
-/// The notification X.N for X.0.N, and X.0.N for X.N; an empty text where there is none.
-std::string_view OtherFormOf(const Image& image, std::span<const std::uint32_t> oid) {
+/// The node of the notification of exactly this OID; kNothing where there is none.
+std::uint32_t NotificationAt(const Image& image, std::span<const std::uint32_t> oid) {
+  const Image::Match match = image.Find(oid);
+  const bool isNotification =
+      image.EntryOf(match.node).kind == static_cast<std::uint32_t>(Kind::Notification);
+  return match.depth == oid.size() && isNotification ? match.node : kNothing;
+}
+
+/// The node of the notification X.N for X.0.N, else of X.0.N for X.N; kNothing where there is none.
+std::uint32_t OtherFormOf(const Image& image, std::span<const std::uint32_t> oid) {
   std::array<std::uint32_t, OidText::kMost + 1> other;
-  if (oid.size() < 2) return {};
-  auto end = std::copy(oid.begin(), oid.end() - 1, other.begin());
-  if (oid[oid.size() - 2] == 0) {
-    --end;
-  } else {
-    *end++ = 0;
+  if (oid.size() < 2) return kNothing;
+  const auto end = std::copy(oid.begin(), oid.end() - 1, other.begin());
+  if (*(end - 1) == 0) {
+    *(end - 1) = oid.back();
+    const std::uint32_t without = NotificationAt(image, {other.begin(), end});
+    if (without != kNothing) return without;
   }
-  *end++ = oid.back();
-  const Image::Match match = image.Find({other.begin(), end});
-  const format::EntryRecord& entry = image.EntryOf(match.node);
-  const bool isWhole = match.depth == static_cast<size_t>(end - other.begin());
-  const bool isNotification = entry.kind == static_cast<std::uint32_t>(Kind::Notification);
-  return isWhole && isNotification ? image.Text(entry.name) : std::string_view();
+  // An enterprise may end with a zero of its own.
+  *(end - 1) = oid[oid.size() - 2];
+  *end = 0;
+  *(end + 1) = oid.back();
+  return NotificationAt(image, {other.begin(), end + 2});
 }
 
 /// Whether no more is known of the OID than iso, org or dod.
@@ -33,6 +40,23 @@ bool IsBarelyKnown(std::span<const std::uint32_t> oid, size_t depth) {
   constexpr std::array<std::uint32_t, 3> kDod = {1, 3, 6};
   return depth < oid.size() && depth <= kDod.size() &&
          std::ranges::equal(oid.first(depth), std::span(kDod).first(depth));
+}
+
+/// Where the answers for an OID are, and how many of its numbers they stand for.
+Image::Match MatchOf(const Image& image, std::span<const std::uint32_t> oid) {
+  const Image::Match match = image.Find(oid);
+  if (match.depth == oid.size()) return match;
+  const std::uint32_t notification = OtherFormOf(image, oid);
+  if (notification != kNothing) return {notification, oid.size()};
+  return IsBarelyKnown(oid, match.depth) ? Image::Match() : match;
+}
+
+/// The name of the entry and the rest of the OID behind it.
+std::string NameOf(const Image& image, const format::EntryRecord& entry, std::string_view suffix) {
+  const std::string_view known = image.Text(entry.name);
+  std::string name;
+  name.reserve(known.size() + suffix.size());
+  return name.append(known).append(suffix);
 }
 
 }  // namespace
@@ -44,22 +68,32 @@ Lookup LookUp(const Image& image, std::string_view text) {
     result.name = text;
     return result;
   }
-  const Image::Match match = image.Find(oid.Numbers());
-  if (match.depth < oid.Numbers().size()) {
-    result.name = OtherFormOf(image, oid.Numbers());
-    if (!result.name.empty()) return result;
-  }
-  if (IsBarelyKnown(oid.Numbers(), match.depth)) {
+  const Image::Match match = MatchOf(image, oid.Numbers());
+  if (match.depth == 0) {
     result.name = text.substr(text.front() == '.' ? 1 : 0);
     return result;
   }
   const format::EntryRecord& entry = image.EntryOf(match.node);
-  const std::string_view name = image.Text(entry.name);
-  const std::string_view suffix = oid.Behind(match.depth);
-  result.name.reserve(name.size() + suffix.size());
-  result.name.append(name).append(suffix);
+  result.name = NameOf(image, entry, oid.Behind(match.depth));
   result.type = &image.Type(entry.type);
   return result;
+}
+
+std::vector<Answer> LookUpAll(const Image& image, std::string_view text) {
+  const OidText oid(text);
+  const Image::Match match = oid.IsOid() ? MatchOf(image, oid.Numbers()) : Image::Match();
+  std::vector<Answer> answers;
+  if (match.depth == 0) return answers;
+  const format::EntryRecord* winner = &image.EntryOf(match.node);
+  for (const format::ModuleRecord& module : image.Modules()) {
+    for (const format::EntryRecord& entry : image.Entries(module)) {
+      if (entry.node != match.node) continue;
+      answers.push_back({NameOf(image, entry, oid.Behind(match.depth)), image.Text(module.name),
+                         &image.Type(entry.type)});
+      if (&entry == winner) std::swap(answers.front(), answers.back());
+    }
+  }
+  return answers;
 }
 
 std::string ListOf(const Image& image, const format::TypeRecord& type) {

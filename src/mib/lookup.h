@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "mib/image.h"
 
@@ -21,6 +22,17 @@ struct Lookup {
 
 /// `type` points into the image.
 Lookup LookUp(const Image& image, std::string_view oid);
+
+/// What one module calls an OID.
+struct Answer {
+  std::string name;
+  std::string_view module;
+  const format::TypeRecord* type = nullptr;
+};
+
+/// All that the modules of an image call an OID, that of LookUp first. Nothing where LookUp gives
+/// the text itself. Reads all entries of the image. What the answers point to lies in the image.
+std::vector<Answer> LookUpAll(const Image& image, std::string_view oid);
 
 /// "up(1),down(2)", empty where the type has no named values.
 std::string ListOf(const Image& image, const format::TypeRecord& type);

@@ -33,6 +33,10 @@ MappedFile::MappedFile(const std::string& path, Loading loading) {
   bytes_ = {static_cast<const char*>(place), size};
 }
 
+void MappedFile::LeaveMemory() const {
+  madvise(const_cast<char*>(bytes_.data()), bytes_.size(), MADV_DONTNEED);
+}
+
 MappedFile::~MappedFile() {
   munmap(const_cast<char*>(bytes_.data()), bytes_.size());
 }

@@ -18,6 +18,8 @@ class MappedFile {
   MappedFile(const MappedFile&) = delete;
   MappedFile& operator=(const MappedFile&) = delete;
 
+  /// Gives the memory back that the bytes take; they are fetched again when they are read.
+  void LeaveMemory() const;
   std::string_view Bytes() const { return bytes_; }
 
  private:

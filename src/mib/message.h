@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sentrel::mib {
@@ -19,5 +20,8 @@ struct Message {
 };
 
 using Messages = std::vector<Message>;
+
+/// A message, without a file's name, and the number of the file that it is about.
+using FileMessage = std::pair<std::uint32_t, Message>;
 
 }  // namespace sentrel::mib

@@ -70,6 +70,8 @@ struct Span {
 struct Definition {
   std::string_view name;
   std::string_view hint;
+  /// What an object's values count, "seconds".
+  std::string_view units;
   /// The node that the OID starts from; none for an absolute OID, and for types.
   Reference parent;
   /// The type that the syntax names; none where it is one of the base types.
@@ -78,9 +80,14 @@ struct Definition {
   Span numbers;
   /// The syntax's own enumeration, in Module::values.
   Span values;
+  /// The objects that a notification carries, or the indexes of a row, in Module::related. A row
+  /// that augments another one has that row for its only index (RFC 2578 section 7.8).
+  Span related;
   std::uint32_t line = 0;
   Kind kind = Kind::Value;
   BaseType base = BaseType::None;
+  /// Whether an object exists only in notifications (RFC 2578 section 7.3).
+  bool isForNotify = false;
 };
 
 /// A definition while it is being read: what it refers to is known by name only.
@@ -114,6 +121,7 @@ struct ModuleDraft : ModuleHead {
   std::vector<DraftDefinition> definitions;
   std::vector<std::uint32_t> numbers;
   std::vector<NamedValue> values;
+  std::vector<std::string_view> related;
 };
 
 /// One module as its file gives it. All texts and lists lie in an Arena that outlives it.
@@ -122,6 +130,7 @@ struct Module : ModuleHead {
   std::span<Definition> definitions;
   std::span<std::uint32_t> numbers;
   std::span<NamedValue> values;
+  std::span<Reference> related;
   /// Positions in `definitions`, sorted by name; of equal names the first definition comes first.
   std::span<std::uint32_t> byName;
 };

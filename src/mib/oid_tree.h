@@ -22,7 +22,7 @@ class OidTree {
   };
 
   OidTree();
-  /// Makes room for so many nodes in all.
+  /// Makes room for this many nodes in all.
   void Reserve(size_t nodes);
   /// The child of the node with this number, made if there is none.
   std::uint32_t Child(std::uint32_t node, std::uint32_t number);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "mib/catalog.h"
@@ -11,17 +10,14 @@
 
 namespace sentrel::mib {
 
-/// A message and the number of the file that it is about.
-using FileMessage = std::pair<std::uint32_t, Message>;
-
 /// The built-in module of what the program itself sends.
 inline constexpr std::string_view kProgramModule = "SENTREL-MIB";
 
 /// Makes one catalog of modules and of the base image: resolves imports, OIDs and textual
 /// conventions across modules. Where several definitions claim one OID, kProgramModule wins if the
 /// base image holds it or is empty, then modules over the base image, definitions over labels given
-/// in passing, macros over plain values, the newer module over the older one, the earlier in the
-/// list over the later one.
+/// in passing, modules of the enterprise that the OID belongs to over others, macros over plain
+/// values, the newer module over the older one, the earlier in the list over the later one.
 ///
 /// The modules' named values are put into the order of their numbers. Modules and base image must
 /// outlive the catalog.

@@ -35,6 +35,12 @@ std::uint64_t ReadDate(std::string_view text) {
   return digits == 12 ? date : 0;
 }
 
+/// Whether the clause lists what Definition::related keeps.
+bool ListsRelated(Kind kind, Keyword clause) {
+  if (kind == Kind::Object) return clause == Keyword::Index || clause == Keyword::Augments;
+  return kind == Kind::Notification && (clause == Keyword::Objects || clause == Keyword::Variables);
+}
+
 /// Whether the word may be the name of a module, or of something that a module defines.
 bool IsName(const Token& word) {
   return word.kind == TokenKind::Word && !IsDefiningMacro(word.keyword) &&
@@ -74,6 +80,7 @@ class Parser {
   void SkipMacroDefinition();
   bool IsNextDefinition();
   std::string_view ReadEnterprise();
+  void ReadRelated(DraftDefinition& definition);
   DraftDefinition NewDefinition(const Token& name, Kind kind);
 
   Arena& arena_;
@@ -85,7 +92,7 @@ class Parser {
   Token nextName_;
 };
 
-/// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text stands around modules, and reads
+/// Reads on to "Name DEFINITIONS ::= BEGIN", past whatever text is around modules, and reads
 /// that module.
 bool Parser::FindModule() {
   reader_.SetStrings(false);
@@ -294,6 +301,12 @@ void Parser::ReadMacro(const Token& name, const Token& macro) {
     previous_ = token;
     if (token.IsMark('{')) {
       reader_.SkipPast('{', '}');
+    } else if (ListsRelated(definition.kind, token.keyword) && reader_.TakeMark('{')) {
+      ReadRelated(definition);
+    } else if (token.Is(Keyword::Access) || token.Is(Keyword::MaxAccess)) {
+      definition.isForNotify = reader_.Peek().text == "accessible-for-notify";
+    } else if (token.Is(Keyword::Units) && reader_.Peek().kind == TokenKind::String) {
+      definition.units = reader_.Keep(reader_.Take().text);
     } else if (definition.kind == Kind::Object && token.Is(Keyword::Syntax) && !hasSyntax) {
       hasSyntax = true;
       ReadType(reader_, module_, definition);
@@ -312,6 +325,21 @@ void Parser::ReadMacro(const Token& name, const Token& macro) {
     reader_.Report(macro, "unknown macro " + Quote(macro.text));
   }
   ReadMacroValue(definition, macro, enterprise);
+}
+
+/// Behind "{": names up to and including "}". Types, as SMIv1 has them in an index, are left out.
+void Parser::ReadRelated(DraftDefinition& definition) {
+  definition.related = {static_cast<std::uint32_t>(module_.related.size()), 0};
+  Token last;
+  while (reader_.Peek().IsMark(',') || IsName(reader_.Peek())) {
+    last = reader_.Take();
+    if (last.text.front() < 'a' || last.text.front() > 'z') continue;
+    module_.related.push_back(reader_.Keep(last.text));
+    ++definition.related.count;
+  }
+  // Without its "}" the list has swallowed the name of the next definition.
+  if (last.kind == TokenKind::Word && !reader_.Peek().IsMark('}')) reader_.Rewind(last);
+  reader_.SkipPast('{', '}');
 }
 
 /// "enterprise", or with braces that should not be there.

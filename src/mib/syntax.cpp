@@ -144,7 +144,7 @@ class OidValue {
            name == "joint-iso-itu-t";
   }
 
-  /// A bare name tells the whole path up to it, whatever stands before.
+  /// A bare name tells the whole path up to it, whatever precedes it.
   void StartFrom(const Token& name) {
     definition_.parentName = reader_.Keep(name.text);
     definition_.numbers = {static_cast<std::uint32_t>(module_.numbers.size()), 0};

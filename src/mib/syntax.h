@@ -5,7 +5,7 @@
 
 namespace sentrel::mib {
 
-/// Reads a type as it stands behind SYNTAX or "::=" (RFC 2578 section 7.1): its base type or the
+/// Reads a type as written after SYNTAX or "::=" (RFC 2578 section 7.1): its base type or the
 /// type it names, and its named values. What cannot be understood is reported and passed over.
 void ReadType(TokenReader& reader, ModuleDraft& module, DraftDefinition& definition);
 

@@ -9,8 +9,8 @@
 
 namespace sentrel::mib {
 
-/// The tokens of one file with one token of foresight, the messages about it, and the arena that
-/// keeps what is worth keeping of its text.
+/// The tokens of one file with one token of lookahead, the messages about it, and the arena that
+/// keeps what is worth keeping of its text. One thread at a time; text and arena must outlive it.
 class TokenReader {
  public:
   TokenReader(std::string_view text, Reading reading, Arena& arena);

@@ -9,7 +9,7 @@ namespace {
 
 std::uint64_t HashOf(const ResolvedType& type) {
   std::uint64_t hash = Hash(type.hint, static_cast<std::uint64_t>(type.base));
-  hash = Hash(type.module, Hash(type.name, hash));
+  hash = Hash(type.units, Hash(type.module, Hash(type.name, hash)));
   for (std::uint32_t i = 0; i < type.valueCount; ++i) {
     hash = Hash(type.values[i].label, hash + static_cast<std::uint32_t>(type.values[i].value));
   }
@@ -17,7 +17,8 @@ std::uint64_t HashOf(const ResolvedType& type) {
 }
 
 bool AreEqual(const ResolvedType& a, const ResolvedType& b) {
-  return a.base == b.base && a.hint == b.hint && a.name == b.name && a.module == b.module &&
+  return a.base == b.base && a.hint == b.hint && a.units == b.units && a.name == b.name &&
+         a.module == b.module &&
          std::equal(a.values, a.values + a.valueCount, b.values, b.values + b.valueCount,
                     [](const NamedValue& x, const NamedValue& y) {
                       return x.value == y.value && x.label == y.label;

@@ -7,7 +7,8 @@
 
 namespace sentrel::mib {
 
-/// Collects resolved types, equal ones once.
+/// Adds resolved types to a list that it does not own: equal ones once, none moved or removed. One
+/// thread at a time; the list must outlive it, and nothing else may add to the list meanwhile.
 class TypeList {
  public:
   explicit TypeList(BigVector<ResolvedType>& types) : types_(types) {}

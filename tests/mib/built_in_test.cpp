@@ -28,7 +28,7 @@ TEST_F(BuiltIn, KnowsTheStandards) {
       {"1.3.6.1.2.1.15.7.2", "bgpBackwardTransition"},
       {"1.3.6.1.2.1.15.0.1", "bgpEstablishedNotification"},
       {"1.3.6.1.4.1.8072.4.0.2", "nsNotifyShutdown"},
-      {"1.3.6.1.4.1.9.1.1", "cisco.1.1"},
+      {"1.3.6.1.4.1.9.1.1", "ciscoGatewayServer"},
       {"1.3.6.1.4.1.99999.1", "enterprises.99999.1"},
       {"1.0.8802.1.1.2.0.0.1", "lldpRemTablesChange"},
       {"0.0", "zeroDotZero"},

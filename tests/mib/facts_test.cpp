@@ -22,8 +22,12 @@ TEST(Facts, OfAModuleAreItsDefinitionsAndComeBackAsTheyWere) {
       "module A-MIB 202001020304\n"
       "type State integer \"d-2\"\n  -1 low\n  2 high\n"
       "value 1.7 a\n"
-      "notification 1.7.0.4 e\n"
+      "trap 1.7.0.4 e\n"
+      "  of b c\n"
+      "trap 1.7.0.5 f\n"
+      "  same\n"
       "object 1.7.1 b A-MIB:State\n"
+      "  units steps\n"
       "object 1.7.2 c integer\n  1 up\n"
       "identity 1.7.9 m\n";
   EXPECT_EQ(FactsOf(ModuleText("A-MIB",
@@ -32,21 +36,37 @@ TEST(Facts, OfAModuleAreItsDefinitionsAndComeBackAsTheyWere) {
                                "State ::= TEXTUAL-CONVENTION DISPLAY-HINT \"d-2\" SYNTAX "
                                "INTEGER { high(2), low(-1) }\n"
                                "a OBJECT IDENTIFIER ::= { iso 7 }\n"
-                               "b OBJECT-TYPE SYNTAX State ::= { a 1 }\n"
+                               "b OBJECT-TYPE SYNTAX State UNITS \"steps\" ::= { a 1 }\n"
                                "c OBJECT-TYPE SYNTAX INTEGER { up(1) } ::= { a 2 }\n"
-                               "e TRAP-TYPE ENTERPRISE a ::= 4\n"),
+                               "e TRAP-TYPE ENTERPRISE a VARIABLES { b, c } ::= 4\n"
+                               "f NOTIFICATION-TYPE OBJECTS { b, c } ::= { a 0 5 }\n"),
                     {}),
             facts);
-  facts += "object 1.7.10 d octets \"255a\"\n";
+  facts =
+      "module A-MIB 0\n"
+      "below 1.7.10.11.12.13\n"
+      "object .1 d octets \"255a\"\n"
+      "object .2 g gauge32\n";
   ReadOptions asFacts;
   asFacts.parse = ParseFacts;
   EXPECT_EQ(FactsOf(facts, asFacts), facts);
 }
 
 TEST(Facts, LinesThatNoToolWroteAreNamed) {
-  const char* bad[] = {
-      "object 1.x b integer",     "object 1.7 b number", "thing 1.7 b", "  x up", "type T",
-      "object 1.7 b integer \"d", "module B-MIB 0",      "value 1.7"};
+  const char* bad[] = {"object 1.x b integer",
+                       "object 1.7 b number",
+                       "thing 1.7 b",
+                       "  x up",
+                       "type T",
+                       "object 1.7 b integer \"d",
+                       "module B-MIB x",
+                       "value 1.7",
+                       "value .7 b",
+                       "  of",
+                       "  same",
+                       "  of x:",
+                       "below x",
+                       "labels 1 a"};
   for (const char* line : bad) {
     Arena arena;
     const ParsedFile file = ParseFacts(std::string("module A-MIB 0\nvalue 1.1 a\n") + line, arena);

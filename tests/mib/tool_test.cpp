@@ -100,8 +100,60 @@ TEST_F(ToolTest, ChecksFiles) {
   EXPECT_EQ(good.text, "");
 }
 
+TEST_F(ToolTest, TellsOfADamagedBuiltInFile) {
+  for (const char* name : {"sentrel-mib", "sentrel-mibs.image"}) {
+    std::filesystem::copy(ProgramFolder() + "/" + name, workshop_.Path(name));
+  }
+  const std::string check = workshop_.Path("sentrel-mib") + " check";
+  const std::string image = workshop_.Path("sentrel-mibs.image");
+  EXPECT_EQ(Run(check).status, 0);
+  for (const auto& damage : {"dd conv=notrunc bs=1k seek=99 count=1 if=/dev/zero of=", "rm "}) {
+    ASSERT_EQ(Run(damage + image).status, 0);
+    const Outcome outcome = Run(check);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.text, testing::StartsWith(image + ": "));
+  }
+}
+
+TEST_F(ToolTest, TellsEveryAnswerWithItsModule) {
+  const std::string head = "m MODULE-IDENTITY LAST-UPDATED \"";
+  workshop_.Write("mibs/a", ModuleText("A-MIB", head + "202001010000Z\" ::= { 1 7 9 }\n"
+                                                       "a NOTIFICATION-TYPE ::= { 1 7 0 1 }"));
+  workshop_.Write("mibs/b", ModuleText("B-MIB", head + "202101010000Z\" ::= { 1 7 9 }\n"
+                                                       "b NOTIFICATION-TYPE ::= { 1 7 0 1 }"));
+  EXPECT_EQ(RunTool("lookup --all -M " + workshop_.Path("mibs") + " 1.7.1").text,
+            "1.7.1\tb\tB-MIB\t\n1.7.1\ta\tA-MIB\t\n");
+}
+
+/// The order in which the file system lists files is that in which they were made, or none.
+TEST_F(ToolTest, WritesTheSameFactsOfMakersEachTime) {
+  const std::string modules[] = {
+      ModuleText("ACME-MIB",
+                 "acme OBJECT IDENTIFIER ::= { enterprises 99999 }\n"
+                 "mode OBJECT-TYPE SYNTAX INTEGER { on(1), off(2) } ::= { acme 1 }\n"
+                 "idle OBJECT-TYPE SYNTAX INTEGER ::= { acme 2 }\n"
+                 "model OBJECT IDENTIFIER ::= { acme 3 }\n"
+                 "changed NOTIFICATION-TYPE OBJECTS { mode } ::= { acme 0 1 }",
+                 "enterprises FROM SNMPv2-SMI"),
+      ModuleText("SNMPv2-SMI", "enterprises OBJECT IDENTIFIER ::= { iso 3 6 1 4 1 }")};
+  for (const auto& [folder, first] : {std::pair{"x", 0}, {"y", 1}}) {
+    for (const int module : {first, 1 - first}) {
+      workshop_.Write(std::string(folder) + "/" + std::to_string(module), modules[module]);
+    }
+    const std::string out = workshop_.Path(std::string(folder) + "-facts");
+    ASSERT_EQ(RunTool("makers -o " + out + " " + workshop_.Path(folder)).status, 0);
+    EXPECT_EQ(Run("cat " + out + "/99999-acme.facts").text,
+              "module ACME-MIB 0\n"
+              "below 1.3.6.1.4.1\n"
+              "value .99999 acme\n"
+              "trap .99999.0.1 changed\n  of mode\n"
+              "object .99999.1 mode integer\n  1 on\n  2 off\n"
+              "value .99999.3 model\n");
+  }
+}
+
 TEST_F(ToolTest, ExplainsItself) {
-  for (const char* words : {"", "nonsense", "lookup -x", "compile", "check", "compile -o"}) {
+  for (const char* words : {"", "nonsense", "lookup -x", "compile", "compile -o"}) {
     const Outcome outcome = RunTool(words);
     EXPECT_EQ(outcome.status, 2) << words;
     EXPECT_THAT(outcome.text, HasSubstr("usage: sentrel-mib")) << words;

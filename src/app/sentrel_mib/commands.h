@@ -9,6 +9,7 @@ namespace sentrel::app {
 struct Arguments {
   std::vector<std::string> folders;  ///< of the options -M
   std::string output;                ///< of the option -o
+  bool all = false;                  ///< whether there is the option --all
   std::vector<std::string> rest;
 };
 
@@ -18,10 +19,12 @@ int LookUpOids(const Arguments& arguments);
 int CompileFolders(const Arguments& arguments);
 int CheckFiles(const Arguments& arguments);
 
-/// Those that make the built-in database: module files to fact files, the enterprises' names to
-/// one fact file, fact files to an image.
+/// Those that make the built-in database: whole modules to fact files, what traps need of makers'
+/// modules to a fact file for each maker, registered organisations to names of enterprises, fact
+/// files to an image.
 int WriteFactFiles(const Arguments& arguments);
-int WriteEnterpriseRoots(const Arguments& arguments);
+int WriteMakerFacts(const Arguments& arguments);
+int WriteRegistrations(const Arguments& arguments);
 int PackFacts(const Arguments& arguments);
 
 }  // namespace sentrel::app

@@ -10,6 +10,7 @@
 
 #include "commands.h"
 #include "common/atomic_file.h"
+#include "common/failure.h"
 #include "mib/collection.h"
 #include "mib/image_writer.h"
 #include "surroundings.h"
@@ -69,6 +70,16 @@ mib::Collection ReadWithProgress(std::vector<std::string> files) {
   _exit(status);
 }
 
+int CheckBuiltIn() {
+  try {
+    mib::Image::Open(BuiltInPath());
+    return 0;
+  } catch (const Failure& failure) {
+    std::cout << BuiltInPath() << ": " << failure.what() << '\n';
+    return 1;
+  }
+}
+
 }  // namespace
 
 int CompileFolders(const Arguments& arguments) {
@@ -98,7 +109,7 @@ int CompileFolders(const Arguments& arguments) {
 }
 
 int CheckFiles(const Arguments& arguments) {
-  if (arguments.rest.empty()) throw std::invalid_argument("check needs a file");
+  if (arguments.rest.empty()) return CheckBuiltIn();
   mib::Collection collection(arguments.rest, {});
   const auto base = ProgramDatabase(mib::DamageCheck::AtOnce);
   collection.Compile(*base);

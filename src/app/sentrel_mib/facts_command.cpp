@@ -13,7 +13,6 @@ namespace sentrel::app {
 namespace {
 
 constexpr const char* kFactEnding = ".facts";
-constexpr std::string_view kRootsName = "ENTERPRISE-ROOTS";
 
 void RequireFolders(const Arguments& arguments) {
   if (arguments.rest.empty() || arguments.output.empty()) {
@@ -23,13 +22,6 @@ void RequireFolders(const Arguments& arguments) {
 
 mib::Collection ReadAll(const Arguments& arguments, const mib::ReadOptions& options = {}) {
   return {mib::FindSources(FoldersOf(arguments.rest)).files, options};
-}
-
-/// The node of 1.3.6.1.4.1.
-std::uint32_t EnterprisesOf(mib::Catalog& catalog) {
-  std::uint32_t node = mib::OidTree::kRoot;
-  for (const std::uint32_t number : {1, 3, 6, 1, 4, 1}) node = catalog.tree.Child(node, number);
-  return node;
 }
 
 void WriteWithFolder(const std::string& path, std::string_view bytes) {
@@ -49,27 +41,6 @@ int WriteFactFiles(const Arguments& arguments) {
     WriteWithFolder(arguments.output + "/" + std::string(module.name) + kFactEnding,
                     mib::WriteFacts(catalog, module));
   }
-  return 0;
-}
-
-/// A module of its own that holds nothing but the nodes right below the node of the enterprises.
-int WriteEnterpriseRoots(const Arguments& arguments) {
-  RequireFolders(arguments);
-  mib::Collection collection = ReadAll(arguments);
-  const auto base = BuiltInDatabase();
-  mib::Catalog catalog = collection.Compile(*base);
-  const std::uint32_t enterprises = EnterprisesOf(catalog);
-  mib::CatalogModule roots{kRootsName, 0, {static_cast<std::uint32_t>(catalog.entries.size()), 0}};
-  for (std::uint32_t node = 0; node < catalog.names.size(); ++node) {
-    if (catalog.names[node] == mib::kNothing) continue;
-    if (catalog.tree.Nodes()[node].parent != enterprises) continue;
-    mib::Entry root = catalog.entries[catalog.names[node]];
-    if (root.module < base->Modules().size()) continue;
-    root.kind = mib::Kind::Label;
-    catalog.entries.push_back(root);
-    ++roots.entries.count;
-  }
-  WriteWithFolder(arguments.output, mib::WriteFacts(catalog, roots));
   return 0;
 }
 

@@ -12,7 +12,8 @@ namespace {
 /// Names OIDs out of a database of which only what is read is checked for damage.
 class Namer {
  public:
-  explicit Namer(const std::vector<std::string>& folders) : folders_(folders) {}
+  explicit Namer(const Arguments& arguments)
+      : folders_(arguments.folders), wantsAll_(arguments.all) {}
 
   void Print(const std::string& oid) {
     std::string line;
@@ -33,18 +34,29 @@ class Namer {
   }
 
   std::string LineOf(const std::string& oid) const {
+    if (wantsAll_) return LinesOf(mib::LookUpAll(*image_, oid), oid);
     const mib::Lookup found = mib::LookUp(*image_, oid);
     return oid + '\t' + found.name + '\t' + mib::ListOf(*image_, *found.type) + '\n';
   }
 
+  std::string LinesOf(const std::vector<mib::Answer>& answers, const std::string& oid) const {
+    std::string lines;
+    for (const mib::Answer& answer : answers) {
+      lines.append(oid).append("\t").append(answer.name).append("\t").append(answer.module);
+      lines.append("\t").append(mib::ListOf(*image_, *answer.type)).append("\n");
+    }
+    return lines;
+  }
+
   const std::vector<std::string>& folders_;
+  const bool wantsAll_;
   std::shared_ptr<const mib::Image> image_;
 };
 
 }  // namespace
 
 int LookUpOids(const Arguments& arguments) {
-  Namer namer(arguments.folders);
+  Namer namer(arguments);
   for (const std::string& oid : arguments.rest) namer.Print(oid);
   if (!arguments.rest.empty()) return 0;
   for (std::string line; std::getline(std::cin, line);) {

@@ -12,25 +12,40 @@ constexpr std::string_view kUsage = R"(usage: sentrel-mib COMMAND ...
 
   lookup [-M FOLDER]... [OID...]   name OIDs, those of standard input if none is given; one line
                                    each: the OID, its name, its named values
+  lookup --all ...                 the same, with a line for each module that has a name for the
+                                   OID: the OID, the name, the module, the named values
   compile [-o IMAGE] FOLDER...     compile all modules in the folders, tell what is wrong
-  check FILE...                    tell what is wrong with module files
+  check [FILE...]                  tell what is wrong with module files; without any, with the
+                                   built-in database
 
 To make the built-in database:
   facts -o FOLDER FOLDER...        write a fact file for each module in the folders
-  roots -o FILE FOLDER...          write the names that the modules give to enterprises
+  makers -o FOLDER [-M FACTS]... FOLDER...
+                                   write the facts that traps need, a file for each maker, without
+                                   the modules whose facts lie in FACTS
+  registrations -o FILE LIST       write names for the enterprise numbers of a list, "9<tab>cisco" a
+                                   line
   pack -o IMAGE FOLDER...          make an image of fact files
 )";
 
 using Command = int (*)(const Arguments&);
-const std::map<std::string_view, Command> kCommands = {
-    {"lookup", LookUpOids},    {"compile", CompileFolders},     {"check", CheckFiles},
-    {"facts", WriteFactFiles}, {"roots", WriteEnterpriseRoots}, {"pack", PackFacts}};
+const std::map<std::string_view, Command> kCommands = {{"lookup", LookUpOids},
+                                                       {"compile", CompileFolders},
+                                                       {"check", CheckFiles},
+                                                       {"facts", WriteFactFiles},
+                                                       {"makers", WriteMakerFacts},
+                                                       {"pack", PackFacts},
+                                                       {"registrations", WriteRegistrations}};
 
 /// Throws std::invalid_argument.
 Arguments Read(const std::vector<std::string>& words) {
   Arguments arguments;
   for (size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
+    if (word == "--all") {
+      arguments.all = true;
+      continue;
+    }
     if (word != "-M" && word != "-o") {
       if (word.size() > 1 && word[0] == '-') throw std::invalid_argument("unknown option " + word);
       arguments.rest.push_back(word);

@@ -51,9 +51,13 @@ std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& f
   return Database("lookup-mibs.image", FoldersOf(folders), check);
 }
 
+std::string BuiltInPath() {
+  return ProgramFolder() + "/" + mib::kBuiltInImageName;
+}
+
 std::shared_ptr<const mib::Image> BuiltInDatabase(mib::DamageCheck check) {
   try {
-    return mib::Image::Open(ProgramFolder() + "/" + mib::kBuiltInImageName, check);
+    return mib::Image::Open(BuiltInPath(), check);
   } catch (const Failure& failure) {
     std::cerr << "sentrel-mib: no built-in modules: " << failure.what() << "\n";
     return mib::Image::Empty();

@@ -14,6 +14,8 @@ std::shared_ptr<const mib::Image> ProgramDatabase(mib::DamageCheck check);
 /// The built-in modules and those of the folders.
 std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders,
                                                mib::DamageCheck check);
+/// The file of the built-in modules.
+std::string BuiltInPath();
 /// The built-in modules alone; a database that knows nothing, with a warning, if there are none.
 std::shared_ptr<const mib::Image> BuiltInDatabase(
     mib::DamageCheck check = mib::DamageCheck::AtOnce);

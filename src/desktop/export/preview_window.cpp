@@ -1,6 +1,7 @@
 #include "desktop/export/preview_window.h"
 
 #include <QAction>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace sentrel {
@@ -19,7 +20,7 @@ PreviewWindow::PreviewWindow(QWidget* owner, const QString& title)
   setObjectName("PrintPreview");
   setWindowTitle(title + " - Print Preview");
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  resize(1000, 800);
+  resize(QSize(1000, 800).boundedTo(screen()->availableSize()));
   AddTools();
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -27,9 +28,10 @@ PreviewWindow::PreviewWindow(QWidget* owner, const QString& title)
   layout->addWidget(tools_);
   layout->addWidget(view_);
   connect(page_, &QSpinBox::valueChanged, view_, &PageView::GoTo);
-  connect(view_, &PageView::CurrentPageChanged, this, [this](int page) {
-    const QSignalBlocker blocker(page_);
-    page_->setValue(page);
+  // The view still tells of pages while this window is being destroyed.
+  connect(view_, &PageView::CurrentPageChanged, page_, [page = page_](int number) {
+    const QSignalBlocker blocker(page);
+    page->setValue(number);
   });
   view_->setFocus();
 }
