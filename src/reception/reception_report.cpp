@@ -33,23 +33,28 @@ std::string Line(const SeenDatagram& seen, const std::string& notification,
 }  // namespace
 
 std::string TimeText(std::chrono::system_clock::time_point moment) {
+  const std::tm local = fmt::localtime(std::chrono::system_clock::to_time_t(moment));
+  return fmt::format("{:%Y-%m-%d} {}", local, TimeOfDayText(moment));
+}
+
+std::string TimeOfDayText(std::chrono::system_clock::time_point moment) {
   const auto milliseconds =
       std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()).count();
   const std::tm local = fmt::localtime(std::chrono::system_clock::to_time_t(moment));
-  return fmt::format("{:%Y-%m-%d %H:%M:%S}.{:03}", local, milliseconds % 1000);
+  return fmt::format("{:%H:%M:%S}.{:03}", local, milliseconds % 1000);
 }
 
 std::string VersionText(const SeenDatagram& seen) {
   if (!seen.version) return "";
-  std::string text = seen.version == 2 ? "SNMPv2c" : fmt::format("SNMPv{}", *seen.version);
+  std::string text = seen.version == 2 ? "v2c" : fmt::format("v{}", *seen.version);
   if (!seen.level) return text;
   switch (*seen.level) {
     case SecurityLevel::kNoAuthNoPriv:
-      return text + ", not signed";
+      return text + " noAuthNoPriv";
     case SecurityLevel::kAuthNoPriv:
-      return text + ", signed";
+      return text + " authNoPriv";
     case SecurityLevel::kAuthPriv:
-      return text + ", signed and encrypted";
+      return text + " authPriv";
   }
   return text;
 }

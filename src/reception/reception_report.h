@@ -4,13 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/clock.h"
 #include "reception/reasons.h"
 #include "reception/watch.h"
 
 namespace sentrel {
 
-/// "SNMPv3, signed and encrypted"; empty where the version could not be read.
+/// "v3 authPriv"; empty where the version could not be read.
 std::string VersionText(const SeenDatagram& seen);
 /// The reason of a refusal, with what is known of it beyond that.
 std::string RefusalText(const SeenDatagram& seen);
@@ -23,5 +22,7 @@ std::string ReceptionReport(const std::vector<Reason>& reasons,
 
 /// "2026-11-23 15:49:37.125", in local time.
 std::string TimeText(std::chrono::system_clock::time_point moment);
+/// "15:49:37.125", in local time.
+std::string TimeOfDayText(std::chrono::system_clock::time_point moment);
 
 }  // namespace sentrel

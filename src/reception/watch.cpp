@@ -64,7 +64,7 @@ WatchedDatagram Watch::Judge(SeenDatagram seen) const {
     is(InLowerCase(ReasonText(judged.seen.outcome)),
        IsAboutUsers(judged.seen.outcome) ? Cure::kUsers : Cure::kNone);
   } else if (settings_.Paused()) {
-    is("paused", Cure::kResume);
+    is("paused", Cure::kNone);
   } else if (settings_.DeviceFilterActive() &&
              !settings_.DeviceFilters()->AddressInFilters(sender)) {
     is("no device filter fits " + sender, Cure::kDeviceFilter);

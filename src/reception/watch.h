@@ -12,7 +12,7 @@
 namespace sentrel {
 
 /// Where a person changes what keeps a datagram out.
-enum class Cure { kNone, kResume, kDeviceFilter, kCommunityFilter, kUsers };
+enum class Cure { kNone, kDeviceFilter, kCommunityFilter, kUsers };
 
 /// A datagram that was seen while watching, in words.
 struct WatchedDatagram {

@@ -133,6 +133,13 @@ void SettingsForm::cmdAddCommunity_Click() {
   Reenter(communityEntry_);
 }
 
+void SettingsForm::Propose(const Entry& entry, const std::string& text) {
+  view_.SelectTab(entry.tab);
+  view_.SetText(entry.box, text);
+  view_.SelectText(entry.box);
+  view_.SetFocus(entry.box);
+}
+
 void SettingsForm::Reenter(Entry& entry) {
   entry.settled = TrimBlanks(view_.Text(entry.box));
   view_.SelectText(entry.box);

@@ -33,6 +33,10 @@ class SettingsForm {
   void checkCommunity_Click();
   void checkLoggingActive_Click();
 
+  /// Opens the page with this text in the box, to be added by the user: nothing else changes.
+  void ProposeDeviceFilter(const std::string& text) { Propose(deviceFilterEntry_, text); }
+  void ProposeCommunity(const std::string& text) { Propose(communityEntry_, text); }
+
   void cmdAddDeviceFilter_Click();
   void cmdAddCommunity_Click();
   /// Enter adds. Returns whether the key press, a character, is to be swallowed.
@@ -74,6 +78,7 @@ class SettingsForm {
     /// The text that was added, or told of, last.
     std::string settled = "";
   };
+  void Propose(const Entry& entry, const std::string& text);
   /// Makes the next entry overwrite this one, with which nothing more is to be done.
   void Reenter(Entry& entry);
   /// Shows a text that was typed and not added, once.

@@ -91,15 +91,20 @@ bool Receiver::WaitForDatagrams() const {
   return waiting[1].revents == 0;
 }
 
-void Receiver::Handle(NotificationParser& parser, const Datagram& datagram) {
+Outcome Receiver::Handle(NotificationParser& parser, const Datagram& datagram) {
   const Outcome outcome = parser.Parse(datagram);
   counters_.Count(outcome);
   if (record_.Wants(outcome)) record_.Note(datagram, outcome, "", parser.PassedVersion3());
+  return outcome;
 }
 
 std::size_t Receiver::HandleBatch(NotificationParser& parser) {
   const auto batch = socket_.ReadBatch();
-  for (const Datagram& datagram : batch) Handle(parser, datagram);
+  const Datagram* accepted = nullptr;
+  for (const Datagram& datagram : batch) {
+    if (Handle(parser, datagram) == Outcome::kAccepted) accepted = &datagram;
+  }
+  if (accepted != nullptr) record_.NoteAccepted(*accepted);
   counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
   if (queue_.Publish()) wake_();

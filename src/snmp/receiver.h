@@ -41,7 +41,7 @@ class Receiver {
   void Run();
   /// Returns how many datagrams it has read.
   std::size_t HandleBatch(NotificationParser& parser);
-  void Handle(NotificationParser& parser, const Datagram& datagram);
+  Outcome Handle(NotificationParser& parser, const Datagram& datagram);
   void ReadTheRest(NotificationParser& parser);
   bool WaitForDatagrams() const;
   /// Lets datagrams gather, where that is safe and they come in numbers: a wake-up for each would

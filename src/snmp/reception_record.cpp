@@ -21,6 +21,12 @@ void ReceptionRecord::Note(const Datagram& datagram, Outcome outcome, std::strin
   refused_.push_back(std::move(seen));
 }
 
+void ReceptionRecord::NoteAccepted(const Datagram& datagram) {
+  const std::lock_guard lock(mutex_);
+  last_[static_cast<std::size_t>(Outcome::kAccepted)] = {std::chrono::system_clock::now(),
+                                                         datagram.peer};
+}
+
 bool ReceptionRecord::MayDescribe() {
   const auto now = CoarseClock::now();
   if (now - second_ >= std::chrono::seconds(1)) {

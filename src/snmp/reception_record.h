@@ -29,7 +29,9 @@ class ReceptionRecord {
   bool Wants(Outcome outcome) const {
     return outcome != Outcome::kAccepted || watching_.load(std::memory_order_relaxed);
   }
-  /// For the receiver thread.
+  /// For the receiver thread, as all below it until LastOf. One datagram of a batch says enough of
+  /// when the last was accepted.
+  void NoteAccepted(const Datagram& datagram);
   void Note(const Datagram& datagram, Outcome outcome, std::string_view hint,
             const Version3Message* decrypted);
 

@@ -90,6 +90,8 @@ Program::Program(const ProgramOptions& options)
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
+      watch_(listener_, settings_, mibs_),
+      reception_(listener_, watch_, &window_),
       pauseAndRaw_(settings_, table_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
@@ -115,6 +117,32 @@ Program::Program(const ProgramOptions& options)
   window_.SetEvents(mainForm_);
   table_.SetEvents(&tableCommands_);
   toolBars_.SetEvents(&dispatch_);
+  AddViewCommands();
+}
+
+void Program::AddViewCommands() {
+  const auto showReception = [this] { ShowReception(); };
+  window_.Menus().AddViewCommand("&Reception ...", QKeySequence("Ctrl+R"), showReception);
+  window_.View().AddEmptyAction("Where is my trap?", showReception);
+  window_.View().AddEmptyAction("Send a test trap", [this] { testTrap_.SendTestTrap(); });
+  QObject::connect(&reception_, &ReceptionWindow::CureWanted, &window_,
+                   [this](const WatchedDatagram& datagram) { ShowCure(datagram); });
+}
+
+void Program::ShowReception() {
+  reception_.show();
+  reception_.raise();
+  reception_.activateWindow();
+}
+
+void Program::ShowCure(const WatchedDatagram& datagram) {
+  SettingsDialog dialog(settings_, messageBox_, fileDialog_, logFile_, &window_);
+  if (datagram.cure == Cure::kDeviceFilter) {
+    dialog.Form().ProposeDeviceFilter(datagram.seen.sender);
+  } else if (datagram.cure == Cure::kCommunityFilter) {
+    dialog.Form().ProposeCommunity(datagram.seen.community);
+  }
+  dialog.exec();
 }
 
 Commands Program::OtherCommands() {

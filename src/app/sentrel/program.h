@@ -25,6 +25,7 @@
 #include "desktop/help/help_browser.h"
 #include "desktop/help/help_key.h"
 #include "desktop/help/tip_window.h"
+#include "desktop/reception/reception_window.h"
 #include "desktop/services/desktop_application.h"
 #include "desktop/services/desktop_clipboard.h"
 #include "desktop/services/desktop_files.h"
@@ -40,6 +41,7 @@
 #include "export/trap_export.h"
 #include "mib/library.h"
 #include "program_file/elf_version_reader.h"
+#include "reception/watch.h"
 #include "sending/test_trap.h"
 #include "settings/settings.h"
 #include "shell/about_box.h"
@@ -81,6 +83,10 @@ class Program {
  private:
   bool AdoptMibs();
   void ShowSendForm(const TrapObject& trap);
+  void ShowReception();
+  /// Opens the settings where a person can let the datagram in.
+  void ShowCure(const WatchedDatagram& datagram);
+  void AddViewCommands();
   /// What the tools run beyond the main window's own commands.
   Commands OtherCommands();
 
@@ -114,6 +120,8 @@ class Program {
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;
+  Watch watch_;
+  ReceptionWindow reception_;
   PauseAndRaw pauseAndRaw_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;

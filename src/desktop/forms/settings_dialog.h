@@ -15,6 +15,8 @@ class SettingsDialog : public QDialog, private SettingsView {
   SettingsDialog(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
                  const LogFile& logFile, QWidget* owner);
 
+  SettingsForm& Form() { return form_; }
+
   /// However the dialog is closed without OK.
   void reject() override { form_.cmdCancel_Click(); }
 

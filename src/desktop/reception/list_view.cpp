@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "common/visible_text.h"
 
@@ -26,12 +27,21 @@ ListView::ListView(const char* name, const QString& accessibleName, const QStrin
   horizontalHeader()->setStretchLastSection(true);
 }
 
+void ListView::AlignRight(int col) {
+  rightAligned_.push_back(col);
+  horizontalHeaderItem(col)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
 void ListView::SetTexts(int row, const std::vector<std::string>& texts) {
   for (int col = 0; col < columnCount(); ++col) {
     const QString text =
         QString::fromStdString(VisibleText(texts[static_cast<std::size_t>(col)])).simplified();
     QTableWidgetItem* cell = item(row, col);
-    if (cell == nullptr) setItem(row, col, cell = new QTableWidgetItem);
+    if (cell == nullptr) {
+      setItem(row, col, cell = new QTableWidgetItem);
+      const bool isRight = std::ranges::find(rightAligned_, col) != rightAligned_.end();
+      cell->setTextAlignment((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
     if (cell->text() == text) continue;
     cell->setText(text);
     cell->setToolTip(text.toHtmlEscaped());

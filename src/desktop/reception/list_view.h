@@ -14,6 +14,8 @@ class ListView : public QTableWidget {
   /// The last column takes the room that is left.
   ListView(const char* name, const QString& accessibleName, const QStringList& titles);
 
+  /// As columns of numbers are.
+  void AlignRight(int col);
   /// Puts one text into each column of a row, which must exist.
   void SetTexts(int row, const std::vector<std::string>& texts);
   /// Adds a row on top; a view that is not at its top goes on showing the same rows.
@@ -22,6 +24,9 @@ class ListView : public QTableWidget {
   void AddAtEnd(const std::vector<std::string>& texts);
   /// -1 where no row is selected.
   int SelectedRow() const;
+
+ private:
+  std::vector<int> rightAligned_;
 };
 
 }  // namespace sentrel

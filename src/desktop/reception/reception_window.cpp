@@ -58,8 +58,6 @@ const char* CureText(Cure cure) {
   switch (cure) {
     case Cure::kNone:
       break;
-    case Cure::kResume:
-      return "Resume ...";
     case Cure::kDeviceFilter:
       return "Device filters ...";
     case Cure::kCommunityFilter:
@@ -93,7 +91,7 @@ ReceptionWindow::ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, QWidge
   layout->addWidget(tabs);
   layout->addWidget(buttons);
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-  resize(QSize(820, 560).boundedTo(screen()->availableSize()));
+  resize(QSize(900, 560).boundedTo(screen()->availableSize()));
   timer_.setInterval(kRefresh);
   connect(&timer_, &QTimer::timeout, this, &ReceptionWindow::Refresh);
 }
@@ -103,6 +101,7 @@ QWidget* ReceptionWindow::MakeReasonsPage() {
                               {"What became of a datagram", "Count", "A second", "Last", "From"});
   SetWidths(*reasonsList_, {"Wrong passphrase or algorithm", "1000000000", "100000",
                             "2026-11-23 22:22:22.222", ""});
+  for (const int col : {1, 2}) reasonsList_->AlignRight(col);
   remedy_ = PlainLabel("Remedy");
   remedy_->setMinimumHeight(3 * fontMetrics().lineSpacing());
   remedy_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
@@ -113,8 +112,8 @@ QWidget* ReceptionWindow::MakeReasonsPage() {
 QWidget* ReceptionWindow::MakeRefusedPage() {
   refusedList_ = new ListView("RefusedTraps", "Refused traps",
                               {"Time", "Sender", "Version", "Community or user", "Reason"});
-  SetWidths(*refusedList_, {"2026-11-23 22:22:22.222", "255.255.255.255",
-                            "SNMPv3, signed and encrypted", "community", ""});
+  SetWidths(*refusedList_,
+            {"22:22:22.222", "255.255.255.255", "v3 noAuthNoPriv", "Community or user", ""});
   auto* label = PlainLabel("RefusedLabel");
   label->setText(
       "The last 500 datagrams that the listener refused, the newest first. They are in memory "
@@ -195,7 +194,7 @@ void ReceptionWindow::RefreshRefused() {
   while (added != refused.end() && (isFirst || !IsSame(*added, shownRefused_.front()))) ++added;
   for (auto seen = added; seen != refused.begin();) {
     --seen;
-    refusedList_->AddOnTop({TimeText(seen->arrival), seen->sender, VersionText(*seen),
+    refusedList_->AddOnTop({TimeOfDayText(seen->arrival), seen->sender, VersionText(*seen),
                             seen->community, RefusalText(*seen)});
   }
   refusedList_->setRowCount(static_cast<int>(refused.size()));
@@ -211,7 +210,7 @@ void ReceptionWindow::RefreshWatch() {
   const auto& seen = watch_.Seen();
   for (auto row = static_cast<std::size_t>(watchList_->rowCount()); row < seen.size(); ++row) {
     const WatchedDatagram& datagram = seen[row];
-    watchList_->AddAtEnd({TimeText(datagram.seen.arrival), datagram.seen.sender,
+    watchList_->AddAtEnd({TimeOfDayText(datagram.seen.arrival), datagram.seen.sender,
                           VersionText(datagram.seen), datagram.seen.community,
                           datagram.notification, datagram.verdict});
   }

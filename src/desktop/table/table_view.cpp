@@ -1,8 +1,10 @@
 #include "desktop/table/table_view.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -16,6 +18,8 @@ namespace {
 constexpr int kDragScrollMilliseconds = 30;
 /// Blank pixels at either side of the text of an empty table.
 constexpr int kEmptyMargin = 12;
+/// From the middle of that text to what is below it.
+constexpr int kLinesOfEmptyText = 2;
 
 QFont TableFont() {
   QFont font;
@@ -50,7 +54,9 @@ TableView::TableView(Table& table, QWidget* parent)
       header_(new QHeaderView(Qt::Horizontal, this)),
       layouts_(table),
       scroller_([this](int row) { return layouts_.Height(row); }),
-      pacer_([this] { RunFrame(); }) {
+      pacer_([this] { RunFrame(); }),
+      emptyActions_(new QWidget(viewport())) {
+  new QHBoxLayout(emptyActions_);
   InstallTableAccessibility();
   setObjectName("Table");
   setAccessibleName(tr("SNMP traps"));
@@ -94,6 +100,7 @@ void TableView::RunFrame() {
   SyncColumns();
   SyncScrollBars();
   SyncDescription();
+  SyncEmptyActions();
   viewport()->update();
 }
 
@@ -155,6 +162,22 @@ void TableView::SyncScrollBars() {
 void TableView::SyncDescription() {
   setAccessibleDescription(table_.Rows() == 1 ? QString::fromStdString(table_.EmptyText())
                                               : QString());
+}
+
+void TableView::AddEmptyAction(const QString& caption, std::function<void()> run) {
+  auto* button = new QPushButton(caption);
+  button->setAutoDefault(false);
+  connect(button, &QPushButton::clicked, this, std::move(run), Qt::QueuedConnection);
+  emptyActions_->layout()->addWidget(button);
+  SyncEmptyActions();
+}
+
+void TableView::SyncEmptyActions() {
+  emptyActions_->setVisible(table_.Rows() == 1 && emptyActions_->layout()->count() > 0);
+  const QSize size = emptyActions_->sizeHint();
+  const QPoint middle = viewport()->rect().center();
+  const int below = kLinesOfEmptyText * fontMetrics().lineSpacing();
+  emptyActions_->setGeometry({{middle.x() - size.width() / 2, middle.y() + below}, size});
 }
 
 QRect TableView::CellRect(int row, int col) {

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTimer>
+#include <functional>
 
 #include "controls/table.h"
 #include "desktop/table/frame_pacer.h"
@@ -29,6 +30,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
 
   const Table& Content() const { return table_; }
   QHeaderView* Header() const { return header_; }
+  /// Adds a button below the text of the empty table.
+  void AddEmptyAction(const QString& caption, std::function<void()> run);
   /// Where a cell is in the viewport; a rectangle outside it for a row that is not seen.
   QRect CellRect(int row, int col);
   /// The data row at a height of the viewport, the nearest where there is none; 0 without rows.
@@ -64,6 +67,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void SyncColumns();
   void SyncScrollBars();
   void SyncDescription();
+  void SyncEmptyActions();
   /// Has the view painted in the next turn of the event loop. What the user does asks for it
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
@@ -86,6 +90,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   RowScroller scroller_;
   FramePacer pacer_;
   QTimer dragScroll_;
+  /// Holds the buttons of the empty table.
+  QWidget* emptyActions_;
   bool syncing_ = false;
 };
 

@@ -23,6 +23,7 @@ class TrapWindow : public QMainWindow, public MainWindow {
   void SetEvents(MainWindowEvents& events) { events_ = &events; }
 
   MenusAndToolbar& Menus() { return *tools_; }
+  TableView& View() { return *view_; }
 
   void SetCaption(const std::string& caption) override;
   void SetHelpContext(int number) override;
