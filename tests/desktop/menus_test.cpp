@@ -36,7 +36,9 @@ std::vector<std::string> Planned(std::string_view name) {
 
 TEST_F(Menus, EachOpensByItsAccessLetterAndNothingHasAShortcut) {
   Show();
-  EXPECT_EQ(Entries(*window.menuBar()), Planned("MenuBar"));
+  std::vector<std::string> menuBar = Planned("MenuBar");
+  menuBar.insert(menuBar.begin() + 2, "ViewMenu");
+  EXPECT_EQ(Entries(*window.menuBar()), menuBar);
   const std::pair<Qt::Key, const char*> menus[] = {{Qt::Key_F, "Menu:File"},
                                                    {Qt::Key_E, "Menu:EditMenu"},
                                                    {Qt::Key_T, "Menu:TrapsMenu"},

@@ -126,8 +126,8 @@ QWidget* ReceptionWindow::MakeWatchPage() {
   watchList_ = new ListView(
       "Watch", "Watch",
       {"Time", "Sender", "Version", "Community or user", "Notification", "What becomes of it"});
-  SetWidths(*watchList_, {"2026-11-23 22:22:22.222", "255.255.255.255", "SNMPv2c ....", "community",
-                          "ciscoConfigManEvent", ""});
+  SetWidths(*watchList_, {"22:22:22.222", "255.255.255.255", "v3 noAuthNoPriv", "Community or user",
+                          "authenticationFailure", ""});
   watchState_ = PlainLabel("WatchState");
   startOrStop_ = new QPushButton;
   startOrStop_->setObjectName("StartOrStop");

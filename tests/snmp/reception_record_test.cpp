@@ -1,0 +1,96 @@
+#include "snmp/reception_record.h"
+
+#include <gmock/gmock.h>
+
+#include "encoded_message.h"
+#include "fakes/notification.h"
+#include "listener_fixture.h"
+
+namespace sentrel::test {
+namespace {
+
+using namespace std::string_literals;
+
+class ReceptionMonitorTest : public ListenerTest {
+ protected:
+  std::vector<SeenDatagram> Watched(std::size_t count) {
+    std::vector<SeenDatagram> all;
+    EXPECT_TRUE(WaitUntil([&] {
+      for (SeenDatagram& seen : Listener().TakeWatched()) all.push_back(std::move(seen));
+      return all.size() >= count;
+    }));
+    return all;
+  }
+};
+
+TEST_F(ReceptionMonitorTest, TellsWhatCouldBeReadOfRefusedDatagramsTheNewestFirst) {
+  Start();
+  const std::pair<std::string, Outcome> sent[] = {
+      {"<13>text", Outcome::kNotSnmp},
+      {"\x30\x50xyz", Outcome::kTruncated},
+      {Message(1, Pdu(0xA0, "")), Outcome::kUnsupportedPdu},
+      {ReadFile(CORPUS "/v3-discovery"), Outcome::kUnknownEngine}};
+  for (const auto& [datagram, outcome] : sent) ExpectOutcome(datagram, outcome);
+  const auto refused = Listener().Refused();
+  ASSERT_EQ(refused.size(), 4U);
+  const char* hints[] = {"A sender of informs asks", "", "5 octets came", "It looks like a syslog"};
+  for (std::size_t i = 0; i < refused.size(); ++i) {
+    EXPECT_EQ(refused[i].outcome, sent[3 - i].second);
+    EXPECT_EQ(refused[i].sender, "127.0.0.1");
+    EXPECT_THAT(refused[i].hint, testing::StartsWith(hints[i]));
+  }
+  EXPECT_EQ(refused[0].version, 3);
+  EXPECT_EQ(refused[0].level, SecurityLevel::kNoAuthNoPriv);
+  EXPECT_EQ(refused[1].version, 2);
+  EXPECT_EQ(refused[1].community, "public");
+  EXPECT_EQ(Listener().LastOf(Outcome::kNotSnmp)->sender, "127.0.0.1");
+  EXPECT_FALSE(Listener().LastOf(Outcome::kWrongDigest));
+  EXPECT_THAT(Listener().TakeWatched(), testing::IsEmpty());
+}
+
+TEST_F(ReceptionMonitorTest, WatchSeesAcceptedOnesTooWithTheirNotificationAlsoWhereItIsEncrypted) {
+  Start("createUser -e 0x8000000001020304 al SHA auth-pass-phrase AES priv-pass-phrase\n");
+  const auto send = [this] {
+    EXPECT_EQ(
+        Send(SNMPTRAP, {"-v1", "-c", "c", "HOST", "1.3.6.1.4.1.9", "127.0.0.1", "6", "5", ""}), 0);
+    EXPECT_EQ(Send(SNMPTRAP, {"-v3", "-e", "0x8000000001020304", "-u", "al", "-l", "authPriv", "-a",
+                              "SHA", "-A", "auth-pass-phrase", "-x", "AES", "-X",
+                              "priv-pass-phrase", "HOST", "", "1.3.6.1.6.3.1.1.5.4"}),
+              0);
+  };
+  Listener().SetWatching(true);
+  send();
+  const auto seen = Watched(2);
+  EXPECT_EQ(seen[0].version, 1);
+  EXPECT_EQ(seen[0].community, "c");
+  EXPECT_EQ(seen[0].notification, "1.3.6.1.4.1.9.0.5");
+  EXPECT_EQ(seen[1].community, "al");
+  EXPECT_EQ(seen[1].level, SecurityLevel::kAuthPriv);
+  EXPECT_EQ(seen[1].engine, "\x80\0\0\0\1\2\3\4"s);
+  EXPECT_EQ(seen[1].notification, "1.3.6.1.6.3.1.1.5.4");
+  Listener().SetWatching(false);
+  send();
+  EXPECT_TRUE(WaitForTraps(4));
+  EXPECT_THAT(Listener().TakeWatched(), testing::IsEmpty());
+  EXPECT_THAT(Listener().Refused(), testing::IsEmpty());
+  EXPECT_TRUE(Listener().LastOf(Outcome::kAccepted));
+}
+
+TEST(ReceptionRecord, AFloodIsRememberedInSamplesAndInBoundedMemory) {
+  ReceptionRecord record;
+  const std::string bytes = "x";
+  for (std::uint32_t i = 0; i < 100'000; ++i) {
+    const Datagram datagram{ber::BytesOf(bytes), PeerOf(i, 162)};
+    record.Note(datagram, Outcome::kNotSnmp, "", nullptr);
+  }
+  EXPECT_EQ(record.Refused().size(), ReceptionMonitor::kMostRefused);
+  EXPECT_EQ(record.LastOf(Outcome::kNotSnmp)->sender, "0.1.134.159") << "is exact all the same";
+  record.SetWatching(true);
+  for (std::size_t i = 0; i < ReceptionRecord::kMostWatched + 10; ++i) {
+    record.Note({ber::BytesOf(bytes), PeerOf(1, 1)}, Outcome::kAccepted, "", nullptr);
+  }
+  EXPECT_EQ(record.TakeWatched().size(), ReceptionRecord::kMostWatched);
+}
+
+}  // namespace
+}  // namespace sentrel::test
