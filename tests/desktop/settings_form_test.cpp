@@ -247,29 +247,6 @@ TEST_F(SettingsDialogTest, LinesAreRemovedByButtonAndByDeleteKey) {
   }
 }
 
-TEST_F(SettingsDialogTest, UntickingLeavesNoLineToRemove) {
-  settings.CommunityStrings()->Add("private");
-  Open(kCommunityFilter);
-  ClickLine("CommunityList", 0);
-  Click("checkCommunity");
-  Click("checkCommunity");
-  EXPECT_THAT(Lines("CommunityList"), ElementsAre("public"));
-  EXPECT_FALSE(Find("cmdDeleteCommunity").isEnabled());
-}
-
-TEST_F(SettingsDialogTest, OKWithoutAFilterShowsWhereOneIsMissing) {
-  Open(kDeviceFilter);
-  Click("checkDeviceFilter");
-  QTest::mouseClick(Tabs().tabBar(), Qt::LeftButton, {},
-                    Tabs().tabBar()->tabRect(kLogging).center());
-  Click("cmdOK");
-  EXPECT_THAT(box.text, testing::StartsWith("You have enabled Device Filtering"));
-  EXPECT_EQ(Tabs().currentIndex(), kDeviceFilter);
-  EXPECT_TRUE(HasFocus("NewDeviceFilter"));
-  EXPECT_TRUE(dialog->isVisible());
-  EXPECT_FALSE(settings.DeviceFilterActive());
-}
-
 TEST_F(SettingsDialogTest, ItsOtherWaysOutChangeNothing) {
   settings.CommunityStrings()->Add("private");
   const std::function<void()> waysOut[] = {
