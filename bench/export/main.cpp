@@ -9,7 +9,7 @@
 #include <functional>
 
 #include "common/atomic_file.h"
-#include "desktop/export/print.h"
+#include "desktop/export/pdf_file.h"
 #include "desktop/export/table_pages.h"
 #include "documents/file_formats.h"
 
@@ -79,8 +79,9 @@ void RegisterAll() {
   benchmark::RegisterBenchmark("PDF", [](benchmark::State& state) {
     Measure(state, kPdfBound, [](const TableContent& content) {
       NoProgress progress;
-      TablePages pages(content);
-      return PdfFile(pages, {"SNMP Traps", "Sentrel", false, ""}, progress).toStdString();
+      const QPageLayout paper(QPageSize(QPageSize::A4), QPageLayout::Portrait, {15, 15, 15, 15},
+                              QPageLayout::Millimeter);
+      return PdfFile(TablePages(content, paper, progress), {}, {"SNMP Traps", "Sentrel"}, progress);
     });
   })->Unit(benchmark::kMillisecond);
 }

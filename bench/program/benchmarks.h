@@ -17,6 +17,9 @@ int RunBurst();
 int RunResponse();
 /// The longest that painting a new row holds up the window, for ordinary and for hostile traps.
 int RunPainting();
+/// The table's view against the toolkit's own on the same rows: a storm, a single trap, scrolling,
+/// rows taller than the window, memory, and rows made that nobody looked at.
+int RunViews();
 /// Processor time a trap as bindings, filters and distinct OIDs grow, and memory as traps do.
 int RunGrowth();
 /// From the start of the process to listening, against a bare window of the same toolkit.

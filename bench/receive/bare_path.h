@@ -16,7 +16,7 @@ namespace sentrel::bench {
 /// that only takes the traps off it.
 class BarePath {
  public:
-  /// With these lines in sentrel.conf, and a socket's buffer of so many bytes.
+  /// With these lines in sentrel.conf, and a socket buffer of this many bytes.
   explicit BarePath(const std::string& configuration = "",
                     int receiveBuffer = ListenerOptions().receiveBuffer);
   ~BarePath();

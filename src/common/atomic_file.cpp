@@ -17,6 +17,7 @@ namespace sentrel {
 namespace {
 
 constexpr mode_t kAnyoneWrites = 0222;
+constexpr mode_t kAnyoneExecutes = 0111;
 
 [[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
   throw Failure(fmt::format("Cannot write the file {}: {}.", path, reason));
@@ -29,6 +30,7 @@ void Check(bool succeeded, const std::string& path) {
 mode_t ModeFor(const std::string& path, mode_t newFileMode) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) {
+    Check(errno == ENOENT, path);
     const mode_t mask = umask(0);
     umask(mask);
     return newFileMode & ~mask;
@@ -37,7 +39,7 @@ mode_t ModeFor(const std::string& path, mode_t newFileMode) {
   if (!S_ISREG(status.st_mode)) Refuse(path, "it is not a file");
   if ((status.st_mode & kAnyoneWrites) == 0) Refuse(path, "it is write-protected");
   Check(access(path.c_str(), W_OK) == 0, path);
-  return status.st_mode & 07777;
+  return status.st_mode & (newFileMode | kAnyoneExecutes);
 }
 
 /// A link is followed, so that it goes on pointing to the file.
@@ -49,6 +51,7 @@ std::string FileBehind(const std::string& path) {
 
 int OpenDraft(std::string& name, const std::string& target) {
   const int descriptor = mkostemp(name.data(), O_CLOEXEC);
+  if (descriptor < 0 && errno == ENOENT) Refuse(target, "there is no such folder");
   Check(descriptor >= 0, target);
   return descriptor;
 }

@@ -11,19 +11,20 @@ namespace sentrel {
 
 /// A file that is written whole or not at all: the bytes go to a draft beside it, which takes its
 /// place. A reader finds either the old file or the whole new one, whatever happens meanwhile.
-/// Replaces a file, keeping its permissions, and writes through a symbolic link. Belongs to one
-/// thread.
+/// Writes through a symbolic link. Belongs to one thread.
 class AtomicFile {
  public:
   /// What the bytes are safe from when Write returns.
   enum class SafeFrom {
     PowerCut,
-    /// For what can be made anew: to wait for the disk would take too long.
+    /// For a file that can be made again: waiting for the disk would take too long.
     Crash,
   };
 
-  /// Refuses a write-protected file, a folder and a device. A file that was not there gets
-  /// `newFileMode`, less what the process masks. Throws Failure with the reason.
+  /// Refuses a write-protected file, a folder, a device, and a place where no file can be made. A
+  /// file that was not there gets `newFileMode`, less what the process masks; one that was keeps
+  /// its permissions, but nobody may read or write it who could not a new one. Throws Failure with
+  /// the reason.
   explicit AtomicFile(const std::string& path, mode_t newFileMode = 0666);
   /// Leaves nothing behind but what Write has completed.
   ~AtomicFile();

@@ -15,7 +15,7 @@ struct LocalTime {
   int second = 0;
 };
 
-/// The words of the system's language that stand in dates and times. The defaults are English.
+/// The words of the system's language for dates and times. The defaults are English.
 struct LocaleTexts {
   /// Short month names, January first, without a closing dot.
   std::array<std::string, 12> months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -23,7 +23,7 @@ struct LocaleTexts {
   /// Designators of the 12-hour clock; empty in a language that has none.
   std::string am = "AM";
   std::string pm = "PM";
-  /// Full month names, January first, as they stand without a day.
+  /// Full month names, January first, in the form used without a day.
   std::array<std::string, 12> fullMonths = {"January",   "February", "March",    "April",
                                             "May",       "June",     "July",     "August",
                                             "September", "October",  "November", "December"};

@@ -10,7 +10,7 @@
 namespace sentrel {
 
 /// The four parts of an IPv4 address in dotted decimal, in network order; nothing for any other
-/// text. Zeros in front of a part mean nothing.
+/// text. Leading zeros of a part mean nothing.
 std::optional<std::array<std::uint8_t, 4>> DottedQuad(std::string_view text);
 
 /// The other way round.

@@ -84,7 +84,7 @@ bool AreWords(std::u32string_view text) {
   return true;
 }
 
-/// Whether octets beyond ASCII stand together in a way that words do not have.
+/// Whether octets beyond ASCII are next to each other in a way that no word has.
 bool HasClusters(std::u32string_view text) {
   size_t run = 0;
   for (size_t i = 0; i < text.size(); ++i) {

@@ -25,7 +25,7 @@ bool IsPrintableAscii(std::string_view text);
 /// last line end is a line too.
 std::vector<std::string_view> SplitLines(std::string_view text);
 
-/// Whether nothing but white space stands in the UTF-8 text, or nothing at all.
+/// Whether the UTF-8 text is empty or holds nothing but white space.
 bool IsBlank(std::string_view text);
 
 /// Replaces every occurrence of `from` (not empty), left to right.

@@ -32,7 +32,8 @@ inline Utf8Character FirstCharacter(std::string_view text) {
   return {code, length};
 }
 
-/// Whether the character may stand in a text: any but control characters other than TAB, CR and LF.
+/// Whether the character may be part of a text: any but control characters other than TAB, CR and
+/// LF.
 constexpr bool IsPrintable(char32_t code) {
   if (code < 0x20) return code == '\t' || code == '\r' || code == '\n';
   return code < 0x7F || code > 0x9F;

@@ -18,7 +18,7 @@ namespace sentrel {
 /// and the Mongolian selectors behind a Mongolian letter. Flags made of tags do not.
 std::string VisibleText(std::string text);
 
-/// The same for a JSON document: what cannot be seen stands as "\u202E", and nothing else is
+/// The same for a JSON document: what cannot be seen becomes "\u202E", and nothing else is
 /// changed, so that the document says what it said.
 std::string VisibleJson(std::string_view document);
 

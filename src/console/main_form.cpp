@@ -25,12 +25,12 @@ constexpr std::uint32_t kRuleColor = 0x6464FF;
 }  // namespace
 
 MainForm::MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox,
-                   Toggles& toggles, ToolbarLayout& layout)
+                   PauseAndRaw& pauseAndRaw, ToolbarLayout& layout)
     : window_(window),
       table_(table),
       snmp_(snmp),
       messageBox_(messageBox),
-      toggles_(toggles),
+      pauseAndRaw_(pauseAndRaw),
       layout_(layout) {}
 
 void MainForm::Show() {
@@ -43,7 +43,8 @@ void MainForm::Form_Load() {
   window_.SetHelpContext(kHelpContext);
   layout_.LoadToolbarLayout();
   SetupTable();
-  toggles_.UpdateRawTool();
+  pauseAndRaw_.UpdateRawTool();
+  pauseAndRaw_.UpdateEmptyTable();
   if (snmp_.StartListening() <= 0) return;
   TellThatReceptionFailed();
   window_.Unload();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console/toggles.h"
+#include "console/pause_and_raw.h"
 #include "console/toolbar_layout.h"
 #include "controls/table.h"
 #include "platform/main_window.h"
@@ -12,11 +12,12 @@ namespace sentrel {
 /// The help page that every window of the program opens with the help key.
 inline constexpr int kHelpContext = 9100;
 
-/// The main window's logic: load, layout of the table, shut-down.
+/// The main window's logic: load, layout of the table, shut-down. Used on the event loop only; all
+/// that it is given must outlive it.
 class MainForm : public MainWindowEvents {
  public:
-  MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox, Toggles& toggles,
-           ToolbarLayout& layout);
+  MainForm(MainWindow& window, Table& table, SNMP& snmp, MessageBox& messageBox,
+           PauseAndRaw& pauseAndRaw, ToolbarLayout& layout);
 
   /// Loads the window and shows it. Throws Failure when traps cannot be received; the user has been
   /// told by then and the window is unloaded.
@@ -36,7 +37,7 @@ class MainForm : public MainWindowEvents {
   Table& table_;
   SNMP& snmp_;
   MessageBox& messageBox_;
-  Toggles& toggles_;
+  PauseAndRaw& pauseAndRaw_;
   ToolbarLayout& layout_;
 };
 

@@ -6,7 +6,8 @@
 
 namespace sentrel {
 
-/// What people read of OIDs and values when they are not shown raw.
+/// What people read of OIDs and values when they are not shown raw. Used on the event loop only;
+/// the decoder must outlive it.
 class OidLookup {
  public:
   explicit OidLookup(Decoder& decoder) : decoder_(decoder) {}

@@ -14,6 +14,8 @@ namespace sentrel {
 namespace {
 
 constexpr int kNewest = 1;
+constexpr int kSameRow = 0;
+constexpr int kOneRowDown = 1;
 
 /// Painting is off as long as this lives.
 class PaintingPause {
@@ -43,12 +45,12 @@ RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow&
 void RowBuilder::AddTrap(const ArrivedTrap& trap) {
   const PaintingPause pause(table_);
   const bool raw = settings_.Raw();
-  selection_.KeepTableSelection(1, false);
+  selection_.KeepTableSelection(kOneRowDown, Restore::No);
   if (settings_.LoggingEnabled()) Log(trap, raw);
   table_.AddItem([this, trap, arrival = clock_.Now(), raw] { return Content(trap, arrival, raw); },
                  kNewest);
   while (table_.Rows() > kMostTraps + 1) table_.RemoveItem(table_.Rows() - 1);
-  selection_.KeepTableSelection(0, true);
+  selection_.KeepTableSelection(kSameRow, Restore::Yes);
 }
 
 void RowBuilder::Log(const ArrivedTrap& trap, bool raw) {

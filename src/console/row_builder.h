@@ -14,7 +14,8 @@ namespace sentrel {
 /// The table holds this many traps at most; the oldest goes first.
 inline constexpr int kMostTraps = 999;
 
-/// Turns an accepted trap into the newest row of the table.
+/// Turns an accepted trap into the newest row of the table, which never holds more than kMostTraps.
+/// Used on the event loop only.
 class RowBuilder {
  public:
   /// All of these must outlive the builder, and the builder must outlive the use of the table.

@@ -10,8 +10,8 @@ namespace sentrel {
 /// The trap as one undecoded text, which the table keeps with its row:
 /// SOURCEIP=address::COMMUNITY=community, then ::OID=type=value for each binding in order.
 ///
-/// So that any text survives, a backslash stands before a backslash, and before each ":" that
-/// touches another ":" or an end of its text. Ordinary texts stand as they are.
+/// So that any text survives, a backslash is put before each backslash, and before each ":" that
+/// touches another ":" or an end of its text. Ordinary texts are kept as they are.
 std::string RowRecord(const Trap& trap);
 
 /// The trap that a row record was made of. Throws Failure where the text is none.

@@ -19,7 +19,7 @@ void SavedTrapCommand::Save(const std::string& record) {
                                   .filter = "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*",
                                   .fileName = "",
                                   .promptBeforeOverwrite = true,
-                                  .refuseReadOnly = true});
+                                  .refuseUnwritable = true});
   if (!fileName) return;
   TrapObject object;
   object.SetStationText1(snmp_.LocalText1());

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "common/html_text.h"
 #include "common/text.h"
 
 namespace sentrel {
@@ -12,10 +13,7 @@ constexpr std::string_view kCell = R"(<td style="mso-number-format:'\@'">)";
 constexpr std::string_view kBreak = R"(<br style="mso-data-placement:same-cell">)";
 
 std::string CellHtml(const std::string& text) {
-  std::string html = ReplaceAll(text, "&", "&amp;");
-  html = ReplaceAll(html, "<", "&lt;");
-  html = ReplaceAll(html, ">", "&gt;");
-  html = ReplaceAll(html, kCrLf, "\n");
+  std::string html = ReplaceAll(HtmlText(text), kCrLf, "\n");
   html = ReplaceAll(html, "\r", "\n");
   return ReplaceAll(html, "\n", kBreak);
 }

@@ -4,8 +4,8 @@
 
 namespace sentrel {
 
-void SelectionKeeper::KeepTableSelection(int offset, bool restore) {
-  if (!restore) {
+void SelectionKeeper::KeepTableSelection(int offset, Restore restore) {
+  if (restore == Restore::No) {
     saved_ = {table_.Row() + offset, table_.RowSel() + offset, table_.Col(), table_.ColSel()};
     return;
   }

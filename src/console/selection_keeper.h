@@ -4,15 +4,18 @@
 
 namespace sentrel {
 
-/// Keeps the selection of the table on the same traps while rows are inserted above them.
+enum class Restore { No, Yes };
+
+/// Keeps the selection of the table on the same traps while rows are inserted above them. Used on
+/// the event loop only; the table must outlive it.
 class SelectionKeeper {
  public:
   explicit SelectionKeeper(Table& table) : table_(table) {}
 
-  /// With `restore` false remembers the selection, its rows moved down by `offset`; with `restore`
-  /// true puts the remembered one back. A row that is gone by then leaves the table's own value in
-  /// force.
-  void KeepTableSelection(int offset, bool restore);
+  /// Without `restore`, remembers the selection, its rows moved down by `offset`. With it, puts the
+  /// remembered one back and ignores the offset; a row that is gone by then leaves the table's own
+  /// value in force.
+  void KeepTableSelection(int offset, Restore restore);
 
  private:
   struct Selection {

@@ -6,11 +6,6 @@
 #include "console/selection_html.h"
 
 namespace sentrel {
-namespace {
-
-constexpr int kRightButton = 2;
-
-}  // namespace
 
 TableCommands::TableCommands(Table& table, Clipboard& clipboard, ToolBars& toolBars)
     : table_(table), clipboard_(clipboard), toolBars_(toolBars) {}

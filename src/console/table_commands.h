@@ -9,7 +9,8 @@
 
 namespace sentrel {
 
-/// The commands that work on the selected rows of the table.
+/// The commands that work on the selected rows of the table. Used on the event loop only; all that
+/// it is given must outlive it.
 class TableCommands : public TableEvents {
  public:
   TableCommands(Table& table, Clipboard& clipboard, ToolBars& toolBars);

@@ -17,8 +17,8 @@ void RunNamed(const Routes& routes, std::string_view name) {
 }  // namespace
 
 ToolDispatch::ToolDispatch(MainWindow& window, MainForm& mainForm, TableCommands& tableCommands,
-                           Toggles& toggles, ToolBars& toolBars, Commands commands)
-    : toggles_(toggles), commands_(std::move(commands)) {
+                           PauseAndRaw& pauseAndRaw, ToolBars& toolBars, Commands commands)
+    : pauseAndRaw_(pauseAndRaw), commands_(std::move(commands)) {
   mainTools_ = {
       {"EXPORT", [&toolBars] { toolBars.PopupMenu(toolBars.Tools("Menu:ExportMenu")); }},
       {"PRINT", commands_.PrintTraps},
@@ -31,9 +31,9 @@ ToolDispatch::ToolDispatch(MainWindow& window, MainForm& mainForm, TableCommands
       {"CUT", [&tableCommands] { tableCommands.CutTraps(); }},
       {"DELETE", [&tableCommands] { tableCommands.DeleteTraps(); }},
       {"SELECTALL", [&tableCommands] { tableCommands.SelectAllTraps(); }},
-      {"RAW", [&toggles] { toggles.ToggleRaw(); }},
+      {"RAW", [&pauseAndRaw] { pauseAndRaw.ToggleRaw(); }},
       {"CLEAR", [&mainForm] { mainForm.SetupTable(); }},
-      {"PAUSE", [&toggles] { toggles.TogglePause(); }},
+      {"PAUSE", [&pauseAndRaw] { pauseAndRaw.TogglePause(); }},
       {"SAVETRAP", commands_.SaveSelectedTrap},
       {"SENDTESTTRAP", commands_.SendTestTrap},
   };
@@ -46,7 +46,7 @@ ToolDispatch::ToolDispatch(MainWindow& window, MainForm& mainForm, TableCommands
 }
 
 void ToolDispatch::ToolBars_ToolClick(const Tool& tool) {
-  if (toggles_.UpdatingTools()) return;
+  if (pauseAndRaw_.UpdatingTools()) return;
   Attempt([&] { Run(Split(tool.Id(), ":")); });
 }
 
@@ -78,7 +78,8 @@ void ToolDispatch::RunHelpTool(const Pieces& pieces) {
 
 void ToolDispatch::ShowSettings() {
   if (commands_.ShowSettingsForm) Attempt(commands_.ShowSettingsForm);
-  toggles_.UpdateRawTool();
+  pauseAndRaw_.UpdateRawTool();
+  pauseAndRaw_.UpdateEmptyTable();
 }
 
 }  // namespace sentrel

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "console/main_form.h"
+#include "console/pause_and_raw.h"
 #include "console/table_commands.h"
-#include "console/toggles.h"
 #include "controls/tool_bars.h"
 #include "platform/main_window.h"
 
@@ -31,10 +31,11 @@ struct Commands {
 };
 
 /// Routes a chosen tool, by category and name, to what it runs. A command that throws ends quietly.
+/// Used on the event loop only; all that it is given must outlive it.
 class ToolDispatch : public ToolBarsEvents {
  public:
   ToolDispatch(MainWindow& window, MainForm& mainForm, TableCommands& tableCommands,
-               Toggles& toggles, ToolBars& toolBars, Commands commands);
+               PauseAndRaw& pauseAndRaw, ToolBars& toolBars, Commands commands);
 
   /// Drops what comes while the program itself writes a State.
   void ToolBars_ToolClick(const Tool& tool) override;
@@ -51,7 +52,7 @@ class ToolDispatch : public ToolBarsEvents {
   void RunHelpTool(const Pieces& pieces);
   void ShowSettings();
 
-  Toggles& toggles_;
+  PauseAndRaw& pauseAndRaw_;
   Commands commands_;
   Routes mainTools_;
   Routes editTools_;

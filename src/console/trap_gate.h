@@ -8,7 +8,9 @@
 
 namespace sentrel {
 
-/// Decides which traps become rows. A refused trap leaves no trace.
+/// Decides which traps become rows: none while receiving is paused, and only those that pass the
+/// device filter and the community filter. A refused trap leaves no trace. Used on the event loop
+/// only.
 class TrapGate : public TrapObserver {
  public:
   /// The timer restarts with every accepted trap; 30 seconds without one, and every 30 seconds

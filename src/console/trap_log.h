@@ -9,7 +9,8 @@
 namespace sentrel {
 
 /// Appends accepted traps to the log file that the options name at the moment, made whole as
-/// LogFile::WholePath does.
+/// LogFile::WholePath does. Used on the event loop only: the window waits while an entry is
+/// written.
 class TrapLog {
  public:
   /// All of these must outlive the log.

@@ -13,8 +13,8 @@
 namespace sentrel {
 namespace {
 
-/// As wide as the stamp of a log entry with the blanks behind it: lines of the log stand beneath
-/// the address.
+/// As wide as the stamp of a log entry with the blanks behind it, so that the lines of an entry
+/// begin below its address.
 constexpr std::string_view kIndent = "                  ";
 
 /// Wider than that: no line of a binding but its first can be taken for a binding, or for an entry.
@@ -31,7 +31,7 @@ std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup
   return text;
 }
 
-/// Of an OCTET STRING that stands in hexadecimal.
+/// The text of an OCTET STRING that came in hexadecimal; nothing where it is no text.
 std::optional<std::string> ReadableValue(const Trap& trap, size_t i) {
   if (!std::binary_search(trap.HexOctets.begin(), trap.HexOctets.end(), i)) return std::nullopt;
   const auto octets = FromHex(std::string_view(trap.Values[i]).substr(kHexMark.size()));
@@ -49,7 +49,7 @@ void AppendBinding(const Trap& trap, size_t i, bool raw, OidLookup& lookup, std:
 }
 
 /// Whatever a text ends its lines with, the log's lines begin with blanks that no text can take
-/// away. The text stands at the end of the entry, from `start` on.
+/// away. The text is the end of the entry, from `start` on.
 void IndentFurtherLines(size_t start, std::string& entry) {
   if (IsPrintableAscii(std::string_view(entry).substr(start))) return;
   const std::string text = entry.substr(start);

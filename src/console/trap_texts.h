@@ -18,9 +18,8 @@ struct TrapTexts {
   std::string SummaryText;
 };
 
-/// Bindings stand raw or decoded; octets that are most likely text (ReadableOctets) as that text.
-/// Never throws for want of names: an enterprise that cannot be
-/// decoded stands raw.
+/// Bindings are shown raw or decoded; octets that are most likely text (ReadableOctets) as that
+/// text. A missing name is no failure: an enterprise that cannot be decoded is shown raw.
 TrapTexts DescribeTrap(const Trap& trap, bool raw, OidLookup& lookup);
 
 /// What the log tells of one trap, in the same manner: the source address, then one line per

@@ -103,6 +103,11 @@ void Table::SetRedraw(int redraw) {
   if (painting_ && std::exchange(changedUnpainted_, false)) Changed();
 }
 
+void Table::SetEmptyText(std::string text) {
+  emptyText_ = std::move(text);
+  Changed();
+}
+
 void Table::SetRowHeight(int row, int height) {
   ContentAt(row).height = height;
   Changed();

@@ -21,12 +21,16 @@ class TableObserver {
   virtual void TableChanged() = 0;
 };
 
+/// Mouse buttons as Table_MouseDown numbers them.
+enum MouseButton { kNoButton = 0, kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
+
 /// Told of what the user does with a Table, on the event loop. Must not throw.
 class TableEvents {
  public:
   virtual ~TableEvents() = default;
-  /// A mouse button was pressed on the table: 1 left, 2 right, 4 middle. `shift` adds 1 for Shift,
-  /// 2 for Ctrl and 4 for Alt; the place is in the table's own units.
+  /// A mouse button (MouseButton) was pressed on the table, titles included. `shift` adds 1 for
+  /// Shift, 2 for Ctrl and 4 for Alt. The place is in pixels from the table's left edge and from
+  /// the lower edge of the titles; on the titles `y` is negative.
   virtual void Table_MouseDown(int button, int shift, int x, int y) = 0;
 };
 
@@ -103,6 +107,10 @@ class Table {
   /// 0 stops painting, anything else starts it again.
   void SetRedraw(int redraw);
 
+  /// What is shown in the place of rows while there are none; UTF-8.
+  const std::string& EmptyText() const { return emptyText_; }
+  void SetEmptyText(std::string text);
+
   int RowHeight(int row) const { return ContentAt(row).height; }
   void SetRowHeight(int row, int height);
   int ColWidth(int col) const { return ColumnAt(col).width; }
@@ -168,6 +176,7 @@ class Table {
   int colSel_ = 0;
   bool wholeRows_ = false;
   std::uint32_t ruleColor_ = 0;
+  std::string emptyText_;
   bool painting_ = true;
   bool changedUnpainted_ = false;
 };

@@ -35,7 +35,7 @@ class ToolBarsView {
   virtual void SetHintTime(std::chrono::milliseconds time) = 0;
 };
 
-/// A command or submenu. It may stand in several places and is one object all the same.
+/// A command or submenu: one object, even where it is shown in several places.
 class Tool {
  public:
   Tool(const ToolDesign& design, ToolBars& owner) : design_(design), owner_(owner) {}

@@ -15,7 +15,7 @@ enum class ToolKind {
 struct ToolDesign {
   /// A category, a colon and a name; both compare without regard to case.
   std::string_view id;
-  /// "&" stands before the access letter.
+  /// "&" is before the access letter.
   std::string_view caption;
   ToolKind kind = ToolKind::Plain;
   /// The heading under which the tool is grouped.
@@ -25,9 +25,9 @@ struct ToolDesign {
 
 /// One place of a menu or band.
 struct ToolPlace {
-  /// Id of the tool that stands there; empty for a separator.
+  /// Id of the tool; empty for a separator.
   std::string_view tool;
-  /// Stands in for the tool's own caption unless empty.
+  /// Takes the place of the tool's own caption unless empty.
   std::string_view caption = "";
 };
 

@@ -17,7 +17,8 @@ class Decoder {
   Decoder(MibLibrary& library, const Settings& settings);
 
   /// The object for exactly this text. Throws Failure where none can be had; the text is then tried
-  /// anew at its next occurrence. An object that is held stays usable after its removal here.
+  /// again at its next occurrence. An object that someone holds stays usable after its removal
+  /// here.
   std::shared_ptr<OIDObject> GetOID(const std::string& SearchOID);
 
   /// Removes all objects at once where they are more than Settings.OIDCacheSize, read at each call.

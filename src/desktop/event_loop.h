@@ -10,7 +10,10 @@
 
 namespace sentrel {
 
-/// Runs a job on the event loop when another thread asks for it.
+/// Runs a job on the event loop when another thread asks for it. Made and destroyed on the event
+/// loop, where the job runs too; only Wake may be called on any thread, and not after destruction
+/// has begun. No call of Wake is lost: the job begins at least once after it. At most one run is
+/// posted at a time, however many threads ask.
 class Wakeup : public QObject {
   Q_OBJECT
  public:
@@ -38,7 +41,7 @@ class Wakeup : public QObject {
 };
 
 /// Runs a job on the event loop when the system asks the process to end (SIGTERM, SIGINT, SIGHUP).
-/// One at a time.
+/// One at a time; made and destroyed on the event loop.
 class EndRequest {
  public:
   explicit EndRequest(std::function<void()> job);

@@ -16,7 +16,7 @@ bool IsNumber(std::string_view text) {
          std::all_of(text.begin(), text.end(), [&](char c) { return isDigit(c) || c == '.'; });
 }
 
-/// Spreadsheets skip white space in front, and take the full-width signs for the plain ones.
+/// Spreadsheets skip leading white space, and read full-width signs as plain ones.
 bool LooksLikeFormula(std::string_view cell) {
   static constexpr std::array<std::string_view, 8> kSigns = {"=",  "+",  "-",  "@",
                                                              "＝", "＋", "－", "＠"};
@@ -27,7 +27,8 @@ bool LooksLikeFormula(std::string_view cell) {
                      [&](std::string_view sign) { return rest.starts_with(sign); });
 }
 
-/// Separators of other habits are quoted too, so that no program cuts a cell in two.
+/// Separators that some programs use instead of commas are quoted too, so that none of them cuts a
+/// cell in two.
 bool NeedsQuotes(std::string_view cell) {
   return cell.find_first_of(",;\t\"\r\n") != std::string_view::npos || cell.starts_with(' ') ||
          cell.ends_with(' ');

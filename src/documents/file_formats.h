@@ -21,10 +21,10 @@ struct FileFormat {
   std::string (*write)(const TableContent& content, Progress& progress);
 };
 
-/// In the order in which people are shown them.
+/// In the order in which menus show them.
 const std::vector<FileFormat>& FileFormats();
 
-/// The format of a method, whose case does not count; null where there is none.
+/// The format of a method, in any case of letters; null if there is none.
 const FileFormat* FindFileFormat(std::string_view method);
 
 }  // namespace sentrel

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "common/html_text.h"
 #include "documents/unicode.h"
 
 namespace sentrel {
@@ -41,33 +42,12 @@ footer { margin-top: 1rem; color: var(--faint); font-size: 0.8125rem; }
 }
 )";
 
-void AppendEscaped(std::string& page, std::string_view text) {
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        page += "&amp;";
-        break;
-      case '<':
-        page += "&lt;";
-        break;
-      case '>':
-        page += "&gt;";
-        break;
-      case '"':
-        page += "&quot;";
-        break;
-      default:
-        page += c;
-    }
-  }
-}
-
-/// One line end for all, as the page's own.
+/// All line ends become those of the page itself.
 void AppendLines(std::string& page, std::string_view text) {
   const char* separator = "";
   for (const std::string_view line : LinesOf(text)) {
     page += separator;
-    AppendEscaped(page, line);
+    page += HtmlText(line);
     separator = "\n";
   }
 }
@@ -88,9 +68,9 @@ void AppendHead(std::string& page, const TableContent& content) {
       "<meta http-equiv=\"Content-Security-Policy\" "
       "content=\"default-src 'none'; style-src 'unsafe-inline'\"/>\n<meta name=\"generator\" "
       "content=\"";
-  AppendEscaped(page, content.program);
+  page += HtmlText(content.program);
   page += "\"/>\n<title>";
-  AppendEscaped(page, content.title.empty() ? content.program : content.title);
+  page += HtmlText(content.title.empty() ? content.program : content.title);
   page += "</title>\n<style>";
   page += kStyle;
   page += "</style>\n</head>\n";

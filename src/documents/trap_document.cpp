@@ -14,6 +14,8 @@ using Json = nlohmann::ordered_json;
 
 constexpr int kFormatVersion = 1;
 constexpr int kIndent = 2;
+/// The community of a trap is a password to many devices.
+constexpr mode_t kOwnerAlone = 0600;
 
 Json Bindings(const SavedTrap& trap) {
   Json bindings = Json::array();
@@ -42,7 +44,7 @@ std::string TrapDocument(const SavedTrap& trap) {
 }
 
 void TrapDocumentWriter::Write(const std::string& fileName, const SavedTrap& trap) {
-  WriteFile(fileName, TrapDocument(trap));
+  WriteFile(fileName, TrapDocument(trap), kOwnerAlone);
 }
 
 }  // namespace sentrel

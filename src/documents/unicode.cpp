@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "common/utf8.h"
+
 namespace sentrel {
 namespace {
 
@@ -15,18 +17,16 @@ struct CodePoint {
 };
 
 CodePoint First(std::string_view text) {
-  utf8proc_int32_t value = 0;
-  const auto bytes = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                      static_cast<utf8proc_ssize_t>(text.size()), &value);
-  if (bytes <= 0) return {-1, 1};
-  return {value, static_cast<std::size_t>(bytes)};
+  const Utf8Character first = FirstCharacter(text);
+  if (first.length == 0) return {-1, 1};
+  return {static_cast<std::int32_t>(first.code), first.length};
 }
 
 bool IsPlain(char c) {
   return c >= 0x20 && c < 0x7F;
 }
 
-/// What a reader takes for one letter: a base with its marks, or joined emoji.
+/// What a reader sees as one letter: a base with its marks, or joined emoji.
 struct Cluster {
   std::size_t bytes;
   std::size_t width;

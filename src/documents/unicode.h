@@ -6,16 +6,16 @@
 
 namespace sentrel {
 
-/// The lines of a visible text (VisibleText), at least one. CR LF, CR and LF end a line, so that
-/// none follows the last of them.
+/// The lines of a visible text (VisibleText), at least one. CR LF, CR and LF end a line: a text
+/// that ends in one has no empty line behind it.
 std::vector<std::string_view> LinesOf(std::string_view text);
 
-/// Columns that one line of visible text takes where every letter is one column wide: 2 for wide
-/// letters and emoji, none for combining marks.
+/// Columns that one line of visible text takes on a terminal: 2 for wide letters and emoji, none
+/// for combining marks.
 std::size_t DisplayWidth(std::string_view line);
 
-/// Cuts one line into pieces of at most `width` columns, behind a blank where that is possible.
-/// At least one piece; all pieces together, with the blanks dropped at their ends, are the line.
+/// Cuts one line into pieces of at most `width` columns, after a blank where possible; the blank is
+/// dropped. At least one piece.
 std::vector<std::string_view> WrapLine(std::string_view line, std::size_t width);
 
 /// The longest start of the text that has at most `most` UTF-16 code units and ends between

@@ -13,22 +13,24 @@
 
 #include "common/failure.h"
 #include "common/text.h"
+#include "common/utf8.h"
 #include "documents/unicode.h"
 
 namespace sentrel {
 namespace {
 
-constexpr uint8_t kTextFormat = 49;  // of the formats that every spreadsheet has
+constexpr uint8_t kTextFormat = 49;  // "@", built into every spreadsheet
 constexpr lxw_color_t kHeaderColor = 0x1F4E79;
 constexpr lxw_color_t kRuleColor = 0xC9D1DC;
 constexpr double kNarrowest = 12;  // in letters
 constexpr double kWidest = 70;
 constexpr double kFilterButton = 4;
 constexpr double kLineHeight = 15;  // in points
-constexpr double kTallest = 409;    // that a row may be
+constexpr double kTallest = 409;    // that a row may be, in points
 constexpr std::size_t kMostHeaderUnits = 80;
+constexpr std::string_view kUnderscore = "_x005F_";  // as an escape
 
-/// A file that is nowhere but in memory; the library writes to files alone.
+/// A file in memory, because the library writes only to files.
 class MemoryFile {
  public:
   MemoryFile() : descriptor_(memfd_create("workbook", MFD_CLOEXEC)) {
@@ -54,25 +56,42 @@ class MemoryFile {
   int descriptor_;
 };
 
-/// Whether a sheet would take what stands here for the code of a character: "_x000D_".
+/// Whether a spreadsheet would read the start of the text as the code of a character: "_x000D_".
 bool IsCode(std::string_view text) {
   const auto isHex = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };
   return text.size() >= 7 && text.starts_with("_x") && text[6] == '_' &&
          std::all_of(text.begin() + 2, text.begin() + 6, isHex);
 }
 
-/// Sheets break lines at LF alone.
-std::string SheetText(std::string_view text) {
-  std::string sheet;
-  const char* separator = "";
+/// A text as the cells of a sheet hold it: several, one below the other, if it is too long for one.
+/// The limit counts what is written, escapes included. No character and no escape is cut in two.
+/// Only LF breaks lines in a sheet.
+std::vector<std::string> CellTexts(std::string_view text) {
+  std::vector<std::string> cells(1);
+  std::size_t units = 0;
+  const auto append = [&](std::string_view piece, std::size_t pieceUnits) {
+    if (units + pieceUnits > kMostCellUnits) {
+      cells.emplace_back();
+      units = 0;
+    }
+    cells.back() += piece;
+    units += pieceUnits;
+  };
+  bool first = true;
   for (std::string_view line : LinesOf(text)) {
-    sheet += separator;
-    separator = "\n";
-    for (; !line.empty(); line.remove_prefix(1)) {
-      sheet += IsCode(line) ? "_x005F_" : line.substr(0, 1);
+    if (!std::exchange(first, false)) append("\n", 1);
+    while (!line.empty()) {
+      const Utf8Character letter = FirstCharacter(line);
+      const std::size_t bytes = std::max<std::size_t>(letter.length, 1);
+      if (IsCode(line)) {
+        append(kUnderscore, kUnderscore.size());
+      } else {
+        append(line.substr(0, bytes), letter.code > 0xFFFF ? 2 : 1);
+      }
+      line.remove_prefix(bytes);
     }
   }
-  return sheet;
+  return cells;
 }
 
 double WidthOf(const TableContent& content, std::size_t col) {
@@ -153,13 +172,14 @@ class SheetWriter {
       format_set_bg_color(header, kHeaderColor);
       widths_.push_back(WidthOf(content_, col));
       worksheet_set_column(sheet_, col, col, widths_.back(), nullptr);
-      Check(worksheet_write_string(sheet_, 0, col, content_.columns[col].title.c_str(), header));
+      const std::string title = CellTexts(content_.columns[col].title).front();
+      Check(worksheet_write_string(sheet_, 0, col, title.c_str(), header));
     }
     worksheet_set_row(sheet_, 0, 24, nullptr);
     nextRow_ = 1;
   }
 
-  /// Not every spreadsheet fits the height of a row to wrapped lines when it opens a file.
+  /// Some spreadsheets do not fit the height of a row to wrapped lines when they open a file.
   double HeightOf(const std::vector<std::string>& cells) const {
     std::size_t most = 1;
     for (std::size_t col = 0; col < cells.size(); ++col) {
@@ -172,19 +192,15 @@ class SheetWriter {
     return std::min(static_cast<double>(most) * kLineHeight, kTallest);
   }
 
-  /// A text that is too long for one cell goes on in the rows below.
+  /// A text that is too long for one cell continues in the rows below.
   void WriteRow(const std::vector<std::string>& cells) {
     lxw_row_t rowsTaken = 1;
     for (lxw_col_t col = 0; col < Columns(); ++col) {
-      std::string_view rest = cells[col];
       lxw_row_t row = 0;
-      do {
-        const std::string_view piece = FirstUtf16Units(rest, kMostCellUnits);
-        Check(worksheet_write_string(sheet_, nextRow_ + row, col, SheetText(piece).c_str(),
-                                     cells_[col]));
-        rest.remove_prefix(piece.size());
+      for (const std::string& text : CellTexts(cells[col])) {
+        Check(worksheet_write_string(sheet_, nextRow_ + row, col, text.c_str(), cells_[col]));
         ++row;
-      } while (!rest.empty());
+      }
       rowsTaken = std::max(rowsTaken, row);
     }
     const double height = HeightOf(cells);

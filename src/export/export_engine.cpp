@@ -77,59 +77,60 @@ bool ExportEngine::Export(Prepare prepare, Call call) {
 
 bool ExportEngine::ExportTable(const Table& table, const std::string& method) {
   return Export([] {},
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportTable(table, method, programPath);
                 });
 }
 
 bool ExportEngine::ExportRTF(const std::string& rtf, const std::string& method) {
   return Export([] {},
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportRTF(rtf, method, programPath);
                 });
 }
 
 bool ExportEngine::ExportText(const std::string& text, const std::string& method) {
   return Export([] {},
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportText(text, method, programPath);
                 });
 }
 
 bool ExportEngine::ExportTextFile(const std::string& filename, const std::string& method) {
-  return Export([] {}, [&](Engine& engine,
+  return Export([] {}, [&](ExportBackend& engine,
                            const std::string&) { return engine.ExportTextFile(filename, method); });
 }
 
 bool ExportEngine::ExportEMFFile(const std::string& filename, const std::string& method) {
   return Export([] {},
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportEMFFile(filename, method, programPath);
                 });
 }
 
 bool ExportEngine::ExportChart(const Chart& chart, const std::string& method) {
   return Export([&] { DefaultFormats(method); },
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportChart(chart, method, programPath);
                 });
 }
 
 bool ExportEngine::ExportMap(const Map& map, const std::string& method) {
-  return Export([&] { DefaultFormats(method); },
-                [&](Engine& engine, const std::string&) { return engine.ExportMap(map, method); });
+  return Export(
+      [&] { DefaultFormats(method); },
+      [&](ExportBackend& engine, const std::string&) { return engine.ExportMap(map, method); });
 }
 
 bool ExportEngine::ExportPicture(const Picture& picture, const std::string& method) {
   return Export([&] { DefaultTo(settings_.imageFormat, method); },
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportPicture(picture, method, programPath);
                 });
 }
 
 bool ExportEngine::ExportImageFile(const std::string& filename, const std::string& method) {
   return Export([&] { DefaultTo(settings_.imageFormat, method); },
-                [&](Engine& engine, const std::string& programPath) {
+                [&](ExportBackend& engine, const std::string& programPath) {
                   return engine.ExportImageFile(filename, method, programPath);
                 });
 }
@@ -151,7 +152,7 @@ void ExportEngine::Reset() {
       fmt::format("{}.{}.{}", program.majorVersion, program.minorVersion, program.revision);
 }
 
-std::unique_ptr<Engine> ExportEngine::StartEngine(bool quiet) {
+std::unique_ptr<ExportBackend> ExportEngine::StartEngine(bool quiet) {
   try {
     return services_.engines.Create();
   } catch (const std::exception& failure) {
@@ -166,29 +167,29 @@ std::unique_ptr<Engine> ExportEngine::StartEngine(bool quiet) {
   }
 }
 
-void ExportEngine::SetEngineProperties(Engine& engine) const {
+void ExportEngine::SetEngineProperties(ExportBackend& engine) const {
   const auto push = [&engine](auto setter, const auto& value) {
     Attempt([&] { (engine.*setter)(value); });
   };
-  push(&Engine::SetProgramName, settings_.programName);
-  push(&Engine::SetProgramVersion, settings_.programVersion);
-  push(&Engine::SetTitle, settings_.title);
-  push(&Engine::SetSubTitle, settings_.subTitle);
-  push(&Engine::SetParagraph, settings_.paragraph);
-  push(&Engine::SetFooter, settings_.footer);
-  push(&Engine::SetImageHeight, settings_.imageHeight);
-  push(&Engine::SetImageWidth, settings_.imageWidth);
-  push(&Engine::SetImageFormat, settings_.imageFormat);
-  push(&Engine::SetFileFormat, settings_.fileFormat);
-  push(&Engine::SetOrientation, settings_.orientation);
-  push(&Engine::SetTargetFilename, settings_.targetFilename);
-  push(&Engine::SetInitDir, settings_.initDir);
-  push(&Engine::SetColumnList, settings_.columnList);
-  push(&Engine::SetSelectMethod, settings_.selectMethod);
-  push(&Engine::SetSkipFieldSelection, settings_.skipFieldSelection);
-  push(&Engine::SetSkipFilenameSelection, settings_.skipFilenameSelection);
-  push(&Engine::SetQuiet, settings_.quiet);
-  push(&Engine::SetDefaultPrinter, settings_.defaultPrinter);
+  push(&ExportBackend::SetProgramName, settings_.programName);
+  push(&ExportBackend::SetProgramVersion, settings_.programVersion);
+  push(&ExportBackend::SetTitle, settings_.title);
+  push(&ExportBackend::SetSubTitle, settings_.subTitle);
+  push(&ExportBackend::SetParagraph, settings_.paragraph);
+  push(&ExportBackend::SetFooter, settings_.footer);
+  push(&ExportBackend::SetImageHeight, settings_.imageHeight);
+  push(&ExportBackend::SetImageWidth, settings_.imageWidth);
+  push(&ExportBackend::SetImageFormat, settings_.imageFormat);
+  push(&ExportBackend::SetFileFormat, settings_.fileFormat);
+  push(&ExportBackend::SetOrientation, settings_.orientation);
+  push(&ExportBackend::SetTargetFilename, settings_.targetFilename);
+  push(&ExportBackend::SetInitDir, settings_.initDir);
+  push(&ExportBackend::SetColumnList, settings_.columnList);
+  push(&ExportBackend::SetSelectMethod, settings_.selectMethod);
+  push(&ExportBackend::SetSkipFieldSelection, settings_.skipFieldSelection);
+  push(&ExportBackend::SetSkipFilenameSelection, settings_.skipFilenameSelection);
+  push(&ExportBackend::SetQuiet, settings_.quiet);
+  push(&ExportBackend::SetDefaultPrinter, settings_.defaultPrinter);
 }
 
 void ExportEngine::DefaultFormats(const std::string& method) {

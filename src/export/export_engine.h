@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "controls/table.h"
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 #include "platform/export_settings.h"
 #include "platform/main_window.h"
 #include "platform/menu_items.h"
@@ -17,9 +17,9 @@
 
 namespace sentrel {
 
-/// What stands behind the facade; all of it must outlive the facade.
+/// What the facade works with; all of it must outlive the facade.
 struct ExportServices {
-  EngineFactory& engines;
+  ExportBackendFactory& engines;
   const Application& application;
   MessageBox& messageBox;
   const Printers& printers;
@@ -30,8 +30,8 @@ struct ExportServices {
 /// engine for each, hands the settings over, makes one call and clears the settings again; then
 /// TargetFilename() is the file that the engine reported.
 ///
-/// Where no engine can be had the user is told, the operation gives false or nothing, and the
-/// settings stay. A failure that an engine raises is told to the user, unless Quiet(), and counts
+/// If no engine can be made, the user is told, the operation returns false or nothing, and the
+/// settings stay. A failure that an engine throws is told to the user, unless Quiet(), and counts
 /// as not done. Used on the event loop only; nothing here throws.
 class ExportEngine {
  public:
@@ -48,8 +48,8 @@ class ExportEngine {
   void PrintPicture(const Picture& picture, bool preview = false);
   void PrintImageFile(const std::string& filename, bool preview = false);
 
-  /// Carry out a method on one object. An empty format of pictures and files becomes the method
-  /// where the object is a picture.
+  /// Carry out a method on one object. An empty ImageFormat becomes the method for charts, maps and
+  /// pictures; an empty FileFormat becomes it for charts and maps.
   bool ExportTable(const Table& table, const std::string& method);
   bool ExportRTF(const std::string& rtf, const std::string& method);
   bool ExportText(const std::string& text, const std::string& method);
@@ -77,8 +77,8 @@ class ExportEngine {
   /// engine the four operations that ask it give nothing, and say nothing.
   std::vector<std::string> ExportMethods(std::int32_t objectType = 0);
   std::string MethodName(const std::string& method);
-  std::vector<EngineChoice> SendToMethods();
-  /// The prefix stands before the key in the id of an entry; empty takes "Export:" or "SendTo:".
+  std::vector<ExportChoice> SendToMethods();
+  /// The id of an entry begins with the prefix; empty means "Export:" or "SendTo:".
   void LoadExportsMenu(const MenuItem& menuItem, CommandList* parent = nullptr,
                        const std::string& prefix = "", std::int32_t objectType = 0);
   void LoadSendToMenu(const MenuItem& menuItem, CommandList* parent = nullptr,
@@ -131,8 +131,8 @@ class ExportEngine {
   void Reset();
 
  private:
-  std::unique_ptr<Engine> StartEngine(bool quiet);
-  void SetEngineProperties(Engine& engine) const;
+  std::unique_ptr<ExportBackend> StartEngine(bool quiet);
+  void SetEngineProperties(ExportBackend& engine) const;
   void DefaultFormats(const std::string& method);
   void Tell(const std::exception& failure);
 
@@ -140,7 +140,7 @@ class ExportEngine {
   bool Export(Prepare prepare, Call call);
   template <typename Question>
   auto AskEngine(Question question);
-  std::vector<EngineChoice> MethodChoices(std::int32_t objectType);
+  std::vector<ExportChoice> MethodChoices(std::int32_t objectType);
   static bool IsMailProgram(const std::string& sendToMethod);
 
   void PrepareSend();

@@ -7,7 +7,7 @@ namespace sentrel {
 
 template <typename Question>
 auto ExportEngine::AskEngine(Question question) {
-  decltype(question(std::declval<Engine&>())) answer;
+  decltype(question(std::declval<ExportBackend&>())) answer;
   Attempt([&] {
     if (const auto engine = StartEngine(true)) answer = question(*engine);
   });
@@ -16,16 +16,16 @@ auto ExportEngine::AskEngine(Question question) {
 
 std::vector<std::string> ExportEngine::ExportMethods(std::int32_t objectType) {
   std::vector<std::string> keys;
-  for (const EngineChoice& choice : MethodChoices(objectType)) keys.push_back(choice.key);
+  for (const ExportChoice& choice : MethodChoices(objectType)) keys.push_back(choice.key);
   return keys;
 }
 
 std::string ExportEngine::MethodName(const std::string& method) {
-  return AskEngine([&](Engine& engine) { return engine.MethodName(method); });
+  return AskEngine([&](ExportBackend& engine) { return engine.MethodName(method); });
 }
 
-std::vector<EngineChoice> ExportEngine::SendToMethods() {
-  return AskEngine([](Engine& engine) { return engine.SendToMethods(); });
+std::vector<ExportChoice> ExportEngine::SendToMethods() {
+  return AskEngine([](ExportBackend& engine) { return engine.SendToMethods(); });
 }
 
 void ExportEngine::LoadExportsMenu(const MenuItem& menuItem, CommandList* parent,
@@ -58,8 +58,8 @@ bool ExportEngine::IsMailProgram(const std::string& sendToMethod) {
   return UpperCase(sendToMethod).find(".MAPIMAIL") != std::string::npos;
 }
 
-std::vector<EngineChoice> ExportEngine::MethodChoices(std::int32_t objectType) {
-  return AskEngine([&](Engine& engine) { return engine.ExportMethods(objectType); });
+std::vector<ExportChoice> ExportEngine::MethodChoices(std::int32_t objectType) {
+  return AskEngine([&](ExportBackend& engine) { return engine.ExportMethods(objectType); });
 }
 
 }  // namespace sentrel

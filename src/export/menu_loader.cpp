@@ -8,8 +8,8 @@ namespace sentrel {
 namespace {
 
 void LoadToolMenu(ToolMenu& menu, const std::string& prefix,
-                  const std::vector<EngineChoice>& choices) {
-  for (const EngineChoice& choice : choices) {
+                  const std::vector<ExportChoice>& choices) {
+  for (const ExportChoice& choice : choices) {
     Attempt([&] { menu.AddTool(prefix + choice.key).SetName(choice.caption); });
   }
 }
@@ -27,7 +27,7 @@ void SetFirstImage(CommandButton* button, CommandList& parent,
 }
 
 /// Null where the button could not be made.
-CommandButton* AddButton(CommandList& parent, const std::string& id, const EngineChoice& choice) {
+CommandButton* AddButton(CommandList& parent, const std::string& id, const ExportChoice& choice) {
   CommandButton* button = nullptr;
   Attempt([&] {
     button = &parent.AddToolButton(id, choice.caption);
@@ -37,7 +37,7 @@ CommandButton* AddButton(CommandList& parent, const std::string& id, const Engin
 }
 
 void AddExportEntry(CommandPopup& popup, CommandList& parent, const std::string& prefix,
-                    const EngineChoice& choice) {
+                    const ExportChoice& choice) {
   const std::string id = prefix + choice.key;
   CommandButton* button = AddButton(parent, id, choice);
   Attempt([&] { popup.AddControl(id); });
@@ -60,7 +60,7 @@ bool OpensGroup(const std::string& key) {
 }
 
 void AddSendToEntry(CommandPopup& popup, CommandList& parent, const std::string& prefix,
-                    const EngineChoice& choice) {
+                    const ExportChoice& choice) {
   const std::string id = prefix + choice.caption;
   CommandButton* button = AddButton(parent, id, choice);
   SetFirstImage(button, parent, SendToImages(id));
@@ -71,14 +71,14 @@ void AddSendToEntry(CommandPopup& popup, CommandList& parent, const std::string&
 }
 
 void LoadPopup(MenuKind kind, CommandPopup& popup, CommandList& parent, const std::string& prefix,
-               const std::vector<EngineChoice>& choices) {
+               const std::vector<ExportChoice>& choices) {
   const auto add = kind == MenuKind::Exports ? AddExportEntry : AddSendToEntry;
-  for (const EngineChoice& choice : choices) add(popup, parent, prefix, choice);
+  for (const ExportChoice& choice : choices) add(popup, parent, prefix, choice);
 }
 
-void LoadPlainMenu(PlainMenu& menu, const std::vector<EngineChoice>& choices) {
+void LoadPlainMenu(PlainMenu& menu, const std::vector<ExportChoice>& choices) {
   int index = 0;
-  for (const EngineChoice& choice : choices) {
+  for (const ExportChoice& choice : choices) {
     ++index;
     Attempt([&] { menu.Load(index); });
     Attempt([&] { menu.Item(index).SetCaption(choice.caption); });
@@ -92,7 +92,7 @@ void LoadPlainMenu(PlainMenu& menu, const std::vector<EngineChoice>& choices) {
 }  // namespace
 
 void LoadMenu(MenuKind kind, const MenuItem& menuItem, CommandList* parent,
-              const std::string& prefix, const std::vector<EngineChoice>& choices) {
+              const std::string& prefix, const std::vector<ExportChoice>& choices) {
   if (auto* const* tool = std::get_if<ToolMenu*>(&menuItem)) {
     if (*tool) LoadToolMenu(**tool, prefix, choices);
   } else if (auto* const* popup = std::get_if<CommandPopup*>(&menuItem)) {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 #include "platform/menu_items.h"
 
 namespace sentrel {
@@ -11,9 +11,9 @@ namespace sentrel {
 /// The two menus differ in the ids, pictures and groups of their pop-up entries.
 enum class MenuKind { Exports, SendTo };
 
-/// Fills a menu with one entry per choice, in order. A step that fails is passed over; a pop-up is
-/// left alone without a parent.
+/// Fills a menu with one entry per choice, in order. A step that fails is skipped; a pop-up
+/// without a parent is left alone.
 void LoadMenu(MenuKind kind, const MenuItem& menuItem, CommandList* parent,
-              const std::string& prefix, const std::vector<EngineChoice>& choices);
+              const std::string& prefix, const std::vector<ExportChoice>& choices);
 
 }  // namespace sentrel

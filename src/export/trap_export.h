@@ -9,15 +9,15 @@
 
 namespace sentrel {
 
-/// The export and print commands of the main window. The facade is made by the first of them and
-/// kept. Nothing here throws.
+/// The export and print commands of the main window. The first of them makes the facade, which is
+/// then kept. Used on the event loop; nothing here throws.
 class TrapExport {
  public:
   /// All of it must outlive the commands.
   TrapExport(const Table& table, MousePointer& mousePointer, const ExportServices& services);
 
-  /// Exports the table as it stands; the method is the word that the engine knows it by. The mouse
-  /// pointer is the hourglass meanwhile.
+  /// Exports the table as it is now, by a method of ExportEngine::ExportMethods. The mouse pointer
+  /// is an hourglass meanwhile.
   void ExportTraps(const std::string& method);
   void PrintTraps();
   void PreviewTraps();

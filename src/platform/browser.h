@@ -10,7 +10,7 @@ class Browser {
  public:
   virtual ~Browser() = default;
   /// Opens the page at the address, which may have a query behind a "?". What a "file://" address
-  /// names stands in it unchanged: nothing is escaped, and "\" and "/" both part folders. Returns
+  /// names is in it unchanged: nothing is escaped, and "\" and "/" both separate folders. Returns
   /// when the page is shown. Throws Failure where it cannot be opened.
   virtual void Browse(const std::string& address) = 0;
 };

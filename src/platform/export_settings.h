@@ -5,7 +5,7 @@
 
 namespace sentrel {
 
-/// The settings of one export operation, as the setters of Engine tell them.
+/// The settings of one export operation, as the setters of ExportBackend tell them.
 struct ExportSettings {
   std::string programName;
   std::string programVersion;

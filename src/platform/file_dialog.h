@@ -14,8 +14,10 @@ struct SaveFileRequest {
   std::string fileName;
   /// Ask before a name is taken that a file already has.
   bool promptBeforeOverwrite = false;
-  /// Do not take the name of a file that is read-only.
-  bool refuseReadOnly = false;
+  /// Do not take a name under which no file can be written, because the file is write-protected or
+  /// a folder, its folder is missing or closed to this user, or the disk is full: tell the user
+  /// why, and ask again.
+  bool refuseUnwritable = false;
 };
 
 /// The system's file dialog.

@@ -36,7 +36,7 @@ class CommandButton {
 class CommandControl {
  public:
   virtual ~CommandControl() = default;
-  /// Whether a line stands above the entry.
+  /// Whether there is a line above the entry.
   virtual void SetBeginGroup(bool setting) = 0;
 };
 

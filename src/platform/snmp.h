@@ -18,9 +18,9 @@ class TrapObserver {
   virtual void OnTrap(const ArrivedTrap& trap) = 0;
 };
 
-/// Why reception could not be enabled, for people. Lines are parted by CR LF.
+/// Why reception could not be enabled, for people. Lines are separated by CR LF.
 struct ListenFailure {
-  /// What stands in the way: "UDP port 162 is in use by snmptrapd (process 812)."
+  /// What prevents it: "UDP port 162 is in use by snmptrapd (process 812)."
   std::string reason;
   /// What to do about it on this system, with the exact command where there is one.
   std::string remedy;
@@ -49,8 +49,8 @@ class SNMP {
   virtual std::string ResolveHost(const std::string& hostName) = 0;
   /// Sends one version 2c trap (RFC 3416, section 4.2.6) to UDP port 162 of the target, an address
   /// or a name: exactly these bindings, sysUpTime.0 and snmpTrapOID.0 not added. The lists are
-  /// parallel; a type code is the tag byte, a value stands as it does in a Trap. 0 means sent; else
-  /// nothing was sent and StatusText() tells why. Never throws.
+  /// parallel; a type code is the tag byte, a value has the text that it has in a Trap. 0 means
+  /// sent; else nothing was sent and StatusText() tells why. Never throws.
   virtual std::int16_t SendTrap(const std::string& target, const std::string& community,
                                 const std::vector<std::string>& OIDs,
                                 const std::vector<std::string>& Values,

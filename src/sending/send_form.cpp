@@ -63,25 +63,39 @@ void SendForm::cmdSend_Click() {
     view_.FocusTarget();
     return;
   }
-  if (const auto address = AddressOfTarget()) {
-    Send(*address);
+  if (IsIPAddress(target_.Text())) {
+    Send(target_.Text());
   } else {
-    messageBox_.Show(kNotResolved, MessageIcon::Exclamation, kTitle);
+    LookUpAndSend();
   }
 }
 
-std::optional<std::string> SendForm::AddressOfTarget() {
-  if (IsIPAddress(target_.Text())) return target_.Text();
+void SendForm::LookUpAndSend() {
+  if (!ShowsAtWork("Looking up the host name ...")) return;
   const std::string address = snmp_.ResolveHost(target_.Text());
-  return IsIPAddress(address) ? std::optional(address) : std::nullopt;
+  if (IsIPAddress(address)) {
+    Send(address);
+    return;
+  }
+  messageBox_.Show(kNotResolved, MessageIcon::Exclamation, kTitle);
+  ShowForAnotherTry();
+}
+
+bool SendForm::ShowsAtWork(const std::string& caption) {
+  view_.ShowMessage(caption);
+  view_.SetHourglass(true);
+  view_.ProcessEvents();
+  return trap_ != nullptr;
+}
+
+void SendForm::ShowForAnotherTry() {
+  view_.HideMessage();
+  view_.SetHourglass(false);
+  view_.FocusTarget();
 }
 
 void SendForm::Send(const std::string& address) {
-  view_.ShowMessage("Sending SNMP Trap ...");
-  view_.SetHourglass(true);
-  view_.ProcessEvents();
-  // Among those events may be the end of the dialog.
-  if (trap_ == nullptr) return;
+  if (!ShowsAtWork("Sending SNMP Trap ...")) return;
   const VarBinds& bindings = trap_->VarBinds();
   if (snmp_.SendTrap(address, community_.Text(), bindings.OIDList(), bindings.ValueList(),
                      bindings.TypeList()) != 0) {
@@ -97,9 +111,7 @@ void SendForm::TellThatSendFailed() {
   const std::string status = snmp_.StatusText();
   messageBox_.Show(status == "OK" ? "Can't send trap" : status, MessageIcon::Exclamation,
                    kErrorTitle);
-  view_.HideMessage();
-  view_.SetHourglass(false);
-  view_.FocusTarget();
+  ShowForAnotherTry();
 }
 
 void SendForm::Remember(AutoCombo& combo) {

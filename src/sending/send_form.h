@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "controls/auto_combo.h"
@@ -55,8 +54,11 @@ class SendForm {
 
  private:
   void Form_Load();
-  std::optional<std::string> AddressOfTarget();
+  void LookUpAndSend();
   void Send(const std::string& address);
+  /// The panel, and the events that wait. Whether the dialog is still open after those.
+  bool ShowsAtWork(const std::string& caption);
+  void ShowForAnotherTry();
   void TellThatSendFailed();
   void Remember(AutoCombo& combo);
 

@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kHelpContext = 9100;
 constexpr int kGeneralTab = 1;
-constexpr int kDeviceFilterTab = 2;
 constexpr int kLoggingTab = 4;
 constexpr char32_t kEnter = U'\r';
 
@@ -120,7 +119,7 @@ void SettingsForm::cmdAddDeviceFilter_Click() {
   DeviceFilter filter;
   filter.SetFilter(text);
   view_.AddLine(kDeviceFilterList, filter.Description());
-  Reenter(kNewDeviceFilter);
+  Reenter(deviceFilterEntry_);
 }
 
 void SettingsForm::cmdAddCommunity_Click() {
@@ -131,12 +130,24 @@ void SettingsForm::cmdAddCommunity_Click() {
     return;
   }
   view_.AddLine(kCommunityList, text);
-  Reenter(kNewCommunity);
+  Reenter(communityEntry_);
 }
 
-void SettingsForm::Reenter(SettingsText box) {
-  view_.SelectText(box);
-  view_.SetFocus(box);
+void SettingsForm::Reenter(Entry& entry) {
+  entry.settled = TrimBlanks(view_.Text(entry.box));
+  view_.SelectText(entry.box);
+  view_.SetFocus(entry.box);
+}
+
+bool SettingsForm::TellsOfNewEntry(Entry& entry) {
+  const std::string text(TrimBlanks(view_.Text(entry.box)));
+  if (!view_.Checked(entry.group) || text.empty() || text == entry.settled) return false;
+  view_.SelectTab(entry.tab);
+  messageBox_.Show("\"" + text + "\" has not been added.\r\n\r\n" +
+                       "Press Add to add it, or OK once more to go on without it.",
+                   MessageIcon::Exclamation);
+  Reenter(entry);
+  return true;
 }
 
 bool SettingsForm::NewDeviceFilter_KeyPress(char32_t key) {
@@ -205,10 +216,12 @@ void SettingsForm::cmdSelectLogFile_Click() {
 
 void SettingsForm::cmdOK_Click() {
   if (view_.Checked(kCheckDeviceFilter) && view_.Lines(kDeviceFilterList).empty()) {
-    view_.SelectTab(kDeviceFilterTab);
+    view_.SelectTab(deviceFilterEntry_.tab);
     messageBox_.Show(kFiltersMissing, MessageIcon::Exclamation);
+    view_.SetFocus(kNewDeviceFilter);
     return;
   }
+  if (TellsOfNewEntry(deviceFilterEntry_) || TellsOfNewEntry(communityEntry_)) return;
   if (view_.Checked(kCheckLoggingActive) && FindsNewLogProblem()) {
     view_.SelectTab(kLoggingTab);
     view_.SetFocus(kLogFilename);

@@ -51,8 +51,9 @@ class SettingsForm {
   /// The user has stopped typing: what stands in the way of the log is said beside the box.
   void LogFilename_Pause() { FindsNewLogProblem(); }
 
-  /// Writes everything back and closes, or tells what is missing and changes nothing. A log file
-  /// that cannot be written is told of once; it may be one for later.
+  /// Writes everything back and closes, or tells what is missing and changes nothing. An entry that
+  /// was typed and not added, and a log file that cannot be written, are told of once: they may be
+  /// meant so.
   void cmdOK_Click();
   void cmdCancel_Click();
 
@@ -63,8 +64,20 @@ class SettingsForm {
   void ShowCommunityControls();
   void ShowLoggingControls();
   void Show(std::initializer_list<SettingsControl> controls, bool visible);
-  /// Makes the next entry overwrite this one.
-  void Reenter(SettingsText box);
+  /// A box from which Add puts lines into a list.
+  struct Entry {
+    /// Counts from 1.
+    int tab;
+    /// Shows the box while it is ticked.
+    SettingsCheck group;
+    SettingsText box;
+    /// The text that was added, or told of, last.
+    std::string settled = "";
+  };
+  /// Makes the next entry overwrite this one, with which nothing more is to be done.
+  void Reenter(Entry& entry);
+  /// Shows a text that was typed and not added, once.
+  bool TellsOfNewEntry(Entry& entry);
   void RemoveSelected(SettingsList list, SettingsButton removeButton);
   void EnableRemoval(SettingsList list, SettingsButton removeButton);
   /// As it would be written. A name that the user has not changed is the stored one, whatever the
@@ -83,6 +96,9 @@ class SettingsForm {
   FileDialog& fileDialog_;
   const LogFile& logFile_;
   SettingsView& view_;
+  Entry deviceFilterEntry_{2, settings_controls::kCheckDeviceFilter,
+                           settings_controls::kNewDeviceFilter};
+  Entry communityEntry_{3, settings_controls::kCheckCommunity, settings_controls::kNewCommunity};
   /// The log file that a problem was told of last.
   std::string problemFile_;
   /// What the box made of the stored name.

@@ -25,9 +25,11 @@ void Help_Benchwell::ShowHelpOnSentrel() {
   OpenWebPage(HelpTopicUrl(kHelpDocument, kSentrelTopic));
 }
 
-void Help_Benchwell::ShowHelpContext(const std::string& helpFile, int number) {
+void Help_Benchwell::ShowHelpContext(const std::string& helpFile, int number,
+                                     const std::string& topic) {
   const std::string folder = helpFile.substr(0, helpFile.find_last_of("/\\"));
-  OpenWebPage(kScheme + folder + "/default.htm?context=" + std::to_string(number));
+  OpenWebPage(kScheme + folder + "/default.htm?context=" + std::to_string(number) +
+              "&topic=" + topic);
 }
 
 std::string Help_Benchwell::HelpTopicUrl(const std::string& Context,

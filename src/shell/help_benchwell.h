@@ -25,8 +25,9 @@ class Help_Benchwell {
 
   void ShowHelpContents();
   void ShowHelpOnSentrel();
-  /// What the help key opens: the page for a window's help context number, beside the help file.
-  void ShowHelpContext(const std::string& helpFile, int number);
+  /// What the help key opens: the page for a topic, or else for a window's help context number,
+  /// beside the help file.
+  void ShowHelpContext(const std::string& helpFile, int number, const std::string& topic);
 
   /// The address of a page: in the user's "HelpDirectory", or else in "Help" below the program
   /// folder. Paths stand in it unchanged.

@@ -17,7 +17,7 @@ struct Binding {
   std::optional<ber::Element> value;
 };
 
-/// Cuts one binding off the front of a list. Nothing, and no change, where what stands there has no
+/// Cuts one binding off the front of a list. Nothing, and no change, where what is there has no
 /// name. A binding that declares too great a length is as long as its name and value, where the
 /// next one follows behind them.
 std::optional<Binding> TakeBinding(ber::Bytes& list);

@@ -18,7 +18,8 @@ constexpr char kSysUpTime[] = "1.3.6.1.2.1.1.3.0";
 constexpr char kSnmpTrapOid[] = "1.3.6.1.6.3.1.1.4.1.0";
 constexpr char kSnmpTrapEnterprise[] = "1.3.6.1.6.3.1.1.4.3.0";
 constexpr char kSnmpTrapAddress[] = "1.3.6.1.6.3.18.1.3.0";
-/// coldStart to egpNeighborLoss stand below it, one higher than their generic trap number.
+/// The parent of coldStart to egpNeighborLoss, whose numbers are one higher than their generic trap
+/// number.
 constexpr char kSnmpTraps[] = "1.3.6.1.6.3.1.1.5.";
 constexpr std::string_view kEnterpriseSpecific = "6";
 

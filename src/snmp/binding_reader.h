@@ -6,10 +6,10 @@
 
 namespace sentrel {
 
-// Whatever the bytes are, all of them is shown. A value that cannot be read stands as OddText gives
-// it, and so does a name. A binding that has no value, or more than one, has itself for a value;
-// from where something in the list is no binding, all the rest of the list is the value of one
-// binding named "no name".
+// Whatever the bytes are, all of them is shown. A value that cannot be read is shown as OddText
+// gives it, and so does a name. A binding that has no value, or more than one, has itself for a
+// value; from where something in the list is no binding, all the rest of the list is the value of
+// one binding named "no name".
 
 /// A BindingReader of the content of a list of bindings.
 void ReadBindings(std::string_view encoded, Trap& trap);

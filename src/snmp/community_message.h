@@ -23,7 +23,7 @@ struct MessageFrame {
 /// A notification of version 1 or 2c (RFC 1157, RFC 1901). Points into the datagram.
 struct CommunityMessage {
   ber::Bytes whole;
-  /// What the element holds that stands in its place, of any tag.
+  /// The content of the element in its place, whatever its tag.
   ber::Bytes community;
   /// From its tag to the end of the message.
   ber::Bytes encodedPdu;

@@ -8,7 +8,7 @@ namespace sentrel {
 // library calls the readers of lines and has no place for an object, so there is one list in a
 // process, for the thread that sets the library up.
 
-/// Makes the SNMP library read the lines anew. For the moment when the library has registered its
+/// Makes the SNMP library read the lines again. For the moment when the library has registered its
 /// own words and has yet to read a file.
 void ReadConfiguredUsers();
 /// Puts the users of the createUser lines into the SNMP library's list, for the engine ID that it

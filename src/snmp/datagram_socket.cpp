@@ -53,7 +53,7 @@ void StoreLocal(int level, int type, const T& info, Peer& peer) {
 
 }  // namespace
 
-/// What the system reads and writes for each datagram stands close together.
+/// What the system reads and writes for each datagram is close together in memory.
 struct DatagramSocket::Slots {
   std::array<mmsghdr, kBatch> messages{};
   std::array<iovec, kBatch> data;
@@ -87,8 +87,7 @@ std::uint16_t DatagramSocket::Port() const {
   Peer::Address address{};
   socklen_t length = sizeof address;
   getsockname(descriptor_, &address.any, &length);
-  // The port stands at the same place in both forms.
-  return ntohs(address.v4.sin_port);
+  return PortOf(address);
 }
 
 std::size_t DatagramSocket::Room() const {

@@ -15,8 +15,8 @@ namespace sentrel {
 /// thread.
 class DatagramSocket {
  public:
-  /// Takes the descriptor over. The system is asked for a receive buffer of so many bytes; without
-  /// privilege it gives no more than net.core.rmem_max.
+  /// Takes the descriptor over. The system is asked for a receive buffer of this many bytes;
+  /// without privilege it gives no more than net.core.rmem_max.
   DatagramSocket(int descriptor, int bufferBytes);
   ~DatagramSocket();
   DatagramSocket(const DatagramSocket&) = delete;

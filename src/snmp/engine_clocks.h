@@ -36,7 +36,7 @@ enum class Freshness {
 /// Stricter than the standard in one point, laxer in another. The same message does not pass twice
 /// within the time window. And a moment later than any that the engine has told is always fresh,
 /// however far this machine's clock has run ahead: the traps of a device with a slow clock, or of a
-/// virtual machine that was suspended, would else be refused for good.
+/// virtual machine that was suspended, would otherwise be refused for good.
 ///
 /// Invariant: of each engine, every message that was taken with a time from `floor` on is among the
 /// digests, and none older than `floor` passes. So memory is bounded and still nothing repeats.
@@ -65,7 +65,7 @@ class EngineClocks {
   void Take(const EngineId& engine, EngineMoment moment, std::span<const std::uint8_t> digest,
             Clock::time_point now);
 
-  /// The newest moment of every engine but the own one.
+  /// The newest moment of every engine but this program's own.
   std::map<EngineId, EngineMoment> Newest() const;
 
  private:

@@ -1,5 +1,6 @@
 #include "snmp/host_lookup.h"
 
+#include <arpa/inet.h>
 #include <fmt/format.h>
 #include <netdb.h>
 
@@ -46,6 +47,13 @@ Answer AskSystem(const std::string& host, HostFamily family) {
   }
 }
 
+/// What the system would take for an address all the same: "1.2.3" for 1.2.0.3, "0x7f.1" for
+/// 127.0.0.1, "16909060" for 1.2.3.4.
+bool IsShortAddress(const std::string& host) {
+  in_addr ignored{};
+  return inet_aton(host.c_str(), &ignored) != 0;
+}
+
 HostAddress FromQuad(const std::array<std::uint8_t, 4>& quad) {
   HostAddress host{.address = {}, .length = sizeof(sockaddr_in)};
   host.address.v4.sin_family = AF_INET;
@@ -59,6 +67,7 @@ HostAddress LookUpHost(const std::string& host, HostFamily family,
                        std::chrono::milliseconds limit) {
   // The system would read a part with a zero in front as octal.
   if (const auto quad = DottedQuad(host)) return FromQuad(*quad);
+  if (IsShortAddress(host)) throw Failure(fmt::format("\"{}\" is not a whole address.", host));
   const auto answer = WithinTime<Answer>(limit, [host, family] { return AskSystem(host, family); });
   const int error = answer ? answer->error : EAI_AGAIN;
   if (error != 0) Refuse(host, error);

@@ -53,7 +53,8 @@ struct ListenerCounters {
   std::uint64_t Dropped() const { return Received() - Of(Outcome::kAccepted); }
 };
 
-/// Counters that the receiver thread writes and any thread reads.
+/// Counters that the receiver thread alone writes and any thread reads. Each is right by itself; a
+/// copy taken while datagrams arrive may not add up.
 class SharedCounters {
  public:
   void Count(Outcome outcome) { Add(outcomes_[static_cast<std::size_t>(outcome)], 1); }

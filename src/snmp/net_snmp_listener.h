@@ -23,8 +23,8 @@ struct ListenerOptions {
   std::uint16_t port = kTrapPort;
   /// Path of sentrel-port, which opens kTrapPort for a program that may not; empty for none.
   std::string portHelper = {};
-  /// Where engine ID, boots count and keys of version 3 persist. Made if need be; empty to keep
-  /// nothing.
+  /// Where engine ID, boots count and keys of version 3 persist. Made if it is missing; empty to
+  /// keep nothing.
   std::string stateFolder = {};
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
   std::string configurationPath = {};

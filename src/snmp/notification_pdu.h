@@ -11,7 +11,7 @@
 
 namespace sentrel {
 
-/// A notification of any SNMP version as it stands in its message, without what is around it.
+/// A notification of any SNMP version as its message holds it, without what is around it.
 /// Points into the bytes that it was read from.
 struct NotificationPdu {
   /// ber::kTrapV1, ber::kInform or ber::kTrapV2.
@@ -27,7 +27,7 @@ struct NotificationPdu {
 };
 
 /// Takes the bytes of a PDU, beginning with its tag; more may follow. Nothing where they are no
-/// notification, or its parts do not fit into it. Whatever the values are, none stands in the way:
+/// notification, or its parts do not fit into it. The values do not matter:
 /// they are not looked at.
 std::optional<NotificationPdu> ReadPdu(std::span<const std::uint8_t> pdu);
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace sentrel {
@@ -23,6 +24,11 @@ struct Peer {
   alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(in6_pktinfo))> local;
   std::size_t localLength;
 };
+
+/// In host order.
+inline std::uint16_t PortOf(const Peer::Address& address) {
+  return ntohs(address.v4.sin_port);  // at the same place in both forms
+}
 
 /// Dotted quad, also for an IPv4 address that is mapped into IPv6, else the text form of the IPv6
 /// address (RFC 5952) with its zone where it is a link-local one.

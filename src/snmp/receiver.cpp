@@ -14,7 +14,7 @@
 namespace sentrel {
 namespace {
 
-/// From so many datagrams at once the next are let gather.
+/// Where this many datagrams come at once, the next ones are left to gather.
 constexpr std::size_t kBusy = 8;
 constexpr std::chrono::milliseconds kRest{16};
 /// A machine does not send itself more than this meanwhile, and no network brings more.

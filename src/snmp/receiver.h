@@ -14,7 +14,7 @@ namespace sentrel {
 
 /// The thread that reads the socket, answers informs and fills the queue, for as long as this
 /// object lives. It touches the socket, the SNMP library, the queue and the counters, nothing
-/// else.
+/// else. Made and ended on the event loop's thread; the port is known before the thread starts.
 class Receiver {
  public:
   static constexpr std::chrono::seconds kLastReading{1};

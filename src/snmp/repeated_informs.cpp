@@ -16,11 +16,6 @@ void Append(std::string& bytes, std::string_view field) {
   bytes.append(reinterpret_cast<const char*>(&length), sizeof length).append(field);
 }
 
-std::string PortText(const Peer& peer) {
-  // The port stands at the same place in both forms.
-  return std::to_string(ntohs(peer.remote.v4.sin_port));
-}
-
 }  // namespace
 
 RepeatedInforms::RepeatedInforms() {
@@ -32,7 +27,7 @@ std::optional<RepeatedInforms::Digest> RepeatedInforms::DigestOf(
     const InformIdentity& inform) const {
   std::string address;
   AddressText(inform.peer, address);
-  const std::string port = PortText(inform.peer);
+  const std::string port = std::to_string(PortOf(inform.peer.remote));
   std::string bytes;
   for (const std::string_view field :
        {std::string_view(address), std::string_view(port), inform.engine, inform.user,

@@ -15,7 +15,7 @@
 namespace sentrel {
 
 /// What the same inform has in common each time that it is sent. Bytes differ: version 3 signs and
-/// encrypts each anew.
+/// encrypts each again.
 struct InformIdentity {
   const Peer& peer;
   /// The context engine ID of version 3; empty otherwise.

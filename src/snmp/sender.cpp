@@ -15,7 +15,7 @@
 namespace sentrel {
 namespace {
 
-/// The window stands still for so long at most, and a little more.
+/// The window waits for this long at most, and a little more.
 constexpr std::chrono::milliseconds kLookupLimit{4'500};
 
 class Socket {
@@ -84,7 +84,7 @@ std::int16_t Sender::SendTrap(const std::string& target, const std::string& comm
   const bool sent = Succeeds([&] {
     const auto message = TrapMessage(community, OIDs, Values, DataTypes);
     HostAddress to = LookUpHost(target, HostFamily::kAny, kLookupLimit);
-    // The port stands at the same place in both forms.
+    // The port is at the same place in both forms.
     to.address.v4.sin_port = htons(port_);
     const Socket socket(to.address.any.sa_family);
     if (!socket.Send(message, to)) throw Failure(Reason(errno, target));

@@ -10,7 +10,7 @@
 namespace sentrel {
 
 /// Finds hosts and sends traps to them, over IPv4 and IPv6. Belongs to one thread, beside which the
-/// receiver may run. What the operations promise stands with SNMP.
+/// receiver may run. SNMP tells what the operations promise.
 class Sender {
  public:
   explicit Sender(std::uint16_t port = kTrapPort) : port_(port) {}

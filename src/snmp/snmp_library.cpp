@@ -18,9 +18,9 @@ namespace fs = std::filesystem;
 
 constexpr char kName[] = "sentrel";
 constexpr char kStateHeader[] =
-    "# Sentrel writes this file anew while it runs and at its end. Edit it while it does not "
+    "# Sentrel rewrites this file while it runs and when it ends. Edit it while Sentrel does not "
     "run.\n";
-/// Keys stand in it.
+/// It holds keys.
 constexpr mode_t kStateMode = 0600;
 /// RFC 5591: for transports that a trap socket does not have.
 constexpr int kTransportSecurityModel = 4;

@@ -11,7 +11,8 @@ namespace sentrel {
 
 /// The SNMP library, set up for as long as this object lives: users of version 3 read, engine ID
 /// and boots count restored, nothing ever written to the standard streams. The library has but
-/// one state: one object at a time in a process.
+/// one state: one object at a time in a process. Made on the receiver's thread, gone after its end;
+/// meanwhile a thread of its own writes the state (StateWriter) and touches nothing of the library.
 ///
 /// What must outlive the run is in sentrel.conf in the state folder: engine ID, boots count,
 /// localized keys, and what the engines of senders have told of their time. The file is replaced
@@ -19,7 +20,7 @@ namespace sentrel {
 /// cannot keep it uses an engine ID of its own.
 class SnmpLibrary {
  public:
-  /// `stateFolder` is made if need be; empty keeps nothing. `configurationPath` lists the
+  /// `stateFolder` is made if it is missing; empty keeps nothing. `configurationPath` lists the
   /// folders, separated by colons, that are searched for sentrel.conf; empty stands for the
   /// library's own: the system's SNMP folders, then .snmp in the home folder. What cannot be read
   /// is done without.

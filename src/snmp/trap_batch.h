@@ -8,7 +8,11 @@
 
 namespace sentrel {
 
-/// Traps that travel together. Cleared, it keeps their memory for the next ones.
+/// Traps that travel together. Cleared, it keeps their memory for the next ones. It changes
+/// threads, but belongs to one at a time.
+///
+/// Invariant: of `traps_` the first `count_` are in the batch; the others are memory to be used
+/// again.
 class TrapBatch {
  public:
   std::size_t Size() const { return count_; }

@@ -19,6 +19,9 @@ struct QueueLimits {
 /// The traps between the receiver thread, which pushes, and the event loop, which takes. They go
 /// over by the batch, and emptied batches go back: in a storm a trap costs neither a lock nor an
 /// allocation.
+///
+/// Invariant: what is pushed is counted against the limits at once and until it is taken; a batch
+/// is in `published_`, in `spare_`, or with one of the two threads.
 class TrapQueue {
  public:
   explicit TrapQueue(QueueLimits limits) : limits_(limits) {}

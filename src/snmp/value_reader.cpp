@@ -58,7 +58,7 @@ std::optional<Type> Unsigned(Bytes octets) {
                                                     : std::nullopt;
 }
 
-/// Writes where the text is to stand: copying what has just been written takes longer than making
+/// Writes to where the text is to be: copying what has just been written takes longer than making
 /// it.
 template <typename Type>
 bool NumberText(std::optional<Type> number, std::string& text) {

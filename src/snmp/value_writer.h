@@ -14,7 +14,7 @@ namespace sentrel {
 std::vector<oid> ParseOid(std::string_view text);
 
 /// Appends a binding: the reverse of TypeCode and ValueText, so that the value that arrives has the
-/// text that was sent. Octets are taken as they stand, unless the text is what octets that are no
+/// text that was sent. Octets are taken as they are, unless the text is what octets that are no
 /// text are shown as; an Opaque number becomes the smallest kind that is shown like it. Throws
 /// Failure where the value does not fit the type code or the type code is none that a trap can
 /// carry (RFC 3416); the list is then unchanged.

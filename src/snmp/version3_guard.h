@@ -27,11 +27,11 @@ struct Version3Message {
 /// Stands before and behind the SNMP library's security model (USM, RFC 3414), which decrypts and
 /// checks digests, and asks more of a version 3 message than the library does:
 /// - it comes from a known user of a known engine. Of others the library would remember the engine,
-///   so that whoever sends ever new ones would fill its tables;
+///   so that anyone could fill its tables with new ones;
 /// - it is protected as well as the user's keys allow, or as an authUser line says. The library
 ///   takes an unprotected message from anyone who knows a user's name;
 /// - it is fresh, as EngineClocks sees it, and is not taken twice;
-/// and it lets only so many answers leave that a stranger can ask for.
+/// and it limits the answers that a stranger can ask for (AnswerLimit).
 ///
 /// The library has one security model for the process, so one guard at a time. Belongs to the
 /// thread that parses.

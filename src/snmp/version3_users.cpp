@@ -9,7 +9,7 @@
 namespace sentrel {
 namespace {
 
-/// Unambiguous, as the length of the engine ID stands in front.
+/// Unambiguous, as the length of the engine ID comes first.
 std::string Key(std::string_view engine, std::string_view user) {
   std::string key(1, static_cast<char>(engine.size()));
   return key.append(engine).append(user);

@@ -13,10 +13,10 @@ namespace sentrel {
 /// Replaces the trap's lists by the bindings that `encoded` holds.
 using BindingReader = void (*)(std::string_view encoded, Trap& trap);
 
-/// A trap as it is handed on. Who sent it is at hand; its bindings may stay as they came over the
-/// wire until someone wants to read them, which in a storm hardly anyone does. Small, and at most
-/// one piece of memory besides, because a storm moves it from thread to thread and from row to row.
-/// It may change threads, but belongs to one at a time.
+/// A trap as it is handed on. Its sender is known at once; its bindings may stay as they came over
+/// the wire until someone wants to read them, which in a storm hardly anyone does. Small, and at
+/// most one piece of memory besides, because a storm moves it from thread to thread and from row to
+/// row. It may change threads, but belongs to one at a time.
 class ArrivedTrap {
  public:
   /// Holds nothing yet.

@@ -18,7 +18,7 @@ QByteArray Contents(const QString& path) {
 /// Run by the test below, in a process and on a display of its own.
 TEST(DISABLED_OnADisplay, TheProgramLogsTraps) {
   const QDir folder(qEnvironmentVariable(kFolder));
-  const std::uint16_t port = FreePort();
+  const std::uint16_t port = test::FreePort();
   Program program(OptionsIn(folder.path().toStdString(), port));
   ASSERT_TRUE(program.Start());
   LogTo(folder.filePath("traps.log").toStdString(), program);

@@ -32,7 +32,7 @@ struct EndTest : ProgramFixture {
 
 TEST_F(EndTest, ByTheMenu) {
   SendAll();
-  Tool("Main:Exit").trigger();
+  Choose("Main:Exit");
   ExpectAll();
 }
 
@@ -50,12 +50,12 @@ TEST_F(EndTest, BySignalsThatComeTwiceUnderADialog) {
     raise(SIGINT);
     dialog.close();
   });
-  Tool("Main:Settings").trigger();
+  Choose("Main:Settings");
   ExpectAll();
 }
 
 TEST_F(EndTest, WhilePausedLeavesNoTrace) {
-  Tool("Edit:Pause").trigger();
+  Choose("Edit:Pause");
   SendAll();
   raise(SIGTERM);
   AwaitEnd();

@@ -39,7 +39,7 @@ struct DISABLED_SmallDisk : testing::Test {
 
   const fs::path disk = std::getenv("SMALL_DISK");
   const fs::path log = disk / "traps.log";
-  const std::uint16_t port = FreePort();
+  const std::uint16_t port = test::FreePort();
   Program program{OptionsIn(disk, port)};
   int sent = 0;
 };

@@ -42,7 +42,7 @@ TEST_F(HostileTextTest, NoTextReachesAnotherRow) {
   const QImage last = PictureOf(1);
   ASSERT_GT(last.height(), 10);
   for (const std::string& text : texts) {
-    Tool("Edit:Clear").trigger();
+    Choose("Edit:Clear");
     ShowText("plain");
     ShowText(text, text.substr(0, 101));
     ShowText("plain");
@@ -70,7 +70,7 @@ TEST_F(HostileTextTest, TheNameOfAFileIsNoMarkup) {
       box.reject();
     });
     user.Escape("QFileDialog");
-    Tool("Edit:SaveTrap").trigger();
+    Choose("Edit:SaveTrap");
   }
 }
 

@@ -40,7 +40,7 @@ TEST_F(LockedStoreTest, TheWindowGoesOnAndTrapsGoOnComing) {
     QElapsedTimer change;
     change.start();
     options.SetOIDCacheSize(2 + ++changes);
-    Tool("Edit:Raw").trigger();
+    Choose("Edit:Raw");
     longest = std::max(longest, change.elapsed());
     waited += change.elapsed();
   }

@@ -10,8 +10,8 @@
 
 #include "app/program.h"
 #include "dialogs.h"
-#include "fakes/free_port.h"
 #include "snmp/sender.h"
+#include "udp_socket.h"
 
 namespace sentrel {
 
@@ -51,7 +51,11 @@ struct ProgramFixture : testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&program.Window()));
   }
   QString Peer() const { return QString("127.0.0.1:%1").arg(port); }
-  QAction& Tool(const char* id) { return *program.Window().findChild<QAction*>(id); }
+  /// As the user does, to the end of what the tool runs: `user` answers its dialogs.
+  void Choose(const char* toolId) {
+    program.Window().findChild<QAction*>(toolId)->trigger();
+    QCoreApplication::processEvents();
+  }
   TableView& View() { return *program.Window().findChild<TableView*>("Table"); }
 
   void AwaitRows(int rows) {
@@ -67,7 +71,7 @@ struct ProgramFixture : testing::Test {
   }
   void SaveAs(const QString& file) {
     user.NameFile(file);
-    Tool("Edit:SaveTrap").trigger();
+    Choose("Edit:SaveTrap");
   }
   /// Runs another program to its end, this one's events being handled meanwhile. Returns its exit
   /// code.
@@ -80,7 +84,7 @@ struct ProgramFixture : testing::Test {
   }
 
   QTemporaryDir state;
-  std::uint16_t port = FreePort();
+  std::uint16_t port = test::FreePort();
   Program program{OptionsIn(state.path().toStdString(), port)};
   User user;
 };

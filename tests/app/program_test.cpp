@@ -48,7 +48,7 @@ TEST_F(ProgramTest, TrapsUnderTheOpenSettingsDialogMeetTheOldFilters) {
     AwaitRows(2);
     QTest::mouseClick(dialog.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
   });
-  Tool("Main:Settings").trigger();
+  Choose("Main:Settings");
   EXPECT_EQ(Send(SNMPTRAP, {"-v2c", "-cprivate"}, coldStart), 0);
   EXPECT_EQ(Send(SNMPTRAP, kV2, coldStart), 0);
   AwaitRows(3);
@@ -78,7 +78,7 @@ TEST_F(ProgramTest, AboutTellsTheVersionOfTheProgramFile) {
     version = box.findChild<QLabel*>("VersionInfo")->text();
     box.close();
   });
-  Tool("Help:About").trigger();
+  Choose("Help:About");
   const QStringList lines = version.split('\n');
   ASSERT_EQ(lines.size(), 3) << version.toStdString();
   const QString majorAndMinor = QString(SENTREL_VERSION).section('.', 0, 1);

@@ -23,7 +23,7 @@ struct SendingTest : ProgramFixture {
       target->completer()->popup()->hide();
       QTest::mouseClick(dialog.findChild<QPushButton*>("cmdSend"), Qt::LeftButton);
     });
-    Tool("Edit:SendTestTrap").trigger();
+    Choose("Edit:SendTestTrap");
   }
   /// Replays a file to the program. Returns the tool's exit code.
   int Replay(const QString& name) { return Run(REPLAY, {name, Peer()}); }

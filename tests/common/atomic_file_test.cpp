@@ -35,6 +35,8 @@ TEST_F(AtomicFileTest, WritesANewFileAndReplacesAnOldOneKeepingItsMode) {
   WriteFile(path_, std::string("t\0wo", 4));
   EXPECT_EQ(ReadFile(path_), std::string("t\0wo", 4));
   EXPECT_EQ(Mode(path_), 0640u);
+  WriteFile(path_, "secret", 0600);
+  EXPECT_EQ(Mode(path_), 0600u) << "nobody may read it who could not a new one";
   EXPECT_EQ(folder_.Files(), 1);
 }
 
@@ -97,7 +99,8 @@ TEST_F(AtomicFileTest, RefusesWhatIsNoPlaceForAFile) {
   chmod(path_.c_str(), 0444);
   const std::pair<std::string, const char*> cases[] = {
       {path_, "it is write-protected."},
-      {folder_ / "gone/x.csv", "No such file or directory."},
+      {folder_ / "gone/x.csv", "there is no such folder."},
+      {folder_ / std::string(300, 'n'), "File name too long."},
       {folder_ / "", "it is a folder."},
       {"/dev/full", "it is not a file."}};
   for (const auto& refused : cases) {

@@ -1,4 +1,3 @@
-#include "common/failure.h"
 #include "console/globals.h"
 #include "window_fixture.h"
 
@@ -18,17 +17,20 @@ struct MainFormTest : WindowTest {
 };
 
 TEST_F(MainFormTest, StartsListeningBeforeTheWindowShows) {
-  EXPECT_TRUE(Main(application, form, offerTip));
+  log.failing = "Tip";
+  EXPECT_TRUE(Main(application, form, offerTip)) << "a tip that fails is no failed start";
   EXPECT_THAT(log.calls, ElementsAre(kHints, "StartListening", "Show", "Tip"));
   EXPECT_EQ(application.helpFile, "/opt/sentrel/Help/Varnholt.chm");
   EXPECT_EQ(window.caption, "SNMP Sentrel");
   EXPECT_EQ(window.helpContext, 9100);
 }
 
-TEST_F(MainFormTest, TheRawToolShowsTheStoredOptionAndANegativeResultIsNoFailure) {
+TEST_F(MainFormTest, TheStoredOptionsAreShownAndANegativeResultIsNoFailure) {
   settings.SetRaw(true);
+  settings.SetDeviceFilterActive(true);
   snmp.startResult = -1;
   Main(application, form, offerTip);
+  EXPECT_THAT(table.EmptyText(), testing::HasSubstr("Device filtering is on"));
   EXPECT_EQ(tools.Tools("Edit:Raw").State(), 1);
   EXPECT_EQ(tools.Tools("Edit:Pause").State(), 0);
   EXPECT_THAT(log.calls, Contains("Show"));
@@ -46,10 +48,6 @@ TEST_F(MainFormTest, AFailedStartTellsWhyAndEndsUnseen) {
   EXPECT_EQ(messageBox.title, "Sentrel");
 }
 
-TEST_F(MainFormTest, ATipThatFailsIsNoFailedStart) {
-  EXPECT_TRUE(Main(application, form, [] { throw Failure("no tips"); }));
-}
-
 TEST_F(MainFormTest, UnloadingGoesOnPastAStepThatFails) {
   for (const char* failing : {"StopListening", "CloseListener", kSave}) {
     log = {{}, failing};
@@ -58,13 +56,13 @@ TEST_F(MainFormTest, UnloadingGoesOnPastAStepThatFails) {
   }
 }
 
-TEST_F(MainFormTest, LaysOutTheTableAndClearsIt) {
+TEST_F(MainFormTest, LaysOutTheTableClearsItAndLeavesRoomForTheStatusBar) {
   window.textHeight = 15;  // 22.5 goes to the even number
   form.SetupTable();
   table.AddItem("", 1);
   table.SetColWidth(0, 500);
   form.SetupTable();  // as the clear command does
-  const std::tuple<const char*, int, Alignment> columns[] = {
+  const std::tuple<std::string, int, Alignment> columns[] = {
       {"Trap Time", 77, Alignment::Center},
       {"IP Address", 84, Alignment::Center},
       {"Community", 98, Alignment::Center},
@@ -78,41 +76,34 @@ TEST_F(MainFormTest, LaysOutTheTableAndClearsIt) {
   EXPECT_EQ(table.Rows(), 1);
   EXPECT_EQ(table.RowHeight(0), 22);
   EXPECT_EQ(table.RuleColor(), 0x6464FFU);
+  for (const int height : {600, 10}) {
+    window.inner.height = height;
+    form.Form_Resize();
+    EXPECT_EQ(window.table.width, 800);
+    EXPECT_EQ(window.table.height, 580) << "a window too small leaves the table as it was";
+  }
 }
 
-TEST_F(MainFormTest, TheTableLeavesRoomForTheStatusBar) {
-  form.Form_Resize();
-  EXPECT_EQ(window.table.width, 800);
-  EXPECT_EQ(window.table.height, 580);
-  window.inner.height = 10;
-  form.Form_Resize();
-  EXPECT_EQ(window.table.height, 580) << "a window that is too small leaves the table as it was";
-}
-
-TEST_F(MainFormTest, OnlyALayoutFromBeforeTheFirstDayIsDeleted) {
+TEST_F(MainFormTest, OnlyALayoutFromBeforeTheFirstDayIsDeletedAndFailuresArePassedOver) {
   const std::pair<FakeFileSystem::File, bool> cases[] = {
       {{{2004, 8, 24, 23, 59, 59}}, false}, {{{2004, 8, 25, 0, 0, 0}}, true},
       {{{2003, 12, 31, 0, 0, 0}}, false},   {{{2004, 9, 1, 0, 0, 0}}, true},
       {{{2005, 1, 1, 0, 0, 0}}, true},      {{{2004, 8, 24, 0, 0, 0}, true}, true}};
-  for (const auto& [file, survives] : cases) {
-    files.files = {{kPath, file}};
-    log.calls.clear();
-    layout.LoadToolbarLayout();
-    EXPECT_EQ(files.Exists(kPath), survives) << file.created.year << file.created.day;
-    EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints)) << "loading is asked for all the same";
+  for (const bool fails : {false, true}) {
+    files.datesFail = fails;
+    log.failing = fails ? kLoad : "";
+    for (const auto& [file, survives] : cases) {
+      files.files = {{kPath, file}};
+      log.calls.clear();
+      layout.LoadToolbarLayout();
+      EXPECT_EQ(files.Exists(kPath), survives || fails) << file.created.year << file.created.day;
+      EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints)) << "loading is asked for all the same";
+    }
   }
-}
-
-TEST_F(MainFormTest, AMissingLayoutAndAStepThatFailsArePassedOver) {
+  files.files.clear();
+  log.calls.clear();
   layout.LoadToolbarLayout();
   EXPECT_THAT(log.calls, ElementsAre(kHints));
-  log.calls.clear();
-  files.files = {{kPath, {{2004, 8, 24, 0, 0, 0}}}};
-  files.datesFail = true;
-  log.failing = kLoad;
-  layout.LoadToolbarLayout();
-  EXPECT_TRUE(files.Exists(kPath));
-  EXPECT_THAT(log.calls, ElementsAre(kLoad, kHints));
 }
 
 }  // namespace

@@ -25,10 +25,8 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   dialog.choice = "a name";
   command.SaveSelectedTrap();
   const SavedTrap& saved = writer.files.at("a name");
-  EXPECT_EQ(saved.StationText1, "noc");
-  EXPECT_EQ(saved.StationText2, "Linux");
-  EXPECT_EQ(saved.SourceIP, "192.0.2.7");
-  EXPECT_EQ(saved.TrapCommunity, "public");
+  EXPECT_EQ(saved.StationText1 + " " + saved.StationText2, "noc Linux");
+  EXPECT_EQ(saved.SourceIP + " " + saved.TrapCommunity, "192.0.2.7 public");
   EXPECT_THAT(saved.OIDs, ElementsAre("1.3.6.1.4.1.9.1", "1.3.6.1.4.1.9.2"));
   EXPECT_THAT(saved.DataTypes, ElementsAre(4, 4));
   EXPECT_THAT(saved.Values, ElementsAre("second", "a=b::c"));
@@ -36,31 +34,26 @@ TEST_F(SavedTrapTest, SavesTheRowWhereTheSelectionBeganUnderTheNameAsGiven) {
   EXPECT_EQ(request.title, "Save SNMP Trap ...");
   EXPECT_EQ(request.filter, "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "");
-  EXPECT_TRUE(request.promptBeforeOverwrite && request.refuseReadOnly);
+  EXPECT_TRUE(request.promptBeforeOverwrite && request.refuseUnwritable);
 }
 
-TEST_F(SavedTrapTest, WithoutASelectedTrapThereIsNoDialog) {
-  dialog.choice = "a name";
+TEST_F(SavedTrapTest, CancelAndFailuresEndSilentlyAndWithoutATrapThereIsNoDialog) {
   command.SaveSelectedTrap();
   builder.AddTrap(TrapOf({}));
-  table.SetRow(0);
-  table.SetRowSel(1);
-  command.SaveSelectedTrap();
-  table.AddItem("no record", 1);
-  table.SetRow(1);
-  command.SaveSelectedTrap();
+  for (const int row : {0, 1, 2}) {
+    table.AddItem("no record", 1);
+    table.SetRow(row);
+    table.SetRowSel(1);
+    if (row < 2) command.SaveSelectedTrap();
+  }
   EXPECT_THAT(dialog.requests, IsEmpty());
-}
-
-TEST_F(SavedTrapTest, CancelAndFailuresEndSilently) {
-  builder.AddTrap(TrapOf({}));
-  table.SetRow(1);
+  table.SetRow(4);
   command.SaveSelectedTrap();  // cancelled
   dialog.choice = "";          // cannot be written
   command.SaveSelectedTrap();
   dialog.choice = "a name";
   for (const char* broken : {"no record", "SOURCEIP=a::1.3=99999=x"}) {
-    table.SetRowData(1, broken);
+    table.SetRowData(4, broken);
     command.SaveSelectedTrap();
   }
   EXPECT_EQ(dialog.requests.size(), 4U);

@@ -30,10 +30,10 @@ struct WindowTest : testing::Test {
   Table table;
   ToolBars tools;
   StatusBar statusBar;
-  Toggles toggles{settings, tools, statusBar};
+  PauseAndRaw pauseAndRaw{settings, table, tools, statusBar};
   ToolbarLayout layout{application, files, tools};
   TableCommands tableCommands{table, clipboard, tools};
-  MainForm form{window, table, snmp, messageBox, toggles, layout};
+  MainForm form{window, table, snmp, messageBox, pauseAndRaw, layout};
 };
 
 }  // namespace sentrel

@@ -4,14 +4,16 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <array>
 
-#include "desktop/export/filename.h"
+#include "desktop/export/save_as_dialog.h"
 #include "desktop/forms/toolkit_dialogs.h"
 #include "dialogs.h"
 
@@ -57,14 +59,30 @@ TEST_F(FileDialogTest, AsksBeforeOverwritingWhereWanted) {
   EXPECT_EQ(files.ChooseSaveFile(request), std::nullopt);
 }
 
-TEST_F(FileDialogTest, RefusesReadOnlyFilesWhereWanted) {
+TEST_F(FileDialogTest, RefusesWhereNothingCanBeWrittenAndSaysWhy) {
   MakeFile("locked", QFile::ReadOwner);
   SaveFileRequest request = Request();
-  request.refuseReadOnly = true;
-  user.NameFile("locked");
-  user.Accept("QMessageBox");
-  user.NameFile("free");
+  request.refuseUnwritable = true;
+  const std::pair<std::string, const char*> refused[] = {
+      {Path("locked"), "it is write-protected"}, {Path("missing/x"), "there is no such folder"},
+      {Path("locked/x"), "Not a directory"},     {"/proc/x", ""},
+      {"/dev/full", "it is not a file"},
+  };
+  for (const auto& [name, reason] : refused) {
+    user.NameFile(QString::fromStdString(name));
+    user.When("QMessageBox", [reason = reason](QWidget& box) {
+      EXPECT_THAT(
+          qobject_cast<QMessageBox*>(&box)->text().toStdString(),
+          testing::AllOf(testing::StartsWith("Cannot write the file "), testing::HasSubstr(reason),
+                         testing::EndsWith(".\nPlease choose another file name.")));
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+  }
+  user.NameFile(folder.filePath("free"));
   EXPECT_EQ(files.ChooseSaveFile(request), Path("free"));
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System),
+            QStringList("locked"))
+      << "to find out leaves nothing behind";
 }
 
 /// Any file of the folder may be one whose reading never ends.
@@ -78,7 +96,9 @@ TEST_F(FileDialogTest, NoDialogOpensTheFilesThatItShows) {
       [&] {
         files.ChooseSaveFile({"Log", "All Files (*.*)|*.*", notes.toStdString()});
       },
-      [&] { AskFilename(&window, notes, "Odd", "odd"); },
+      [&] {
+        SaveAs(&window, notes, {"Odd", "odd"}, [](const QString&) { return true; });
+      },
       [&] { QFileDialog::getSaveFileName(&window, "The toolkit's own", folder.path()); },
   };
   for (const auto& open : dialogs) {

@@ -11,6 +11,7 @@
 
 #include "common/failure.h"
 #include "desktop/help/help_browser.h"
+#include "desktop/help/help_key.h"
 #include "desktop/help/help_pages.h"
 
 namespace sentrel {
@@ -198,7 +199,11 @@ TEST_F(HelpWindowTest, CanBeUsedWhileADialogIsOpen) {
 
 TEST(HelpKey, GivesTheNumberOfTheWindowItIsPressedIn) {
   std::vector<int> numbers;
-  const HelpKey key([&](int number) { numbers.push_back(number); });
+  std::vector<std::string> topics;
+  const HelpKey key([&](int number, const std::string& topic) {
+    numbers.push_back(number);
+    topics.push_back(topic);
+  });
   QWidget window;
   window.setProperty("helpContext", 9100);
   auto* edit = new QLineEdit(&window);
@@ -209,13 +214,16 @@ TEST(HelpKey, GivesTheNumberOfTheWindowItIsPressedIn) {
   QTest::keyClick(box, Qt::Key_F1);
   dialog.setProperty("helpContext", 7);
   QTest::keyClick(box, Qt::Key_F1);
-  EXPECT_THAT(numbers, ElementsAre(9100, 9100, 9100, 7));
+  dialog.setProperty("helpTopic", "Filters");
+  QTest::keyClick(box, Qt::Key_F1);
+  EXPECT_THAT(numbers, ElementsAre(9100, 9100, 9100, 7, 7));
+  EXPECT_THAT(topics, ElementsAre("", "", "", "", "Filters"));
 
   QTest::keyClick(edit, Qt::Key_F1, Qt::ShiftModifier);
   QTest::keyClick(edit, Qt::Key_F2);
   QLineEdit elsewhere;
   QTest::keyClick(&elsewhere, Qt::Key_F1);
-  EXPECT_EQ(numbers.size(), 4U);
+  EXPECT_EQ(numbers.size(), 5U);
 }
 
 }  // namespace

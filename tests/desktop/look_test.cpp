@@ -15,11 +15,8 @@ QPalette Desktop(const QColor& page, const QColor& text) {
   return palette;
 }
 
-TEST(Look, LeavesReadableColorsAlone) {
+TEST(Look, MendsWhatADarkDesktopLeavesAsItIsOnALightOneAndNothingElse) {
   EXPECT_EQ(ReadableColors(Desktop(Qt::white, Qt::black)).resolveMask(), 0U);
-}
-
-TEST(Look, MendsWhatADarkDesktopLeavesAsItIsOnALightOne) {
   for (const char* dark : {"black", "#1b1e20", "#2d2d2d", "#3b4252"}) {
     const QPalette mended = ReadableColors(Desktop(dark, Qt::white));
     for (const auto role : {QPalette::PlaceholderText, QPalette::Link, QPalette::LinkVisited}) {

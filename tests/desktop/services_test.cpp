@@ -1,6 +1,7 @@
 #include "desktop/services/desktop_application.h"
 #include "desktop/services/desktop_clipboard.h"
 #include "desktop/services/desktop_files.h"
+#include "desktop/services/desktop_timer.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QTest>
 
 #include "common/failure.h"
 
@@ -56,6 +58,56 @@ TEST(DesktopFiles, DeletesWhatIsNotReadOnly) {
 TEST(DesktopApplication, TheLayoutLiesBesideTheProgramWhereThatCanBeWritten) {
   const DesktopApplication application("/elsewhere");
   EXPECT_EQ(application.LayoutFolder(), application.ProgramFolder());
+}
+
+struct DesktopTimerTest : testing::Test {
+  DesktopTimerTest() {
+    timer.Setup(kInterval, [this] {
+      expiries.push_back(CoarseClock::now());
+      timer.SetEnabled(!isOnce);
+    });
+  }
+  bool ExpiredTimes(std::size_t count) {
+    return QTest::qWaitFor([&] { return expiries.size() >= count; });
+  }
+  /// Handles events until this much time has passed.
+  static void Pass(std::chrono::milliseconds time) {
+    const auto end = CoarseClock::now() + time;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return CoarseClock::now() >= end; }));
+  }
+
+  static constexpr std::chrono::milliseconds kInterval{60};
+  DesktopTimer timer;
+  bool isOnce = false;
+  std::vector<CoarseClock::time_point> expiries;
+};
+
+TEST_F(DesktopTimerTest, RepeatsFromItsStartAndEachTimeAWholeInterval) {
+  auto last = CoarseClock::now();
+  timer.SetEnabled(true);
+  ASSERT_TRUE(ExpiredTimes(3));
+  for (const auto expiry : expiries) EXPECT_GE(expiry - std::exchange(last, expiry), kInterval);
+}
+
+TEST_F(DesktopTimerTest, OffIsSilentAndOnAgainBeginsAWholeNewInterval) {
+  timer.SetEnabled(true);
+  Pass(kInterval / 2);
+  timer.SetEnabled(false);
+  const auto start = CoarseClock::now();
+  timer.SetEnabled(true);
+  ASSERT_TRUE(ExpiredTimes(1));
+  EXPECT_GE(expiries.front() - start, kInterval) << "not at the end of the interval before";
+  timer.SetEnabled(false);
+  expiries.clear();
+  Pass(kInterval * 2);
+  EXPECT_TRUE(expiries.empty());
+}
+
+TEST_F(DesktopTimerTest, AnExpiryMayTurnItOff) {
+  isOnce = true;
+  timer.SetEnabled(true);
+  Pass(kInterval * 3);
+  EXPECT_EQ(expiries.size(), 1U);
 }
 
 }  // namespace

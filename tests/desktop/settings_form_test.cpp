@@ -78,14 +78,18 @@ TEST_F(SettingsDialogTest, HasItsPagesAndCaptions) {
   Open(kGeneral);
   EXPECT_EQ(dialog->windowTitle(), "Sentrel Settings ...");
   EXPECT_EQ(dialog->property("helpContext"), 9100);
-  const std::pair<const char*, const char*> pages[] = {{"General", "SSActiveTabPanel1"},
-                                                       {"Device Filter", "SSActiveTabPanel2"},
-                                                       {"Community Filter", "SSActiveTabPanel4"},
-                                                       {"Logging", "SSActiveTabPanel3"}};
+  const std::tuple<const char*, const char*, const char*> pages[] = {
+      {"General", "SSActiveTabPanel1", "SettingsGeneral"},
+      {"Device Filter", "SSActiveTabPanel2", "SettingsDeviceFilter"},
+      {"Community Filter", "SSActiveTabPanel4", "SettingsCommunityFilter"},
+      {"Logging", "SSActiveTabPanel3", "SettingsLogging"}};
   ASSERT_EQ(Tabs().count(), 4);
   for (int tab = 0; tab < Tabs().count(); ++tab) {
-    EXPECT_EQ(Tabs().tabText(tab), pages[tab].first);
-    EXPECT_EQ(Tabs().widget(tab)->objectName(), pages[tab].second);
+    const auto& [caption, name, helpTopic] = pages[tab];
+    EXPECT_EQ(Tabs().tabText(tab), caption);
+    EXPECT_EQ(Tabs().widget(tab)->objectName(), name);
+    Tabs().setCurrentIndex(tab);
+    EXPECT_EQ(dialog->property("helpTopic"), helpTopic);
   }
   EXPECT_TRUE(QFontInfo(List("DeviceFilterList").font()).fixedPitch());
   const std::pair<const char*, const char*> captions[] = {
@@ -96,6 +100,7 @@ TEST_F(SettingsDialogTest, HasItsPagesAndCaptions) {
       {"AddLabel", "Add New IP Address, Subnet, or Address Range"},
       {"cmdAddDeviceFilter", "Add "},
       {"ExamplesLabel", "Examples:"},
+      {"ExampleList", "10.0.1.23\n10.0.1.1 - 10.0.1.255\n10.0.1.0/24\n10.0.1.0/255.255.255.0"},
       {"ExampleNames", "Single IP Address\nIP Address Range\nSubnet\nSubnet"},
       {"cmdDeleteDeviceFilter", "Remove Selected Filter"},
       {"checkCommunity", "Enable SNMP Community Filtering"},
@@ -260,6 +265,7 @@ TEST_F(SettingsDialogTest, OKWithoutAFilterShowsWhereOneIsMissing) {
   Click("cmdOK");
   EXPECT_THAT(box.text, testing::StartsWith("You have enabled Device Filtering"));
   EXPECT_EQ(Tabs().currentIndex(), kDeviceFilter);
+  EXPECT_TRUE(HasFocus("NewDeviceFilter"));
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_FALSE(settings.DeviceFilterActive());
 }

@@ -19,10 +19,13 @@ struct WindowTest : testing::Test, ToolBarsEvents, TableEvents {
     tools.SetEvents(this);
     table.SetEvents(this);
   }
-  void ToolBars_ToolClick(const Tool& tool) override { chosen.emplace_back(tool.Id()); }
+  void ToolBars_ToolClick(const Tool& tool) override {
+    chosen.emplace_back(tool.Id());
+    if (tool.Id() == "Main:Export") tools.PopupMenu(tools.Tools("Menu:ExportMenu"));
+  }
   void Table_MouseDown(int button, int, int, int) override {
     buttons.push_back(button);
-    if (button == TableView::kRightButton) tools.PopupMenu(tools.Tools("Menu:EditMenu"));
+    if (button == kRightButton) tools.PopupMenu(tools.Tools("Menu:EditMenu"));
   }
 
   void Show() {
@@ -34,6 +37,14 @@ struct WindowTest : testing::Test, ToolBarsEvents, TableEvents {
   }
   TableView& View() { return *window.findChild<TableView*>("Table"); }
   QAction& Action(const char* id) { return *window.findChild<QAction*>(id); }
+  QWidget& Button(const char* id) {
+    return *window.findChild<QToolBar*>("ToolBar")->widgetForAction(&Action(id));
+  }
+  /// Choices come with a turn of the event loop.
+  const std::vector<std::string>& Chosen() {
+    QCoreApplication::processEvents();
+    return chosen;
+  }
   QMenu* OpenMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
 
   Table table;

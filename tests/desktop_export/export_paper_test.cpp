@@ -1,19 +1,51 @@
-#include <QPrintPreviewDialog>
-#include <QPrinterInfo>
+#include <QLabel>
+#include <QLineEdit>
 #include <QProcess>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTest>
+#include <QToolButton>
 
-#include "desktop/export/print.h"
+#include "common/failure.h"
+#include "desktop/export/column_widths.h"
+#include "desktop/export/page_view.h"
+#include "desktop/export/pdf_file.h"
 #include "desktop/export/progress_dialog.h"
 #include "desktop/export/table_pages.h"
-#include "engine_fixture.h"
+#include "exporter_fixture.h"
 
 namespace sentrel {
 namespace {
 
-using testing::HasSubstr;
+using testing::DoubleNear;
+using testing::Pointwise;
 
-class ExportPaper : public EngineFixture {
+class Untold : public Progress {
+ public:
+  void Advance(std::size_t, std::size_t) override {}
+};
+
+QPageLayout A4() {
+  return {QPageSize(QPageSize::A4), QPageLayout::Portrait, {15, 15, 15, 15}};
+}
+
+TableContent OneColumn(std::size_t rows) {
+  TableContent content;
+  content.columns = {{"Column", Alignment::Left}};
+  content.rows.assign(rows, {"cell"});
+  return content;
+}
+
+int DarkPixels(QWidget& widget) {
+  const QImage image = widget.grab().toImage();
+  int dark = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
+  }
+  return dark;
+}
+
+class ExportPaper : public ExporterFixture {
  protected:
   /// The text of the PDF file, page by page, read by an independent tool.
   QStringList PdfPages(const QString& name) {
@@ -24,17 +56,22 @@ class ExportPaper : public EngineFixture {
     pages.removeLast();
     return pages;
   }
-  void SavePdf(std::int32_t orientation = 1) {
-    const auto engine = NewSilentEngine();
-    engine->SetOrientation(orientation);
-    EXPECT_TRUE(engine->ExportTable(table_, "PDF", ""));
+  void FillTable() {
+    for (int row = 1; row < 999; ++row) {
+      table_.AddItem("05-Dec-26\t192.0.2.1\trow<" + std::to_string(row) + ">", 1);
+    }
   }
+  void SavePdf(std::int32_t orientation = 1) {
+    const auto exporter = NewSilentExporter();
+    exporter->SetOrientation(orientation);
+    EXPECT_TRUE(exporter->ExportTable(table_, "PDF", ""));
+  }
+
+  Untold untold_;
 };
 
 TEST_F(ExportPaper, EveryPageOfAPdfBearsTitleDateTitlesOfColumnsAndItsNumber) {
-  for (int row = 1; row < 999; ++row) {
-    table_.AddItem("05-Dec-26\t192.0.2.1\trow<" + std::to_string(row) + ">", 1);
-  }
+  FillTable();
   SavePdf();
   const QStringList pages = PdfPages("Traps.pdf");
   ASSERT_GT(pages.size(), 5);
@@ -67,67 +104,120 @@ TEST_F(ExportPaper, ARowTallerThanAPageGoesOnAndLosesNoLine) {
   EXPECT_EQ(all.count("Trap Details"), pages.size());
 }
 
-TEST_F(ExportPaper, ALongLineIsWrappedAndNoneOfItIsLost) {
-  table_.SetCell(1, 2, std::string(60 * 1024, 'x'));
+TEST_F(ExportPaper, ALongLineIsWrappedAndNoneOfItIsLostAndAnEmptyTableIsOnePage) {
+  table_.SetCell(1, 2, std::string(61'440, 'x'));
   SavePdf(2);
-  int letters = 0;
-  for (const QString& page : PdfPages("Traps.pdf")) letters += static_cast<int>(page.count('x'));
-  EXPECT_EQ(letters, 60 * 1024);
-}
-
-TEST_F(ExportPaper, AnEmptyTableIsOnePage) {
+  EXPECT_EQ(PdfPages("Traps.pdf").join("").count('x'), 61'440);
   table_.SetRows(1);
   SavePdf();
   EXPECT_EQ(PdfPages("Traps.pdf").size(), 1);
 }
 
-TEST_F(ExportPaper, PreviewShowsThePages) {
-  const auto engine = NewEngine();
+TEST_F(ExportPaper, WidthsOfColumnsFollowTheirContent) {
+  const std::vector<double> usual(19, 50);
+  std::vector<double> withOneLong = usual;
+  withOneLong.push_back(900);
+  const auto need = [](const std::vector<double>& lines) { return NeedOf(30, 20, lines); };
+  const struct {
+    std::vector<ColumnNeed> needs;
+    std::vector<double> widths;
+  } cases[] = {
+      {{need(usual), need({})}, {50, 150}},
+      {{need({}), need(usual), need(withOneLong)}, {30, 50, 120}},
+      {{need(withOneLong), need({190})}, {50, 150}},
+      {{need({}), need({190}), need({170})}, {20, 90, 90}},
+      {{need({0, 0}), need({400})}, {20, 180}},
+      {{NeedOf(300, 300, {}), need(usual)}, {100, 100}},
+  };
+  for (const auto& [needs, widths] : cases) {
+    EXPECT_THAT(ShareWidth(needs, 200), Pointwise(DoubleNear(0.01), widths));
+  }
+}
+
+/// Chooses pages and a file in the toolkit's print dialog, which asks before it replaces one.
+void PrintToFile(QWidget& dialog, const QString& file, int from, int to) {
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  dialog.findChild<QRadioButton*>("printRange")->click();
+  dialog.findChild<QSpinBox*>("from")->setValue(from);
+  dialog.findChild<QSpinBox*>("to")->setValue(to);
+  dialog.findChild<QLineEdit*>("filename")->setText(file);
+  QTest::keyClick(&dialog, Qt::Key_Return);
+}
+
+TEST_F(ExportPaper, PrintToFileTakesTheRangeAndComesBackAsItWasWhenTheFileCannotBeWritten) {
+  FillTable();
   user_.Accept("ExportColumns");
-  user_.When("PrintPreview", [](QWidget& window) {
+  user_.When("Print", [](QWidget& dialog) { PrintToFile(dialog, "/dev/null", 2, 3); });
+  user_.Press("QMessageBox", "Yes");
+  user_.When("Print", [this](QWidget& dialog) {
+    EXPECT_EQ(messageBox_.text, "Cannot write the file /dev/null: it is not a file.");
+    auto* file = dialog.findChild<QLineEdit*>("filename");
+    EXPECT_EQ(file->text(), "/dev/null");
+    EXPECT_EQ(dialog.findChild<QSpinBox*>("from")->value(), 2);
+    EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->value(), 3);
+    file->setText(folder_.filePath("two.pdf"));
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  const auto exporter = NewExporter();
+  EXPECT_TRUE(exporter->ExportTable(table_, "PRINTER", ""));
+  EXPECT_EQ(exporter->TargetFilename(), Path("two.pdf"));
+  const QStringList pages = PdfPages("two.pdf");
+  ASSERT_EQ(pages.size(), 2);
+  EXPECT_TRUE(pages[0].contains("Page 2 of "));
+  EXPECT_TRUE(pages[1].contains("Page 3 of "));
+}
+
+TEST_F(ExportPaper, PreviewShowsThePagesAndPrintsThoseThatAreChosen) {
+  FillTable();
+  user_.Accept("ExportColumns");
+  user_.When("PrintPreview", [this](QWidget& window) {
     EXPECT_EQ(window.windowTitle(), "SNMP Traps - Print Preview");
-    auto& preview = dynamic_cast<QPrintPreviewDialog&>(window);
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-    EXPECT_GT(preview.printer()->pageLayout().paintRectPixels(72).width(), 0);
+    auto& pages = *window.findChild<PageView*>();
+    EXPECT_GT(DarkPixels(pages), 1000);
+    auto& page = *window.findChild<QSpinBox*>("Page");
+    QTest::keyClick(&page, Qt::Key_Up);
+    QTest::keyClick(&page, Qt::Key_Return);
+    EXPECT_EQ(pages.CurrentPage(), 2);
+    QTest::keyClick(&window, Qt::Key_P, Qt::ControlModifier);
     QTest::keyClick(&window, Qt::Key_Escape);
   });
-  EXPECT_TRUE(engine->ExportTable(table_, "PREVIEW", ""));
-  EXPECT_EQ(engine->TargetFilename(), Path("Traps"));
+  user_.When("Print",
+             [this](QWidget& dialog) { PrintToFile(dialog, folder_.filePath("one.pdf"), 1, 1); });
+  EXPECT_TRUE(NewExporter()->ExportTable(table_, "PREVIEW", ""));
+  EXPECT_EQ(PdfPages("one.pdf").size(), 1);
 }
 
-TEST_F(ExportPaper, WithoutAPrinterThePagesCanBeSaved) {
-  if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "there is a printer";
+TEST_F(ExportPaper, PreviewLaysThePagesOutAnewForAnotherPaper) {
+  FillTable();
   user_.Accept("ExportColumns");
-  user_.Escape("NoPrinter");
-  EXPECT_FALSE(NewEngine()->ExportTable(table_, "PRINTER", ""));
-  user_.Accept("ExportColumns");
-  user_.Press("NoPrinter", "Save as PDF");
-  user_.NameFile("printed");
-  EXPECT_TRUE(NewEngine()->ExportTable(table_, "PRINTER", ""));
-  EXPECT_TRUE(PdfPages("printed.pdf").join("").contains("192.0.2.1"));
-
-  const auto engine = NewEngine();
-  engine->SetQuiet(true);
-  EXPECT_FALSE(engine->ExportTable(table_, "PRINTER", ""));
+  user_.When("PrintPreview", [](QWidget& window) {
+    const QString count = window.findChild<QLabel*>("PageCount")->text();
+    QTest::mouseClick(window.findChild<QToolButton*>("PageSetup"), Qt::LeftButton);
+    EXPECT_NE(window.findChild<QLabel*>("PageCount")->text(), count);
+    QTest::keyClick(&window, Qt::Key_Escape);
+  });
+  user_.When("PageSetup", [](QWidget& dialog) {
+    dialog.findChild<QRadioButton*>("landscape")->click();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  EXPECT_TRUE(NewExporter()->ExportTable(table_, "PREVIEW", ""));
 }
 
-TEST_F(ExportPaper, LongWorkCanBeEndedWithACancelButton) {
-  TableContent content;
-  content.columns = {{"Column", Alignment::Left}};
-  content.rows.assign(20000, {"cell"});
-  TablePages pages(content);
-  ProgressDialog progress(&owner_, "Exporting ...", std::chrono::milliseconds(0));
+TEST_F(ExportPaper, ARangeWithoutAPageIsRefused) {
+  const TableContent content = OneColumn(1);
+  const TablePages pages(content, A4(), untold_);
+  EXPECT_THROW(PdfFile(pages, QPageRanges::fromString("7-9"), {"t", "p"}, untold_), Failure);
+}
+
+TEST_F(ExportPaper, LongWorkCanBeEndedWithACancelButtonAndShortWorkShowsNothing) {
+  const TableContent content = OneColumn(400'000);
+  ProgressDialog silent(&owner_, "Exporting ...", CancelButton::Shown, std::chrono::hours(1));
   user_.Press("ExportProgress", "Cancel");
-  EXPECT_THROW(PdfFile(pages, {"t", "p", false, ""}, progress), Cancelled);
-}
-
-TEST_F(ExportPaper, ShortWorkShowsNothing) {
-  ProgressDialog progress(&owner_, "Exporting ...");
-  progress.Advance(0, 10);
-  progress.Advance(5, 10);
-  for (const QWidget* window : QApplication::topLevelWidgets()) {
-    EXPECT_NE(window->objectName(), "ExportProgress");
-  }
+  EXPECT_NO_THROW(TablePages(content, A4(), silent));
+  ProgressDialog progress(&owner_, "Exporting ...", CancelButton::Shown,
+                          std::chrono::milliseconds(0));
+  EXPECT_THROW(TablePages(content, A4(), progress), Cancelled);
 }
 
 }  // namespace

@@ -41,20 +41,6 @@ inline TableContent HardTable() {
   return content;
 }
 
-/// 999 rows as a busy network sends them.
-inline TableContent FullTable() {
-  TableContent content = EmptyTable();
-  for (int i = 0; i < 999; ++i) {
-    const std::string n = std::to_string(i);
-    std::string details;
-    for (const char* slot : {"0/", "1/", "2/", "3/", "4/", "5/"})
-      details += "IF-MIB::ifDescr." + n + "=GigabitEthernet" + slot + n + "\r\n";
-    content.rows.push_back({"05-Dec-26\r\n03:49 PM", "192.0.2." + std::to_string(i % 250), "public",
-                            "CISCO-PRODUCTS-MIB::catalyst" + n, details});
-  }
-  return content;
-}
-
 class NoProgress : public Progress {
  public:
   void Advance(std::size_t, std::size_t) override {}

@@ -1,12 +1,12 @@
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <fstream>
 
 #include "common/text.h"
 #include "documents/file_formats.h"
 #include "documents/unicode.h"
 #include "fakes/shell.h"
+#include "golden_file.h"
 #include "hard_table.h"
 
 namespace sentrel {
@@ -38,34 +38,17 @@ std::string Write(const char* method, const TableContent& content) {
   return FindFileFormat(method)->write(content, progress);
 }
 
-class TextFormat : public testing::TestWithParam<const char*> {
- protected:
-  /// Expects a file of that of tests/data/export. With SENTREL_NEW_GOLDEN set in the environment
-  /// that one is written instead, to be looked at before it is committed.
-  void ExpectGolden(const std::string& name, const TableContent& content) {
-    const std::string text = Write(GetParam(), content);
-    const std::string path = std::string(TEST_DATA) + "/export/" + name + "." +
-                             std::string(FindFileFormat(GetParam())->extension);
-    if (!std::getenv("SENTREL_NEW_GOLDEN")) {
-      EXPECT_EQ(text, ReadFile(path)) << path;
-      return;
-    }
-    std::ofstream(path, std::ios::binary) << text;
-    FAIL() << "wrote " << path;
-  }
-};
+class TextFormat : public testing::TestWithParam<const char*> {};
 
-TEST_P(TextFormat, WritesHardCellsAsTheGoldenFileShows) {
-  ExpectGolden("hard", HardTable());
-}
-
-TEST_P(TextFormat, WritesAnEmptyTable) {
+TEST_P(TextFormat, WritesHardCellsAndAnEmptyTableAsTheGoldenFilesShow) {
+  const std::string extension(FindFileFormat(GetParam())->extension);
   TableContent content = HardTable();
+  ExpectGolden(Write(GetParam(), content), "hard." + extension);
   content.rows.clear();
   content.subTitle = "Nothing arrived";
   content.paragraph = "First line\r\nSecond <line>";
   content.footer = "The end";
-  ExpectGolden("empty", content);
+  ExpectGolden(Write(GetParam(), content), "empty." + extension);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, TextFormat, testing::Values("CDF", "Text", "HTML", "MHTML"),
@@ -74,51 +57,38 @@ INSTANTIATE_TEST_SUITE_P(All, TextFormat, testing::Values("CDF", "Text", "HTML",
 TEST(FileFormats, LeaveWhenTheUserGivesUp) {
   CancelledEarly progress;
   for (const FileFormat& format : FileFormats())
-    EXPECT_THROW(format.write(FullTable(), progress), Cancelled) << format.method;
+    EXPECT_THROW(format.write(HardTable(), progress), Cancelled) << format.method;
 }
 
-/// A reader of RFC 4180: inside quotes only a quote counts, and one that is doubled is text.
-std::vector<std::vector<std::string>> ReadCsv(const std::string& text) {
-  std::vector<std::vector<std::string>> records{{""}};
-  bool quoted = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '"') {
-      quoted = !quoted;
-      if (quoted && i > 0 && text[i - 1] == '"') records.back().back() += '"';
-    } else if (!quoted && text[i] == ',') {
-      records.back().emplace_back();
-    } else if (!quoted && text.compare(i, 2, "\r\n") == 0) {
-      records.push_back({""});
-      ++i;
-    } else {
-      records.back().back() += text[i];
-    }
-  }
-  records.pop_back();
-  return records;
-}
-
-TEST(CommaDelimitedFile, GivesBackEveryCellOfAFullTable) {
-  TableContent content = FullTable();
-  content.rows[500][4] = std::string(61'440, '"');
-  const auto records = ReadCsv(Write("CDF", content));
-  ASSERT_EQ(records.size(), 1000u);
-  EXPECT_TRUE(std::equal(content.rows.begin(), content.rows.end(), records.begin() + 1));
+TEST(CommaDelimitedFile, GivesBackEveryCell) {
+  TableContent content = EmptyTable();
+  content.rows = {{"a\r\nb", std::string(61'440, '"'), ",;\t'", " x ", ""}, {"", "", "", "", "z"}};
+  const TemporaryFolder folder;
+  std::ofstream(folder / "file.csv", std::ios::binary) << Write("CDF", content);
+  EXPECT_TRUE(Output("python3 " READERS "/read_csv.py " + folder / "file.csv") ==
+              "a\r\nb|" + std::string(61'440, '"') + "|,;\t'| x ||||||z|");
 }
 
 TEST(CommaDelimitedFile, GuardsFormulasAndLeavesNumbersAlone) {
   TableContent content;
   content.columns = {{"c", Alignment::Left}};
-  const struct {
-    const char* cell;
-    bool guarded;
-  } cells[] = {{"=1", true},   {"+1", false},     {"-1.5", false},  {"-1-1", true},  {"@x", true},
-               {"\t=1", true}, {"\r\n =1", true}, {"＠x", true},    {"a=1", false},  {"a,b", false},
-               {"", false},    {"-", true},       {"1.2.3", false}, {"-1.2.3", true}};
-  for (const auto& [cell, guarded] : cells) {
+  const std::pair<const char*, std::string> cells[] = {{"=1", "'=1"},
+                                                       {"+1", "+1"},
+                                                       {"-1.5", "-1.5"},
+                                                       {"-1-1", "'-1-1"},
+                                                       {"@x", "'@x"},
+                                                       {"\t=1", "\"'\t=1\""},
+                                                       {"\r\n =1", "\"'\r\n =1\""},
+                                                       {"＠x", "'＠x"},
+                                                       {"a=1", "a=1"},
+                                                       {"a,b", "\"a,b\""},
+                                                       {"", ""},
+                                                       {"-", "'-"},
+                                                       {"1.2.3", "1.2.3"},
+                                                       {"-1.2.3", "'-1.2.3"}};
+  for (const auto& [cell, written] : cells) {
     content.rows = {{cell}};
-    const std::string expected = (guarded ? "'" : "") + std::string(cell);
-    EXPECT_EQ(ReadCsv(Write("CDF", content)).at(1).at(0), expected);
+    EXPECT_EQ(Write("CDF", content), "c\r\n" + written + "\r\n");
   }
 }
 
@@ -126,39 +96,28 @@ TEST(AlignedTextFile, KeepsAHugeCellInItsColumnAndLosesNothing) {
   TableContent content = HardTable();
   content.rows = {{"t", std::string(61'440, 'x'), "next", "", "end"}};
   const std::string text = Write("Text", content);
-  std::size_t letters = 0;
-  for (const std::string_view line : Split(text, "\r\n")) {
-    EXPECT_LE(line.size(), 160u);
-    letters += static_cast<std::size_t>(std::count(line.begin(), line.end(), 'x'));
-  }
-  EXPECT_EQ(letters, 60u * 1024 + 1);  // and the one of "next"
+  for (const std::string_view line : Split(text, "\r\n")) EXPECT_LE(line.size(), 160u);
+  EXPECT_EQ(std::count(text.begin(), text.end(), 'x'), 61'440 + 1);  // and the one of "next"
 }
 
 TEST(WebPage, IsWellFormedAndHoldsEveryCellAsText) {
-  TableContent content = FullTable();
+  TableContent content = HardTable();
   content.rows[3][4] = "</td></tr></table><script>alert(1)</script>\r\n" + std::string(61'440, '<');
   const TemporaryFolder folder;
   const std::string path = folder / "page.html";
   std::ofstream(path, std::ios::binary) << Write("HTML", content);
   const std::pair<const char*, std::size_t> answers[] = {
-      {"count(//*[local-name()='tbody']/*)", 999},
+      {"count(//*[local-name()='tbody']/*)", 8},
       {"count(//*[local-name()='script'])", 0},
-      {"string-length((//*[local-name()='td'])[20])", 44 + 60 * 1024}};
+      {"string-length((//*[local-name()='td'])[20])", 44 + 61'440}};
   for (const auto& [question, answer] : answers) {
     EXPECT_EQ(Output(std::string("xmllint --huge --xpath \"") + question + "\" " + path),
               std::to_string(answer) + "\n");
   }
 }
 
-TEST(WebPage, FetchesNothing) {
-  const std::string page = Write("HTML", HardTable());
-  for (const char* word : {"src=", "href=", "url(", "@import"}) {
-    EXPECT_EQ(page.find(word), std::string::npos) << word;
-  }
-}
-
 TEST(WebArchive, EncodesAForeignTitleAndKeepsItsLinesShort) {
-  TableContent content = FullTable();
+  TableContent content = HardTable();
   content.title = "Ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé ünïcödé";
   const std::string archive = Write("MHTML", content);
   for (const std::string_view line : Split(archive, "\r\n")) {
@@ -166,7 +125,6 @@ TEST(WebArchive, EncodesAForeignTitleAndKeepsItsLinesShort) {
     EXPECT_TRUE(std::all_of(line.begin(), line.end(), [](char c) { return c >= 32 && c < 127; }));
   }
   EXPECT_NE(archive.find("Subject: =?utf-8?B?"), std::string::npos);
-  EXPECT_NE(archive.find("Date: 5 Dec 2026 19:19:37 +0000"), std::string::npos);
 }
 
 TEST(Unicode, CountsColumnsAsATerminalDoes) {
@@ -176,21 +134,27 @@ TEST(Unicode, CountsColumnsAsATerminalDoes) {
   for (const auto& [text, columns] : cases) EXPECT_EQ(DisplayWidth(text), columns) << text;
 }
 
+using Texts = std::vector<std::string_view>;
+
 TEST(Unicode, EndsLinesAtEveryKindOfBreak) {
-  EXPECT_THAT(LinesOf(""), ElementsAre(""));
-  EXPECT_THAT(LinesOf("a\r\nb\r\n"), ElementsAre("a", "b"));
-  EXPECT_THAT(LinesOf("a\n\rb"), ElementsAre("a", "", "b"));
-  EXPECT_THAT(LinesOf("\r\n"), ElementsAre(""));
+  const std::pair<const char*, Texts> cases[] = {
+      {"", {""}}, {"a\r\nb\r\n", {"a", "b"}}, {"a\n\rb", {"a", "", "b"}}, {"\r\n", {""}}};
+  for (const auto& [text, lines] : cases) EXPECT_EQ(LinesOf(text), lines);
 }
 
 TEST(Unicode, WrapsBehindBlanksAndElseAnywhere) {
-  EXPECT_THAT(WrapLine("", 5), ElementsAre(""));
-  EXPECT_THAT(WrapLine("one two three", 7), ElementsAre("one two", "three"));
-  EXPECT_THAT(WrapLine("one two", 6), ElementsAre("one", "two"));
-  EXPECT_THAT(WrapLine("abcdefgh", 3), ElementsAre("abc", "def", "gh"));
-  EXPECT_THAT(WrapLine("日本語", 3), ElementsAre("日", "本", "語"));
-  EXPECT_THAT(WrapLine("日本", 1), ElementsAre("日", "本"));
-  EXPECT_THAT(WrapLine("e\u0301e\u0301", 1), ElementsAre("e\u0301", "e\u0301"));
+  const struct {
+    const char* line;
+    std::size_t width;
+    Texts pieces;
+  } cases[] = {{"", 5, {""}},
+               {"one two three", 7, {"one two", "three"}},
+               {"one two", 6, {"one", "two"}},
+               {"abcdefgh", 3, {"abc", "def", "gh"}},
+               {"日本語", 3, {"日", "本", "語"}},
+               {"日本", 1, {"日", "本"}},
+               {"e\u0301e\u0301", 1, {"e\u0301", "e\u0301"}}};
+  for (const auto& [line, width, pieces] : cases) EXPECT_EQ(WrapLine(line, width), pieces);
 }
 
 }  // namespace

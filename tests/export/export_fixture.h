@@ -14,8 +14,8 @@ class ExportFixture : public testing::Test {
 
   ProgramIdentity program_{.majorVersion = 9, .minorVersion = 2, .revision = 47};
   CallLog log_;
-  EngineScript script_{log_};
-  FakeEngineFactory factory_{script_};
+  ExportScript script_{log_};
+  FakeExportBackendFactory factory_{script_};
   FakeApplication application_;
   FakeMessageBox messageBox_{log_};
   FakePrinters printers_;

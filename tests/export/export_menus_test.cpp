@@ -8,61 +8,76 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// All three kinds of menu in one: each notes what is done to it, with the id that it bears.
-class NotedMenu : public ToolMenu,
-                  public CommandList,
-                  public CommandPopup,
-                  public PlainMenu,
-                  protected Noting {
- public:
-  using Noting::Noting;
+/// All kinds of entry in one, as a text that tells what was done to it.
+struct Entry : MenuTool, CommandButton, CommandControl, PlainMenuItem {
+  explicit Entry(const std::string& newId) : id(newId), text(newId) {}
+  void SetName(const std::string& name) override { text += " name:" + name; }
+  void SetTag(const std::string& tag) override { text += " tag:" + tag; }
+  void SetImage(int index, MenuImage image) override {
+    text += " image" + std::to_string(index) + ":" + std::to_string(image);
+  }
+  void SetBeginGroup(bool on) override { text += on ? " group" : " no group"; }
+  void SetCaption(const std::string& caption) override { text += " caption:" + caption; }
+  void SetVisible(bool on) override { visible = on; }
+  void SetEnabled(bool on) override { text += on ? " enabled" : " disabled"; }
 
-  MenuTool& AddTool(const std::string& id) override { return NewEntry("AddTool", id); }
+  std::string id;
+  std::string text;
+  bool visible = true;
+};
+
+/// All kinds of menu in one.
+class FakeMenu : public ToolMenu, public CommandList, public CommandPopup, public PlainMenu {
+ public:
+  MenuTool& AddTool(const std::string& id) override { return Add(id); }
   CommandButton& AddToolButton(const std::string& id, const std::string& caption) override {
-    return NewEntry("AddToolButton", id + "|" + caption);
+    Add(id).SetCaption(caption);
+    return entries_.back();
   }
   std::optional<MenuImage> FindImage(const std::string& name) override {
-    log_.Note("FindImage " + name);
-    return name == image ? std::optional<MenuImage>(7) : std::nullopt;
+    if (!images.contains(name)) throw Failure("no picture");
+    return images[name];
   }
-  CommandControl& AddControl(const std::string& id) override { return NewEntry("AddControl", id); }
-  void Load(int index) override { NewEntry("Load", std::to_string(index)); }
-  PlainMenuItem& Item(int index) override {
-    item_.id = std::to_string(index);
-    return item_;
+  CommandControl& AddControl(const std::string& id) override {
+    Find(id).text += " shown";
+    return Find(id);
   }
+  void Load(int index) override { Add(std::to_string(index)); }
+  PlainMenuItem& Item(int index) override { return Find(std::to_string(index)); }
 
-  std::string image;
+  std::vector<std::string> Shown() const {
+    std::vector<std::string> texts;
+    for (const Entry& entry : entries_) {
+      if (entry.visible) texts.push_back(entry.text);
+    }
+    return texts;
+  }
+  void AddTemplate() { Add("0"); }
+
+  std::map<std::string, MenuImage> images;
+  std::string failing;  // the entry that cannot be added
 
  private:
-  struct Entry : MenuTool, CommandButton, CommandControl, PlainMenuItem {
-    Entry(CallLog& callLog, std::string entryId) : log(callLog), id(std::move(entryId)) {}
-    void SetName(const std::string& name) override { log.Note(id + ".Name=" + name); }
-    void SetTag(const std::string& tag) override { log.Note(id + ".Tag=" + tag); }
-    void SetImage(int index, MenuImage number) override {
-      log.Note("Image(" + std::to_string(index) + ")=" + std::to_string(number));
+  Entry& Add(const std::string& id) {
+    if (id == failing) throw Failure("no entry");
+    return entries_.emplace_back(id);
+  }
+  Entry& Find(const std::string& id) {
+    for (Entry& entry : entries_) {
+      if (entry.id == id) return entry;
     }
-    void SetBeginGroup(bool) override { log.Note(id + ".BeginGroup"); }
-    void SetCaption(const std::string& caption) override { log.Note(id + ".Caption=" + caption); }
-    void SetVisible(bool on) override { log.Note(id + (on ? ".Show" : ".Hide")); }
-    void SetEnabled(bool on) override { log.Note(id + (on ? ".Enable" : ".Disable")); }
-    CallLog& log;
-    std::string id;
-  };
-
-  Entry& NewEntry(const std::string& call, const std::string& id) {
-    log_.Note(call + " " + id);
-    return entries_.emplace_back(log_, id.substr(0, id.find('|')));
+    throw Failure("no such entry");
   }
 
   std::list<Entry> entries_;
-  Entry item_{log_, ""};
 };
 
 class ExportMenusTest : public ExportFixture {
  protected:
-  CallLog menuLog_;
-  NotedMenu menu_{menuLog_};
+  FakeMenu menu_;
+  ToolMenu* tool_ = &menu_;
+  CommandPopup* popup_ = &menu_;
+  PlainMenu* plain_ = &menu_;
 };
 
 TEST_F(ExportMenusTest, HandsOnTheAnswersOfTheEngineAndPushesNothing) {
@@ -73,69 +88,64 @@ TEST_F(ExportMenusTest, HandsOnTheAnswersOfTheEngineAndPushesNothing) {
 }
 
 TEST_F(ExportMenusTest, WithoutAnEngineOrAParentAllEndsQuietly) {
-  engine_.LoadExportsMenu(static_cast<CommandPopup*>(&menu_));
+  engine_.LoadExportsMenu(popup_);
   engine_.LoadSendToMenu(static_cast<CommandPopup*>(nullptr), &menu_);
   log_.failing = "Create";
   EXPECT_THAT(engine_.ExportMethods(), IsEmpty());
   EXPECT_EQ(engine_.MethodName("PDF"), "");
   EXPECT_THAT(engine_.SendToMethods(), IsEmpty());
-  engine_.LoadExportsMenu(static_cast<ToolMenu*>(&menu_));
-  engine_.LoadSendToMenu(static_cast<PlainMenu*>(&menu_));
-  EXPECT_THAT(menuLog_.calls, IsEmpty());
+  engine_.LoadExportsMenu(tool_);
+  engine_.LoadSendToMenu(plain_);
+  EXPECT_THAT(menu_.Shown(), IsEmpty());
   EXPECT_EQ(messageBox_.text, "");
 }
 
-TEST_F(ExportMenusTest, FillsTheSubMenuOfATool) {
-  engine_.LoadExportsMenu(static_cast<ToolMenu*>(&menu_), nullptr, "", 3);
-  EXPECT_THAT(log_.calls, ElementsAre("Create", "ExportMethods(3)"));
-  EXPECT_THAT(menuLog_.calls, ElementsAre("AddTool Export:HTML", "Export:HTML.Name=Web page",
-                                          "AddTool Export:PDF", "Export:PDF.Name=PDF file"));
-  menuLog_ = {{}, "AddTool Export:HTML"};
-  engine_.LoadExportsMenu(static_cast<ToolMenu*>(&menu_));
-  EXPECT_THAT(menuLog_.calls,
-              ElementsAre("AddTool Export:HTML", "AddTool Export:PDF", "Export:PDF.Name=PDF file"))
-      << "a step that fails stops nothing";
-}
-
-TEST_F(ExportMenusTest, FillsAPopUpAndFallsBackToThePictureOfTheKey) {
-  script_.choices = {{"PDF", "PDF file"}};
-  menu_.image = "PDF";
-  engine_.LoadExportsMenu(static_cast<CommandPopup*>(&menu_), &menu_, "X:");
-  EXPECT_THAT(menuLog_.calls,
-              ElementsAre("AddToolButton X:PDF|PDF file", "X:PDF.Tag=PDF", "AddControl X:PDF",
-                          "FindImage X:PDF", "FindImage PDF", "Image(0)=7"));
-}
-
-TEST_F(ExportMenusTest, ASendToPopUpNamesEntriesByCaptionAndOpensGroups) {
-  script_.choices = {{"C:\\Office\\Excel.exe", "Microsoft Excel 2003"}};
-  menu_.image = "Excel";
-  engine_.LoadSendToMenu(static_cast<CommandPopup*>(&menu_), &menu_);
-  const std::string id = "SendTo:Microsoft Excel 2003";
-  EXPECT_THAT(menuLog_.calls,
-              ElementsAre("AddToolButton " + id + "|Microsoft Excel 2003",
-                          id + ".Tag=C:\\Office\\Excel.exe", "FindImage SendTo:Excel",
-                          "FindImage Excel", "Image(0)=7", "AddControl " + id, id + ".BeginGroup"));
-}
-
-TEST_F(ExportMenusTest, OnlyThreeTargetsOpenAGroup) {
-  const std::pair<const char*, bool> targets[] = {{"MailContent", true},
-                                                  {"mydocuments", true},
-                                                  {"/opt/office/EXCEL.EXE", true},
-                                                  {"Excel.exe.bak", false},
-                                                  {"x.mapimail", false}};
-  for (const auto& [key, opens] : targets) {
-    script_.choices = {{key, "c"}};
-    menuLog_.calls.clear();
-    engine_.LoadSendToMenu(static_cast<CommandPopup*>(&menu_), &menu_);
-    EXPECT_EQ(menuLog_.calls.back() == "SendTo:c.BeginGroup", opens) << key;
-  }
+TEST_F(ExportMenusTest, FillsTheSubMenuOfAToolAndPassesOverAnEntryThatFails) {
+  menu_.failing = "Export:HTML";
+  engine_.LoadExportsMenu(tool_, nullptr, "", 3);
+  engine_.LoadSendToMenu(tool_, nullptr, "X:");
+  EXPECT_THAT(log_.calls, ElementsAre("Create", "ExportMethods(3)", "Create"));
+  EXPECT_THAT(menu_.Shown(), ElementsAre("Export:PDF name:PDF file", "X:HTML name:Web page",
+                                         "X:PDF name:PDF file"));
 }
 
 TEST_F(ExportMenusTest, APlainMenuGetsItsEntriesBehindTheHiddenTemplate) {
-  engine_.LoadSendToMenu(static_cast<PlainMenu*>(&menu_));
-  EXPECT_THAT(menuLog_.calls, ElementsAre("Load 1", "1.Caption=Web page", "1.Tag=HTML", "1.Show",
-                                          "1.Enable", "0.Hide", "Load 2", "2.Caption=PDF file",
-                                          "2.Tag=PDF", "2.Show", "2.Enable", "0.Hide"));
+  menu_.AddTemplate();
+  engine_.LoadSendToMenu(plain_);
+  EXPECT_THAT(menu_.Shown(), ElementsAre("1 caption:Web page tag:HTML enabled",
+                                         "2 caption:PDF file tag:PDF enabled"));
+}
+
+TEST_F(ExportMenusTest, FillsPopUpsWithPicturesAndGroups) {
+  const std::string excel = "SendTo:Microsoft Excel 2003";
+  const struct {
+    bool sendTo;
+    ExportChoice choice;
+    std::map<std::string, MenuImage> images;
+    std::string shown;
+  } entries[] = {
+      {false, {"PDF", "c"}, {}, "Export:PDF caption:c tag:PDF shown"},
+      {false, {"PDF", "c"}, {{"PDF", 7}}, "Export:PDF caption:c tag:PDF shown image0:7"},
+      {false, {"A", "c"}, {{"A", 7}, {"Export:A", 8}}, "Export:A caption:c tag:A shown image0:8"},
+      {true, {"x.mapimail", "c"}, {}, "SendTo:c caption:c tag:x.mapimail shown"},
+      {true, {"Excel.exe.bak", "c"}, {}, "SendTo:c caption:c tag:Excel.exe.bak shown"},
+      {true, {"MailContent", "c"}, {}, "SendTo:c caption:c tag:MailContent shown group"},
+      {true, {"mydocuments", "c"}, {}, "SendTo:c caption:c tag:mydocuments shown group"},
+      {true, {"/o/eXcel.exe", "c"}, {}, "SendTo:c caption:c tag:/o/eXcel.exe shown group"},
+      {true,
+       {"k", "Microsoft Excel 2003"},
+       {{"Excel", 7}},
+       excel + " caption:Microsoft Excel 2003 tag:k image0:7 shown"},
+      {true, {"k", "c"}, {{"c", 7}, {"SendTo:c", 8}}, "SendTo:c caption:c tag:k image0:8 shown"},
+  };
+  for (const auto& [sendTo, choice, images, shown] : entries) {
+    script_.choices = {choice};
+    menu_ = FakeMenu();
+    menu_.images = images;
+    if (sendTo) engine_.LoadSendToMenu(popup_, &menu_);
+    if (!sendTo) engine_.LoadExportsMenu(popup_, &menu_);
+    EXPECT_THAT(menu_.Shown(), ElementsAre(shown));
+  }
 }
 
 TEST_F(ExportMenusTest, PicksTheFormatForATarget) {

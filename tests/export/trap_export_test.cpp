@@ -13,30 +13,34 @@ class TrapExportTest : public ExportFixture {
   TrapExport commands_{table_, pointer_, Services()};
 };
 
-TEST_F(TrapExportTest, ExportsTheLiveTableUnderTheHourglass) {
-  commands_.ExportTraps("Excel");
-  EXPECT_EQ(log_.calls.front(), "hourglass");
-  EXPECT_EQ(log_.calls.back(), "pointer");
-  EXPECT_THAT(log_.calls, testing::Contains("ExportTable(Excel, /opt/sentrel)"));
-  EXPECT_EQ(script_.table, &table_);
-  EXPECT_EQ(script_.properties["Title"], "SNMP Traps");
-  EXPECT_EQ(script_.properties["TargetFilename"], "/opt/sentrel/SNMPTraps");
-  EXPECT_EQ(script_.properties["Orientation"], "1");
-  EXPECT_EQ(script_.properties["ColumnList"], "");
+TEST_F(TrapExportTest, ExportsTheLiveTableUnderTheHourglassAndSuggestsTheFileAnew) {
+  for (const char* method : {"Excel", "PDF"}) {
+    log_.calls.clear();
+    commands_.ExportTraps(method);
+    EXPECT_EQ(log_.calls.front(), "hourglass");
+    EXPECT_EQ(log_.calls.back(), "pointer");
+    EXPECT_THAT(log_.calls,
+                testing::Contains("ExportTable(" + std::string(method) + ", /opt/sentrel)"));
+    EXPECT_EQ(script_.table, &table_);
+    EXPECT_EQ(script_.properties["Title"], "SNMP Traps");
+    EXPECT_EQ(script_.properties["TargetFilename"], "/opt/sentrel/SNMPTraps");
+    EXPECT_EQ(script_.properties["Orientation"], "1");
+  }
 }
 
-TEST_F(TrapExportTest, EachExportSuggestsTheFileAnewAndAPrintKeepsTheProducedOne) {
-  commands_.PrintTraps();
-  EXPECT_EQ(script_.properties["TargetFilename"], "");
-  commands_.ExportTraps("PDF");
-  commands_.ExportTraps("PDF");
-  EXPECT_EQ(script_.properties["TargetFilename"], "/opt/sentrel/SNMPTraps");
-  log_.calls.clear();
-  commands_.PreviewTraps();
-  EXPECT_EQ(script_.properties["TargetFilename"], "/tmp/produced");
-  EXPECT_EQ(script_.properties["Title"], "SNMP Traps");
-  EXPECT_EQ(log_.calls.front(), "Create");
-  EXPECT_THAT(log_.calls, testing::Contains("ExportTable(PREVIEW, /opt/sentrel)"));
+TEST_F(TrapExportTest, APrintStartsFromTheFileThatTheLastExportProduced) {
+  for (const char* file : {"", "/tmp/produced"}) {
+    commands_.PrintTraps();
+    EXPECT_THAT(log_.calls, testing::Contains("ExportTable(PRINTER, /opt/sentrel)"));
+    EXPECT_EQ(script_.properties["TargetFilename"], file);
+    commands_.ExportTraps("PDF");
+    log_.calls.clear();
+    commands_.PreviewTraps();
+    EXPECT_EQ(script_.properties["TargetFilename"], "/tmp/produced");
+    EXPECT_EQ(script_.properties["Title"], "SNMP Traps");
+    EXPECT_EQ(log_.calls.front(), "Create") << "no hourglass";
+    EXPECT_THAT(log_.calls, testing::Contains("ExportTable(PREVIEW, /opt/sentrel)"));
+  }
 }
 
 TEST_F(TrapExportTest, ThePointerComesBackWhateverFails) {
@@ -51,14 +55,13 @@ TEST_F(TrapExportTest, ThePointerComesBackWhateverFails) {
 
 TEST(StoredExportMemory, KeepsTheColumnsForTheNextRunOfThisUser) {
   FakeRegistry registry;
-  EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), "");
-  StoredExportMemory(registry).SetLeftOutColumns("Community\nIP Address");
-  EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), "Community\nIP Address");
+  for (const char* titles : {"", "Community\nIP Address", ""}) {
+    StoredExportMemory(registry).SetLeftOutColumns(titles);
+    EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), titles);
+  }
   for (const auto& [place, values] : registry.contents) {
     EXPECT_EQ(place.first, RegistryRoot::HKEY_CURRENT_USER);
   }
-  StoredExportMemory(registry).SetLeftOutColumns("");
-  EXPECT_EQ(StoredExportMemory(registry).LeftOutColumns(), "");
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fakes/fake_console.h"
-#include "platform/engine.h"
+#include "platform/export_backend.h"
 #include "platform/export_memory.h"
 #include "platform/mouse_pointer.h"
 #include "platform/printers.h"
@@ -14,8 +14,8 @@
 namespace sentrel {
 
 /// What all engines of a test were asked for, and what they are to answer.
-struct EngineScript {
-  explicit EngineScript(CallLog& callLog) : log(callLog) {}
+struct ExportScript {
+  explicit ExportScript(CallLog& callLog) : log(callLog) {}
 
   CallLog& log;
   std::map<std::string, std::string> properties;
@@ -24,13 +24,13 @@ struct EngineScript {
   std::string produced = "/tmp/produced";
   bool done = true;
   std::string sendAnswer = kSentAnswer;
-  std::vector<EngineChoice> choices = {{"HTML", "Web page"}, {"PDF", "PDF file"}};
+  std::vector<ExportChoice> choices = {{"HTML", "Web page"}, {"PDF", "PDF file"}};
 };
 
 /// Notes each call as its name and arguments. A property is noted by its name alone.
-class FakeEngine : public Engine {
+class FakeExportBackend : public ExportBackend {
  public:
-  explicit FakeEngine(EngineScript& script) : script_(script) {}
+  explicit FakeExportBackend(ExportScript& script) : script_(script) {}
 
   void SetProgramName(const std::string& name) override { Set("ProgramName", name); }
   void SetProgramVersion(const std::string& version) override { Set("ProgramVersion", version); }
@@ -96,12 +96,12 @@ class FakeEngine : public Engine {
     script_.log.Note("SendTo(" + filename + ", " + target + ")");
     return script_.sendAnswer;
   }
-  std::vector<EngineChoice> ExportMethods(std::int32_t objectType) override {
+  std::vector<ExportChoice> ExportMethods(std::int32_t objectType) override {
     script_.log.Note("ExportMethods(" + std::to_string(objectType) + ")");
     return script_.choices;
   }
   std::string MethodName(const std::string& method) override { return "Name of " + method; }
-  std::vector<EngineChoice> SendToMethods() override { return script_.choices; }
+  std::vector<ExportChoice> SendToMethods() override { return script_.choices; }
 
  private:
   static std::string Word(bool on) { return on ? "true" : "false"; }
@@ -115,20 +115,20 @@ class FakeEngine : public Engine {
     return script_.done;
   }
 
-  EngineScript& script_;
+  ExportScript& script_;
 };
 
 /// Notes each creation as "Create"; fails where the log tells that call to fail.
-class FakeEngineFactory : public EngineFactory {
+class FakeExportBackendFactory : public ExportBackendFactory {
  public:
-  explicit FakeEngineFactory(EngineScript& script) : script_(script) {}
-  std::unique_ptr<Engine> Create() override {
+  explicit FakeExportBackendFactory(ExportScript& script) : script_(script) {}
+  std::unique_ptr<ExportBackend> Create() override {
     script_.log.Note("Create");
-    return std::make_unique<FakeEngine>(script_);
+    return std::make_unique<FakeExportBackend>(script_);
   }
 
  private:
-  EngineScript& script_;
+  ExportScript& script_;
 };
 
 class FakePrinters : public Printers {

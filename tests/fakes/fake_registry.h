@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -10,7 +12,8 @@
 
 namespace sentrel {
 
-/// A registry in memory. Make another on the same contents to see what a next start would see.
+/// A registry in memory, held against the real one by tests/store/registry_test.cpp. Make another
+/// on the same contents to see what a next start would see.
 class FakeRegistry : public Registry {
  public:
   using Values = std::map<std::string, std::string>;
@@ -28,14 +31,13 @@ class FakeRegistry : public Registry {
   Contents contents;
 
   std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override {
-    if (!unreachable && !readOnly && !IsUnreachable(root, path))
-      contents.try_emplace({root, UpperCase(path)});
+    if (path.empty()) return std::nullopt;
+    if (CanWrite() && !IsUnreachable(root, path)) contents.try_emplace({root, UpperCase(path)});
     return OpenKey(root, path);
   }
 
   std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override {
-    if (unreachable || IsUnreachable(root, path) || !contents.contains({root, UpperCase(path)}))
-      return std::nullopt;
+    if (IsUnreachable(root, path) || !HasKey(root, UpperCase(path))) return std::nullopt;
     open_.emplace(++lastKey_, std::pair(root, UpperCase(path)));
     return lastKey_;
   }
@@ -50,7 +52,7 @@ class FakeRegistry : public Registry {
 
   bool SetStringValue(RegistryKey key, const std::string& name, const std::string& text) override {
     Values* values = ValuesOf(key);
-    if (!values || readOnly) return Fail();
+    if (!values || !CanWrite()) return Fail();
     (*values)[UpperCase(name)] = text;
     CountChange();
     return true;
@@ -59,43 +61,59 @@ class FakeRegistry : public Registry {
   bool DeleteValue(RegistryKey key, const std::string& name) override {
     Values* values = ValuesOf(key);
     if (!values || !values->contains(UpperCase(name))) return false;
-    if (readOnly) return Fail();
+    if (!CanWrite()) return Fail();
     values->erase(UpperCase(name));
     CountChange();
     return true;
   }
 
-  void BeginBatch(RegistryBatch) override { inBatch_ = true; }
+  void BeginBatch(RegistryBatch kind) override {
+    batch_ = kind;
+    before_ = contents;
+  }
   bool EndBatch() override {
-    inBatch_ = false;
-    changes += batchChanged_ ? 1 : 0;
-    batchChanged_ = false;
-    return !std::exchange(batchFailed_, false);
+    batch_.reset();
+    const bool failed = std::exchange(batchFailed_, false);
+    if (failed) contents = before_;
+    changes += std::exchange(batchChanged_, false) && !failed ? 1 : 0;
+    return !failed;
   }
   bool IsUnreachable(RegistryRoot, const std::string& path) const override {
-    return unreadable.contains(UpperCase(path));
+    return unreachable || unreadable.contains(UpperCase(path));
   }
 
-  bool AllClosed() const { return open_.empty() && !inBatch_; }
+  bool AllClosed() const { return open_.empty() && !batch_; }
 
  private:
+  bool CanWrite() const {
+    return !unreachable && !readOnly && (!batch_ || batch_ == RegistryBatch::Write);
+  }
+
+  /// A key is there with all of its parents.
+  bool HasKey(RegistryRoot root, const std::string& path) const {
+    return std::any_of(contents.begin(), contents.end(), [&](const auto& entry) {
+      return entry.first.first == root && (entry.first.second + "\\").starts_with(path + "\\");
+    });
+  }
+
   Values* ValuesOf(RegistryKey key) {
     return unreachable || !open_.contains(key) ? nullptr : &contents[open_.at(key)];
   }
 
   bool Fail() {
-    batchFailed_ = inBatch_;
+    batchFailed_ = batch_ == RegistryBatch::Write;
     return false;
   }
 
   void CountChange() {
-    batchChanged_ = inBatch_;
-    changes += inBatch_ ? 0 : 1;
+    batchChanged_ = batch_.has_value();
+    changes += batch_ ? 0 : 1;
   }
 
   std::map<RegistryKey, std::pair<RegistryRoot, std::string>> open_;
   RegistryKey lastKey_ = 0;
-  bool inBatch_ = false;
+  std::optional<RegistryBatch> batch_;
+  Contents before_;
   bool batchChanged_ = false;
   bool batchFailed_ = false;
 };

@@ -64,7 +64,8 @@ std::string Value(const netsnmp_variable_list& binding) {
 }
 
 int TypeCode(u_char type) {
-  return type >= ASN_OPAQUE_COUNTER64 && type <= ASN_OPAQUE_U64 ? ASN_OPAQUE : type;
+  return type >= ASN_OPAQUE_COUNTER64 && type <= ASN_OPAQUE_U64 ? static_cast<int>(ASN_OPAQUE)
+                                                                : type;
 }
 
 void Append(Trap& trap, const std::string& id, int type, const std::string& value) {

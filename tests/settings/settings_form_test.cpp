@@ -56,18 +56,6 @@ struct SettingsFormTest : testing::Test {
   SettingsForm form{settings, box, files, logFile, view};
 };
 
-TEST_F(SettingsFormTest, LoadsAFirstRun) {
-  form.Form_Load();
-  EXPECT_EQ(view.helpContext, 9100);
-  EXPECT_EQ(view.tab, 1);
-  EXPECT_THAT(view.checked, ElementsAre("checkDecode"));
-  EXPECT_EQ(view.texts["ExampleList"],
-            "10.0.1.23\r\n10.0.1.1 - 10.0.1.255\r\n10.0.1.0/24\r\n10.0.1.0/255.255.255.0");
-  EXPECT_EQ(view.texts["ExampleNames"],
-            "Single IP Address\r\nIP Address Range\r\nSubnet\r\nSubnet");
-  EXPECT_EQ(registry.changes, 0);
-}
-
 TEST_F(SettingsFormTest, LoadsWhatIsSetAndOffersNoRemovalYet) {
   settings.SetRaw(true);
   settings.SetDeviceFilterActive(true);
@@ -138,16 +126,6 @@ TEST_F(SettingsFormTest, DeviceFiltersAreAddedAsDescriptionsAndOnceToTheList) {
               ElementsAre("10.0.1.0/255.255.255.0", "10.0.1.1-10.0.1.255", "10.0.1.23"));
 }
 
-TEST_F(SettingsFormTest, WhatIsNoFilterIsToldAndStaysInTheBox) {
-  form.Form_Load();
-  for (const char* text : {"", "  ", "10.0.1", " 10.0.1.256", "router"}) {
-    EXPECT_EQ(MessageOf([&] { AddDeviceFilter(text); }), "Please enter a valid Filter first.");
-    EXPECT_EQ(view.texts["NewDeviceFilter"], text);
-  }
-  EXPECT_THAT(view.lines["DeviceFilterList"], IsEmpty());
-  EXPECT_EQ(view.focus, "");
-}
-
 TEST_F(SettingsFormTest, CommunitiesAreTrimmedInTheBoxAndOnceInTheList) {
   form.Form_Load();
   view.SetChecked(kCheckCommunity, true);
@@ -163,39 +141,6 @@ TEST_F(SettingsFormTest, CommunitiesAreTrimmedInTheBoxAndOnceInTheList) {
   EXPECT_THAT(NextStart(), ElementsAre("public", "two words", "Public"));
 }
 
-TEST_F(SettingsFormTest, OnlyEnterIsSwallowedByTheEntryBoxes) {
-  form.Form_Load();
-  for (const char32_t key : {U'a', U'\n', U'\x1b', U'\0'}) {
-    EXPECT_FALSE(form.NewDeviceFilter_KeyPress(key));
-    EXPECT_FALSE(form.NewCommunity_KeyPress(key));
-  }
-  EXPECT_THAT(log.calls, IsEmpty());
-}
-
-TEST_F(SettingsFormTest, RemovalIsOfferedWhileALineIsSelected) {
-  const struct {
-    SettingsList list;
-    SettingsButton button;
-    void (SettingsForm::*click)();
-    void (SettingsForm::*remove)();
-  } cases[] = {{kDeviceFilterList, kCmdDeleteDeviceFilter, &SettingsForm::DeviceFilterList_Click,
-                &SettingsForm::cmdDeleteDeviceFilter_Click},
-               {kCommunityList, kCmdDeleteCommunity, &SettingsForm::CommunityList_Click,
-                &SettingsForm::cmdDeleteCommunity_Click}};
-  form.Form_Load();
-  for (const auto& [list, button, click, remove] : cases) {
-    for (const char* line : {"a", "b", "c"}) view.AddLine(list, line);
-    view.selectedLine[list.name] = 1;
-    (form.*click)();
-    EXPECT_TRUE(view.enabled[button.name]);
-    (form.*remove)();
-    EXPECT_THAT(view.Lines(list), ElementsAre("a", "c"));
-    EXPECT_FALSE(view.enabled[button.name]);
-    (form.*remove)();
-    EXPECT_THAT(view.Lines(list), ElementsAre("a", "c")) << "nothing was selected";
-  }
-}
-
 TEST_F(SettingsFormTest, TheLogFileIsChosenInTheFileDialog) {
   form.Form_Load();
   view.SetText(kLogFilename, "old.log");
@@ -208,7 +153,7 @@ TEST_F(SettingsFormTest, TheLogFileIsChosenInTheFileDialog) {
   EXPECT_EQ(request.title, "Trap Logging File ...");
   EXPECT_EQ(request.filter, "All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "old.log");
-  EXPECT_FALSE(request.promptBeforeOverwrite || request.refuseReadOnly) << "a log is appended to";
+  EXPECT_FALSE(request.promptBeforeOverwrite || request.refuseUnwritable) << "a log is appended to";
 }
 
 TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunityTurnsThatOff) {
@@ -220,6 +165,7 @@ TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunit
             "You have enabled Device Filtering, but have not added any Device Filters.\r\n\r\n"
             "Please add at least one Device Filter or disable Device Filtering.");
   EXPECT_EQ(view.tab, 2);
+  EXPECT_EQ(view.focus, "NewDeviceFilter");
   EXPECT_FALSE(view.closed);
   EXPECT_FALSE(settings.Raw());
   EXPECT_EQ(registry.changes, 0);
@@ -228,6 +174,30 @@ TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunit
   EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
   EXPECT_TRUE(view.closed && settings.Raw());
   EXPECT_THAT(NextStart(), IsEmpty());
+}
+
+TEST_F(SettingsFormTest, WhatWasTypedAndNotAddedIsShownOnceBeforeOKCloses) {
+  settings.DeviceFilters()->AddFilter("10.9.9.9");
+  const std::tuple<SettingsCheck, SettingsText, int> boxes[] = {
+      {kCheckDeviceFilter, kNewDeviceFilter, 2}, {kCheckCommunity, kNewCommunity, 3}};
+  for (const auto& [check, entry, tab] : boxes) {
+    form.Form_Load();
+    view.SetText(entry, " 10.0.0.1 ");
+    view.SetChecked(check, true);
+    view.closed = false;
+    view.focus = "";
+    EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }),
+              "\"10.0.0.1\" has not been added.\r\n\r\n"
+              "Press Add to add it, or OK once more to go on without it.");
+    EXPECT_FALSE(view.closed);
+    EXPECT_EQ(view.tab, tab);
+    EXPECT_EQ(view.focus, entry.name);
+    EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "");
+    EXPECT_TRUE(view.closed);
+  }
+  view.SetText(kNewCommunity, "other");
+  view.SetChecked(kCheckCommunity, false);
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "") << "a hidden box holds nobody up";
 }
 
 TEST_F(SettingsFormTest, OKThatChangesNothingLeavesAloneWhatOthersHaveWrittenMeanwhile) {

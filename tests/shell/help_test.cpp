@@ -64,8 +64,9 @@ TEST_F(HelpTest, AnotherFolderIsTakenAsItStands) {
 }
 
 TEST_F(HelpTest, TheHelpKeyOpensThePageBesideTheHelpFile) {
-  help.ShowHelpContext("/opt/sentrel/Help/Varnholt.chm", 9100);
-  EXPECT_EQ(log.calls.back(), "Browse file:///opt/sentrel/Help/default.htm?context=9100");
+  help.ShowHelpContext("/opt/sentrel/Help/Varnholt.chm", 9100, "SendTrap");
+  EXPECT_EQ(log.calls.back(),
+            "Browse file:///opt/sentrel/Help/default.htm?context=9100&topic=SendTrap");
 }
 
 TEST_F(HelpTest, EachFailureGivesOneMessage) {

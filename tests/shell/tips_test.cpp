@@ -3,7 +3,7 @@
 #include "fakes/fake_registry.h"
 #include "fakes/fake_shell.h"
 #include "fakes/registry_access.h"
-#include "shell/tip_book.h"
+#include "shell/tip_choice.h"
 #include "shell/tip_of_the_day.h"
 
 namespace sentrel {
@@ -63,7 +63,7 @@ TEST_F(TipsTest, TheChoiceAboutTheStartIsKept) {
   }
 }
 
-TEST(TipBook, ReadsTitlesAndParagraphs) {
+TEST(TipFile, ReadsTitlesAndParagraphs) {
   const auto tips = ReadTips(
       "# a comment\r\nFirst title\r\nOne line.\r\n\r\nA paragraph.\r\n\r\n%\r\n"
       "Title alone\r\n%\n%\nSecond\n\nText");
@@ -76,9 +76,18 @@ TEST(TipBook, ReadsTitlesAndParagraphs) {
     EXPECT_THAT(ReadTips(empty), IsEmpty()) << empty;
 }
 
-TEST(TipBook, EveryDayHasItsOwnNumber) {
-  EXPECT_EQ(DayNumber(2026, 3, 1), DayNumber(2026, 2, 28) + 1);
-  EXPECT_EQ(DayNumber(2027, 1, 1), DayNumber(2026, 1, 1) + 365);
+TEST(TipChoice, EveryDayHasTheTipAfterThatOfTheDayBefore) {
+  const std::vector<Tip> tips = {{"a", ""}, {"b", ""}, {"c", ""}};
+  const std::pair<LocalTime, LocalTime> nights[] = {{{2026, 2, 28}, {2026, 3, 1}},
+                                                    {{2024, 2, 28}, {2024, 2, 29}},
+                                                    {{2026, 12, 31}, {2027, 1, 1}}};
+  for (const auto& [evening, morning] : nights) {
+    TipChoice turned(tips, evening);
+    turned.Next();
+    EXPECT_EQ(turned.Current().title, TipChoice(tips, morning).Current().title) << morning.year;
+    for (int turns = 0; turns < 3; ++turns) turned.Previous();
+    EXPECT_EQ(turned.Current().title, TipChoice(tips, morning).Current().title) << "round";
+  }
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 
 #include <cerrno>
 
-#include "fakes/free_port.h"
 #include "listener_fixture.h"
 #include "snmp/port_holder.h"
 #include "snmp/port_permission.h"

@@ -56,7 +56,7 @@ TEST_F(SenderTest, ExactlyTheGivenBindingsArriveOverBothFamilies) {
 TEST_F(SenderTest, EveryTypeArrivesWithTheTextThatWasSent) {
   auto rows = RowsOf(TEST_DATA "/snmp/sendable_values.txt");
   rows.push_back({"4", "Grüße\r\n\t€"});
-  rows.push_back({"4", std::string(60 * 1024, 'x')});
+  rows.push_back({"4", std::string(61'440, 'x')});
   Start();
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const int type = std::stoi(rows[i].at(0));
@@ -140,6 +140,8 @@ TEST_F(SenderTest, HostsAreResolvedToDottedQuads) {
   EXPECT_EQ(sender.ResolveHost("localhost"), "127.0.0.1");
   EXPECT_EQ(sender.ResolveHost("::1"), "") << "it has no dotted quad";
   EXPECT_EQ(sender.ResolveHost(""), "");
+  for (const char* part : {"1.2.3", "127.1", "0x7f.1", "2130706433", "0x7f000001"})
+    EXPECT_EQ(sender.ResolveHost(part), "") << part;
   EXPECT_EQ(sender.ResolveHost(std::string(5'000, 'x')), "");
   EXPECT_THAT(sender.StatusText(), testing::Not("OK"));
 }

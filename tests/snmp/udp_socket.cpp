@@ -8,9 +8,18 @@
 #include <cerrno>
 #include <stdexcept>
 
-#include "fakes/loopback.h"
-
 namespace sentrel::test {
+namespace {
+
+sockaddr_in Loopback(std::uint16_t port) {
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_port = htons(port);
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  return address;
+}
+
+}  // namespace
 
 UdpSocket::UdpSocket(std::uint16_t to)
     : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)), answers_(to == 0), to_(Loopback(to)) {

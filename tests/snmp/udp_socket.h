@@ -33,6 +33,11 @@ class UdpSocket {
   sockaddr_in to_;
 };
 
+/// A UDP port that is free now, and that the system is not soon to give to anyone else.
+inline std::uint16_t FreePort() {
+  return UdpSocket().Port();
+}
+
 /// The datagram with one to `mostChanges` changes: cut short, bytes put in, bytes replaced.
 std::string Mutated(std::string datagram, std::size_t mostChanges, std::mt19937& random);
 

@@ -17,7 +17,6 @@
 
 #include "app/program.h"
 #include "common/atomic_file.h"
-#include "fakes/free_port.h"
 #include "fakes/shell.h"
 #include "memory.h"
 #include "storm.h"
@@ -208,7 +207,7 @@ class SoakTest : public testing::Test {
   const int minutes = qEnvironmentVariableIntValue("SENTREL_SOAK_MINUTES");
   Home home;
   Program program{{.port = 0,
-                   .sendPort = FreePort(),
+                   .sendPort = test::FreePort(),
                    .machineFolder = home.Path("machine"),
                    .userFolder = home.Path("user")}};
   User user{program.Window(), seed};

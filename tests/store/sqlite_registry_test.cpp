@@ -12,63 +12,8 @@ using std::chrono::seconds;
 
 class SqliteRegistryTest : public StoreTest {
  protected:
-  bool HasKey(RegistryRoot root, const std::string& path) {
-    const auto key = registry_.OpenKey(root, path);
-    return key && registry_.CloseKey(*key);
-  }
-
   SqliteRegistry registry_ = folder_.Registry();
 };
-
-TEST_F(SqliteRegistryTest, OpenFindsOnlyWhatCreateHasMade) {
-  EXPECT_FALSE(registry_.OpenKey(kMachine, "a\\b\\c"));
-  EXPECT_FALSE(registry_.CreateKey(kMachine, ""));
-  const auto key = registry_.CreateKey(kMachine, "a\\b\\c");
-  ASSERT_TRUE(key);
-  EXPECT_TRUE(registry_.CloseKey(*key));
-  for (const char* path : {"a\\b\\c", "a\\b", "a", "A\\B\\C"})
-    EXPECT_TRUE(HasKey(kMachine, path)) << path;
-  for (const char* path : {"a\\b\\d", "b", "a\\", "c"})
-    EXPECT_FALSE(HasKey(kMachine, path)) << path;
-  EXPECT_FALSE(HasKey(kUser, "a"));
-
-  EXPECT_FALSE(registry_.CloseKey(*key)) << "a closed key serves nothing";
-  EXPECT_FALSE(registry_.SetStringValue(*key, "x", "1"));
-  EXPECT_FALSE(registry_.QueryStringValue(*key, "x"));
-  EXPECT_FALSE(registry_.DeleteValue(*key, "x"));
-}
-
-TEST_F(SqliteRegistryTest, KeepsAnyText) {
-  using namespace std::string_literals;
-  const std::string texts[] = {
-      "",   " blanks ", "M\xC3\xA4rz \xF0\x9F\x94\xA5", "it's; --%", "a\r\nb",
-      "12", "a\0b"s,    std::string(100000, 'x')};
-  for (const std::string& text : texts) {
-    EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", text));
-    EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), text);
-    EXPECT_EQ(Get("x"), text);
-  }
-}
-
-TEST_F(SqliteRegistryTest, NamesIgnoreCaseAndRootsAreApart) {
-  const std::string path = "Software\\One";
-  EXPECT_TRUE(SetText(registry_, kMachine, path, "Log Filename", "x.log"));
-  EXPECT_TRUE(SetText(registry_, kUser, path, "Log Filename", "y.log"));
-  EXPECT_EQ(GetText(registry_, kMachine, "SOFTWARE\\one", "LOG filename"), "x.log");
-  EXPECT_TRUE(SetText(registry_, kMachine, "SOFTWARE\\one", "LOG filename", "z.log"));
-  EXPECT_EQ(GetText(registry_, kMachine, path, "Log Filename"), "z.log");
-  EXPECT_EQ(GetText(registry_, kUser, path, "Log Filename"), "y.log");
-}
-
-TEST_F(SqliteRegistryTest, DeleteTakesOneValueAndLeavesTheKey) {
-  Set("x", "1");
-  Set("y", "2");
-  EXPECT_TRUE(Delete("X"));
-  EXPECT_FALSE(Delete("x"));
-  EXPECT_EQ(Get("x") + Get("y"), "-2");
-  EXPECT_TRUE(Delete("y"));
-  EXPECT_TRUE(HasKey(kMachine, "a"));
-}
 
 TEST_F(SqliteRegistryTest, AValueOfAnotherTypeIsNoTextButCanBeReplacedAndDeleted) {
   for (const char* value : {"1", "2.5", "x'00'", "printf('%2000000d', 1)"}) {
@@ -84,20 +29,6 @@ TEST_F(SqliteRegistryTest, AValueOfAnotherTypeIsNoTextButCanBeReplacedAndDeleted
       EXPECT_EQ(Get("x"), replace ? "True" : "-");
     }
   }
-}
-
-TEST_F(SqliteRegistryTest, ABatchSeesItsOwnWrites) {
-  Set("x", "1");
-  registry_.BeginBatch(RegistryBatch::Write);
-  EXPECT_TRUE(SetText(registry_, kMachine, "a\\b", "y", "2"));
-  EXPECT_EQ(GetText(registry_, kMachine, "a\\b", "y"), "2");
-  EXPECT_TRUE(DeleteText(registry_, kMachine, "a", "x"));
-  registry_.EndBatch();
-  registry_.BeginBatch(RegistryBatch::Read);
-  EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "-");
-  EXPECT_EQ(GetText(registry_, kMachine, "a\\b", "y"), "2");
-  registry_.EndBatch();
-  EXPECT_EQ(Get("x"), "-");
 }
 
 TEST_F(SqliteRegistryTest, ReadingLeavesNothingOnDisk) {
@@ -216,24 +147,6 @@ TEST_F(SqliteRegistryTest, AFileThatStaysBusyIsWaitedForOnceInAWhile) {
   user.reset();
   EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", "at once"));
   EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "at once");
-}
-
-TEST_F(SqliteRegistryTest, ABatchOfReadsTakesNoWrites) {
-  Set("x", "old");
-  registry_.BeginBatch(RegistryBatch::Read);
-  EXPECT_EQ(GetText(registry_, kMachine, "a", "x"), "old");
-  EXPECT_FALSE(SetText(registry_, kMachine, "a", "x", "mine"));
-  registry_.EndBatch();
-  EXPECT_EQ(Get("x"), "old");
-}
-
-TEST_F(SqliteRegistryTest, AFailedWriteInABatchUndoesTheWhole) {
-  Set("x", "old");
-  registry_.BeginBatch(RegistryBatch::Write);
-  EXPECT_TRUE(SetText(registry_, kMachine, "a", "x", "new"));
-  EXPECT_FALSE(SetText(registry_, kMachine, "a", "y", std::string(2 << 20, 'x')));
-  registry_.EndBatch();
-  EXPECT_EQ(Get("x") + Get("y"), "old-");
 }
 
 TEST_F(SqliteRegistryTest, AnUnchangedValueWritesNothing) {

@@ -18,8 +18,8 @@ namespace {
 
 /// Traps are handled this long before other events have their turn.
 constexpr std::chrono::milliseconds kDeliveryBudget{8};
-/// So many gather before they are handled that a storm does not cost a turn of the event loop for
-/// each, and so few that a frame is never late.
+/// Long enough for traps to gather, so that in a storm not each of them costs a turn of the event
+/// loop, and short enough for no frame to be late.
 constexpr std::chrono::milliseconds kDeliveryRest{30};
 
 ProgramIdentity ThisProgram() {
@@ -47,8 +47,8 @@ bool IsOurs(const std::filesystem::path& file) {
   return standing != Standing::Foreign;
 }
 
-/// Where version 3 users are configured; empty for the SNMP library's own folders. Root lets nobody
-/// in for the sake of a home folder that somebody else can write.
+/// Where version 3 users are configured; empty for the SNMP library's own folders. Root trusts
+/// no home folder that somebody else can write.
 std::string SnmpFolders(bool root) {
   const char* const home = std::getenv("HOME");
   if (!root || home == nullptr) return "";
@@ -90,20 +90,22 @@ Program::Program(const ProgramOptions& options)
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
-      toggles_(settings_, toolBars_, statusBar_),
+      pauseAndRaw_(settings_, table_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
       savedTrap_(table_, fileDialog_, listener_, trapWriter_),
       testTrap_(listener_, clock_, locale_, [this](const TrapObject& trap) { ShowSendForm(trap); }),
-      mainForm_(window_, table_, listener_, messageBox_, toggles_, layout_),
+      mainForm_(window_, table_, listener_, messageBox_, pauseAndRaw_, layout_),
       browsers_(window_),
       help_(application_, RegistrySupport(registry_), browsers_, messageBox_),
-      helpKey_([this](int context) { help_.ShowHelpContext(application_.HelpFile(), context); }),
+      helpKey_([this](int context, const std::string& topic) {
+        help_.ShowHelpContext(application_.HelpFile(), context, topic);
+      }),
       aboutDialogs_(window_),
       about_(application_, ThisProgram(), versions_, locale_, aboutDialogs_),
       tipDialogs_(window_, RegistrySupport(registry_), clock_),
       tips_(application_, ThisProgram(), RegistrySupport(registry_), tipDialogs_),
-      dispatch_(window_, mainForm_, tableCommands_, toggles_, toolBars_, OtherCommands()),
+      dispatch_(window_, mainForm_, tableCommands_, pauseAndRaw_, toolBars_, OtherCommands()),
       endRequest_([this] { window_.Unload(); }),
       forcedEnd_([this] {
         table_.SetObserver(nullptr);  // the last traps are for the log: there is no window any more

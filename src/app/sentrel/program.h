@@ -5,10 +5,10 @@
 
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
+#include "console/pause_and_raw.h"
 #include "console/row_builder.h"
 #include "console/saved_trap.h"
 #include "console/table_commands.h"
-#include "console/toggles.h"
 #include "console/tool_dispatch.h"
 #include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
@@ -18,11 +18,12 @@
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
 #include "desktop/event_loop.h"
-#include "desktop/export/document_engine.h"
+#include "desktop/export/document_exporter.h"
 #include "desktop/forms/file_chooser.h"
 #include "desktop/forms/toolkit_dialogs.h"
 #include "desktop/help/about_window.h"
 #include "desktop/help/help_browser.h"
+#include "desktop/help/help_key.h"
 #include "desktop/help/tip_window.h"
 #include "desktop/services/desktop_application.h"
 #include "desktop/services/desktop_clipboard.h"
@@ -62,8 +63,8 @@ struct ProgramOptions {
   std::filesystem::path userFolder = UserStateFolder();
 };
 
-/// The whole program, put together. Needs a QApplication. Members stand in the order in which they
-/// are made; each knows only those above it.
+/// The whole program, put together. Needs a QApplication, and belongs to its thread. Members are
+/// listed in the order in which they are made; each knows only those above it.
 class Program {
  public:
   explicit Program(const ProgramOptions& options);
@@ -106,14 +107,14 @@ class Program {
   InstalledPrinters printers_;
   WaitCursor mousePointer_;
   StoredExportMemory exportMemory_;
-  DocumentEngineFactory exportEngines_;
+  DocumentExporterFactory exportEngines_;
   TrapExport trapExport_;
   DesktopTimer resetTimer_;
   RowBuilder rows_;
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;
-  Toggles toggles_;
+  PauseAndRaw pauseAndRaw_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;
   TrapDocumentWriter trapWriter_;

@@ -3,36 +3,29 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QHash>
-#include <QPaintDevice>
 #include <QStringList>
 #include <string>
 #include <vector>
 
 namespace sentrel {
 
-/// Lays out text in the measures of one device.
+/// Measures and wraps text of one font, in the pixels of the font.
 class PageText {
  public:
-  /// The device must outlive the object.
-  PageText(const QFont& font, QPaintDevice& device)
-      : font_(font), device_(&device), metrics_(font, &device) {}
+  explicit PageText(const QFont& font) : font_(font), metrics_(font) {}
 
-  /// The width of the widest line, where lines are not wrapped; very long lines count in part.
-  double Width(const std::string& text);
-  /// The lines of the text, each at most so wide.
+  /// The width of a line; of a very long one, that of its beginning.
+  double Width(const QString& line);
+  /// The lines of the text, each at most `width` wide.
   QStringList Wrapped(const std::string& text, double width);
 
  private:
-  double Advance(const QString& line);
-
   QFont font_;
-  QPaintDevice* device_;
   QFontMetricsF metrics_;
-  QHash<QString, double> advances_;  // of lines met before; most come again
+  QHash<QString, double> widths_;  // of lines seen before; most occur again
 };
 
-/// Widths of columns that together fill the room. A column gets what it wants where that is at most
-/// an equal share; the others share what is left, and the last gets what is spare.
-std::vector<double> ShareWidth(const std::vector<double>& wanted, double room);
+/// The lines of a text as pages show them, at least one.
+QStringList PageLines(const std::string& text);
 
 }  // namespace sentrel

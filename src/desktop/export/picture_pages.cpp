@@ -8,10 +8,11 @@
 
 namespace sentrel {
 
-void PicturePages::LayOut(QPagedPaintDevice& device, Progress&) {
+PicturePages::PicturePages(QImage image, const QPageLayout& paper)
+    : PrintablePages(paper), image_(std::move(image)) {
   constexpr double kScreenDpi = 96;
-  const QSizeF area = PageArea(device);
-  const QSizeF natural = QSizeF(image_.size()) * device.logicalDpiX() / kScreenDpi;
+  const QSizeF area = Area();
+  const QSizeF natural = QSizeF(image_.size()) * kPaperDpi / kScreenDpi;
   const bool fits = natural.width() <= area.width() && natural.height() <= area.height();
   const QSizeF size = fits ? natural : natural.scaled(area, Qt::KeepAspectRatio);
   place_ =

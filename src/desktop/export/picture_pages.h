@@ -2,17 +2,16 @@
 
 #include <QImage>
 
-#include "desktop/export/paper_pages.h"
-#include "platform/engine.h"
+#include "desktop/export/printable_pages.h"
+#include "platform/export_backend.h"
 
 namespace sentrel {
 
 /// A picture in the middle of one page, as large as fits but never enlarged.
-class PicturePages : public Pages {
+class PicturePages : public PrintablePages {
  public:
-  explicit PicturePages(QImage image) : image_(std::move(image)) {}
+  PicturePages(QImage image, const QPageLayout& paper);
 
-  void LayOut(QPagedPaintDevice& device, Progress& progress) override;
   int Count() const override { return 1; }
   void Paint(QPainter& painter, int page) const override;
 
@@ -21,13 +20,12 @@ class PicturePages : public Pages {
   QRectF place_;
 };
 
-/// A copy. Throws Failure where the sizes do not fit the pixels.
+/// A copy. Throws Failure if the size does not match the number of pixels.
 QImage ToImage(const Picture& picture);
 
-/// Whether this system writes pictures of a format, named by its file extension in any case.
+/// Whether the toolkit can write a picture format, named by its file extension in any case.
 bool CanWriteImage(const std::string& format);
-/// The extension, in lower case, of the format to write: PNG in place of one that cannot be
-/// written.
+/// The extension, in lower case, of the format to write: PNG instead of one that cannot be written.
 QString ImageExtension(const std::string& format);
 /// The bytes of a file. Throws Failure.
 QByteArray EncodeImage(const QImage& image, const QString& extension);

@@ -10,9 +10,9 @@ constexpr qint64 kBetweenEvents = 30;  // milliseconds
 
 }  // namespace
 
-ProgressDialog::ProgressDialog(QWidget* owner, const QString& what,
+ProgressDialog::ProgressDialog(QWidget* owner, const QString& what, CancelButton button,
                                std::chrono::milliseconds silence)
-    : owner_(owner), what_(what), silence_(silence) {}
+    : owner_(owner), what_(what), button_(button), silence_(silence) {}
 
 void ProgressDialog::Advance(std::size_t done, std::size_t total) {
   if (!sinceStart_.isValid()) sinceStart_.start();
@@ -22,13 +22,14 @@ void ProgressDialog::Advance(std::size_t done, std::size_t total) {
   dialog_->setValue(static_cast<int>(done * kSteps / total));
   QCoreApplication::processEvents();
   sinceEvents_.start();
-  if (dialog_->wasCanceled()) throw Cancelled();
+  if (button_ == CancelButton::Shown && dialog_->wasCanceled()) throw Cancelled();
 }
 
 void ProgressDialog::Show() {
   dialog_ = std::make_unique<QProgressDialog>(what_, "Cancel", 0, kSteps, owner_);
   dialog_->setObjectName("ExportProgress");
   dialog_->setWindowTitle("Sentrel");
+  if (button_ == CancelButton::Hidden) dialog_->setCancelButton(nullptr);
   dialog_->setWindowModality(Qt::WindowModal);
   dialog_->setMinimumDuration(0);
   dialog_->setAutoReset(false);

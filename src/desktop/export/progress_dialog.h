@@ -9,15 +9,18 @@
 
 namespace sentrel {
 
-/// Work that takes longer than this shows how far it has come.
+/// A task that takes longer than this shows how far it has come.
 inline constexpr std::chrono::milliseconds kSilentWork{300};
 
-/// Shows a dialog over work that takes long, counted from the first call of Advance, and handles
-/// events while it stands. The user ends the work with its Cancel button.
+/// Whether the user may cancel the task.
+enum class CancelButton { Shown, Hidden };
+
+/// Shows a dialog if a task takes long, counted from the first call of Advance, and handles events
+/// while it is open. Used on the event loop.
 class ProgressDialog : public Progress {
  public:
-  /// The dialog stands above the owner, which must outlive it.
-  ProgressDialog(QWidget* owner, const QString& what,
+  /// The dialog opens above the owner, which must outlive it; null means no owner.
+  ProgressDialog(QWidget* owner, const QString& what, CancelButton button = CancelButton::Shown,
                  std::chrono::milliseconds silence = kSilentWork);
 
   void Advance(std::size_t done, std::size_t total) override;
@@ -27,6 +30,7 @@ class ProgressDialog : public Progress {
 
   QWidget* owner_;
   QString what_;
+  CancelButton button_;
   std::chrono::milliseconds silence_;
   QElapsedTimer sinceStart_;
   QElapsedTimer sinceEvents_;

@@ -1,32 +1,42 @@
 #include "desktop/forms/file_chooser.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QStorageInfo>
 
+#include "common/atomic_file.h"
+#include "common/failure.h"
 #include "desktop/forms/toolkit_dialogs.h"
-#include "desktop/services/desktop_files.h"
 #include "desktop/services/desktop_message_box.h"
 
 namespace sentrel {
 namespace {
 
-std::optional<std::string> Ask(const SaveFileRequest& request, QWidget* owner) {
-  NameIcons icons;
-  QFileDialog dialog(owner, QString::fromStdString(request.title));
-  dialog.setIconProvider(&icons);
+void SetUp(QFileDialog& dialog, const SaveFileRequest& request) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.promptBeforeOverwrite);
   dialog.setNameFilters(NameFilters(request.filter));
   if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return dialog.selectedFiles().value(0).toStdString();
 }
 
-void TellReadOnly(const std::string& path, QWidget* owner) {
+/// Why no file can be written under this name, empty where one can.
+std::string ObstacleAt(const std::string& path) {
+  try {
+    const AtomicFile trial(path);
+  } catch (const Failure& failure) {
+    return failure.what();
+  }
+  const QStorageInfo disk(QFileInfo(QString::fromStdString(path)).absolutePath());
+  if (disk.bytesAvailable() > 0) return "";
+  return "Cannot write the file " + path + ": the disk is full.";
+}
+
+void Tell(const std::string& obstacle, QWidget* owner) {
   QMessageBox box(QMessageBox::Warning, "Sentrel",
-                  QString::fromStdString(path) + " is read-only.\nPlease choose another file name.",
+                  QString::fromStdString(obstacle) + "\nPlease choose another file name.",
                   QMessageBox::Ok, owner);
   box.setTextFormat(Qt::PlainText);
   box.exec();
@@ -46,11 +56,17 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 std::optional<std::string> FileChooser::ChooseSaveFile(const SaveFileRequest& request) {
-  SaveFileRequest next = request;
-  while (auto path = Ask(next, OwnerOfNextDialog(window_))) {
-    if (!request.refuseReadOnly || !IsReadOnly(*path)) return path;
-    TellReadOnly(*path, OwnerOfNextDialog(window_));
-    next.fileName = *path;
+  NameIcons icons;
+  QFileDialog dialog(OwnerOfNextDialog(window_), QString::fromStdString(request.title));
+  dialog.setIconProvider(&icons);
+  SetUp(dialog, request);
+  while (dialog.exec() == QDialog::Accepted) {
+    const QString chosen = dialog.selectedFiles().value(0);
+    std::string path = chosen.toStdString();
+    const std::string obstacle = request.refuseUnwritable ? ObstacleAt(path) : "";
+    if (obstacle.empty()) return path;
+    Tell(obstacle, OwnerOfNextDialog(window_));
+    dialog.selectFile(chosen);
   }
   return std::nullopt;
 }

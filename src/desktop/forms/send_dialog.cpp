@@ -93,6 +93,7 @@ void SendDialog::ShowModal() {
 
 void SendDialog::SetHelpContext(int number) {
   setProperty("helpContext", number);
+  setProperty("helpTopic", "SendTrap");
 }
 
 Area SendDialog::InnerArea() const {

@@ -44,6 +44,11 @@ SettingsDialog::SettingsDialog(Settings& settings, MessageBox& messageBox, FileD
   closing->addWidget(ClosingButton(kCmdOK, "OK"));
   closing->addWidget(ClosingButton(kCmdCancel, "Cancel"));
   layout->addLayout(closing);
+  const auto takeHelpTopic = [this] {
+    setProperty("helpTopic", tabs_->currentWidget()->property("helpTopic"));
+  };
+  takeHelpTopic();
+  connect(tabs_, &QTabWidget::currentChanged, this, takeHelpTopic);
   ConnectChecks();
   ConnectButtons();
   ConnectLogFilename();

@@ -84,9 +84,11 @@ QHBoxLayout* Row(std::initializer_list<QWidget*> widgets) {
 }
 
 /// A page with its layout, which the caller fills from top to bottom.
-QVBoxLayout* AddPage(QTabWidget& tabs, const char* name, const QString& caption) {
+QVBoxLayout* AddPage(QTabWidget& tabs, const char* name, const QString& caption,
+                     const char* helpTopic) {
   auto* page = new QWidget;
   page->setObjectName(name);
+  page->setProperty("helpTopic", helpTopic);
   page->setAccessibleName(caption);
   tabs.addTab(page, caption);
   auto* layout = new QVBoxLayout(page);
@@ -95,7 +97,7 @@ QVBoxLayout* AddPage(QTabWidget& tabs, const char* name, const QString& caption)
 }
 
 void AddGeneral(QTabWidget& tabs) {
-  auto* page = AddPage(tabs, "SSActiveTabPanel1", "General");
+  auto* page = AddPage(tabs, "SSActiveTabPanel1", "General", "SettingsGeneral");
   auto* frame = new QGroupBox("Trap Decoding");
   frame->setObjectName("Frame1");
   auto* options = new QVBoxLayout(frame);
@@ -122,7 +124,7 @@ QLayout* MakeExamples() {
 }
 
 void AddDeviceFilter(QTabWidget& tabs) {
-  auto* page = AddPage(tabs, "SSActiveTabPanel2", "Device Filter");
+  auto* page = AddPage(tabs, "SSActiveTabPanel2", "Device Filter", "SettingsDeviceFilter");
   page->addWidget(Named(
       new QCheckBox("Enable Device Filtering (Only receive SNMP Traps from specific devices)"),
       kCheckDeviceFilter));
@@ -147,7 +149,7 @@ void AddDeviceFilter(QTabWidget& tabs) {
 }
 
 void AddCommunityFilter(QTabWidget& tabs) {
-  auto* page = AddPage(tabs, "SSActiveTabPanel4", "Community Filter");
+  auto* page = AddPage(tabs, "SSActiveTabPanel4", "Community Filter", "SettingsCommunityFilter");
   page->addWidget(Named(new QCheckBox("Enable SNMP Community Filtering"), kCheckCommunity));
   page->addWidget(Label(kLabel1, "Only accept SNMP Traps with certain Community strings"));
   page->addSpacing(kGroupSpacing);
@@ -161,7 +163,7 @@ void AddCommunityFilter(QTabWidget& tabs) {
 }
 
 void AddLogging(QTabWidget& tabs) {
-  auto* page = AddPage(tabs, "SSActiveTabPanel3", "Logging");
+  auto* page = AddPage(tabs, "SSActiveTabPanel3", "Logging", "SettingsLogging");
   page->addWidget(Named(new QCheckBox("Log Traps to a file as they arrive"), kCheckLoggingActive));
   page->addSpacing(kGroupSpacing);
   auto* label = Label(kLogLabel, "Logging File");

@@ -1,9 +1,6 @@
 #include "desktop/help/help_browser.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QVariant>
-#include <utility>
+#include <QEvent>
 
 #include "desktop/help/help_pages.h"
 
@@ -19,22 +16,6 @@ class HelpBrowser : public Browser {
   HelpWindow& window_;
 };
 
-bool IsHelpKey(const QEvent& event) {
-  if (event.type() != QEvent::KeyPress) return false;
-  const auto& key = static_cast<const QKeyEvent&>(event);
-  return (key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier) ||
-         key.key() == Qt::Key_Help;
-}
-
-/// Invalid where neither the widget nor one that it belongs to has a number.
-QVariant HelpContextOf(const QWidget* widget) {
-  QVariant context;
-  for (; widget != nullptr && !context.isValid(); widget = widget->parentWidget()) {
-    context = widget->property("helpContext");
-  }
-  return context;
-}
-
 }  // namespace
 
 HelpBrowserFactory::HelpBrowserFactory(QWidget& mainWindow) {
@@ -49,19 +30,6 @@ std::unique_ptr<Browser> HelpBrowserFactory::Create() {
 bool HelpBrowserFactory::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && !event->spontaneous() && window_) window_->close();
   return QObject::eventFilter(watched, event);
-}
-
-HelpKey::HelpKey(std::function<void(int context)> onPress) : onPress_(std::move(onPress)) {
-  QApplication::instance()->installEventFilter(this);
-}
-
-bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
-  const auto* widget = qobject_cast<QWidget*>(watched);
-  if (widget == nullptr || !IsHelpKey(*event)) return false;
-  const QVariant context = HelpContextOf(widget);
-  if (!context.isValid()) return false;
-  onPress_(context.toInt());
-  return true;
 }
 
 }  // namespace sentrel

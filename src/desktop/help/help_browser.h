@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QWidget>
-#include <functional>
 #include <memory>
 
 #include "desktop/help/help_window.h"
@@ -25,20 +24,6 @@ class HelpBrowserFactory : public QObject, public BrowserFactory {
  private:
   /// Made when it is first asked for.
   std::unique_ptr<HelpWindow> window_;
-};
-
-/// Turns the help key, pressed in any window, into a call with the help context number of that
-/// window, or of the one it belongs to. One at a time.
-class HelpKey : public QObject {
-  Q_OBJECT
- public:
-  explicit HelpKey(std::function<void(int context)> onPress);
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  std::function<void(int context)> onPress_;
 };
 
 }  // namespace sentrel

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kSearchWidth = 240;
 constexpr const char* kContents = "default.htm";
+constexpr const char* kTitle = "Sentrel Help";
 
 /// Where a modal dialog is open, only a window that belongs to it can be used.
 void BelongToModalDialog(QWidget& window) {
@@ -99,7 +100,8 @@ void HelpWindow::SearchEntered() {
 }
 
 void HelpWindow::PageChanged(const QUrl& page) {
-  setWindowTitle(view_->documentTitle() + " - Sentrel Help");
+  const QString title = view_->documentTitle();
+  setWindowTitle(title == kTitle ? title : title + " - " + kTitle);
   view_->Mark(page.isLocalFile() ? search_->text() : QString());
 }
 

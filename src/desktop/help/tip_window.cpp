@@ -11,7 +11,7 @@
 
 #include "common/failure.h"
 #include "desktop/window/icons.h"
-#include "shell/tip_book.h"
+#include "shell/tip_choice.h"
 #include "shell/tip_of_the_day.h"
 
 namespace sentrel {
@@ -35,7 +35,7 @@ std::vector<Tip> TipsIn(const QString& path) {
 /// One tip at a time, with buttons to turn to others.
 class TipWindow : public QDialog {
  public:
-  TipWindow(QWidget& owner, TipBook book) : QDialog(&owner), book_(std::move(book)) {
+  TipWindow(QWidget& owner, TipChoice choice) : QDialog(&owner), choice_(std::move(choice)) {
     setObjectName("TipOfTheDay");
     QFont font = title_->font();
     font.setBold(true);
@@ -61,8 +61,8 @@ class TipWindow : public QDialog {
     auto* icon = new QLabel(this);
     icon->setPixmap(ToolIcon("Help:TipOfTheDay").pixmap(kIconSize, kIconSize));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    AddButton(*buttons, "Previous", "&Previous", [this] { book_.Previous(); });
-    AddButton(*buttons, "Next", "&Next", [this] { book_.Next(); });
+    AddButton(*buttons, "Previous", "&Previous", [this] { choice_.Previous(); });
+    AddButton(*buttons, "Next", "&Next", [this] { choice_.Next(); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -91,11 +91,11 @@ class TipWindow : public QDialog {
   }
 
   void ShowTip() {
-    title_->setText(QString::fromStdString(book_.Current().title));
-    text_->setText(QString::fromStdString(book_.Current().text));
+    title_->setText(QString::fromStdString(choice_.Current().title));
+    text_->setText(QString::fromStdString(choice_.Current().text));
   }
 
-  TipBook book_;
+  TipChoice choice_;
   QLabel* title_ = new QLabel(this);
   QLabel* text_ = new QLabel(this);
   QCheckBox* atStart_ = new QCheckBox("&Show tips at startup", this);
@@ -110,10 +110,8 @@ class OneTipDialog : public TipDialog {
   void SetPath(const std::string& folder) override { folder_ = QString::fromStdString(folder); }
 
   void Show(const std::string& tipSet) override {
-    const LocalTime now = clock_.Now();
-    TipBook book(TipsIn(folder_ + "/tips/" + QString::fromStdString(tipSet) + ".txt"),
-                 DayNumber(now.year, now.month, now.day));
-    TipWindow window(owner_, std::move(book));
+    const QString file = folder_ + "/tips/" + QString::fromStdString(tipSet) + ".txt";
+    TipWindow window(owner_, TipChoice(TipsIn(file), clock_.Now()));
     window.setWindowTitle(program_ + " - Tip of the Day");
     window.AtStart().setChecked(TipsAtStart(registry_));
     QObject::connect(&window.AtStart(), &QCheckBox::toggled, &window,

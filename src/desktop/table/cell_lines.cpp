@@ -16,7 +16,7 @@ constexpr int kHighestPile = 8;
 /// No glyph is narrower than this many pixels: no more text is laid out than can be seen.
 constexpr int kNarrowestGlyph = 2;
 
-/// Stands on or within the character before it, and may be piled up without end.
+/// Is drawn on or within the character before it, and may be piled up without end.
 bool TakesNoRoom(char32_t c) {
   switch (QChar::category(c)) {
     case QChar::Mark_NonSpacing:
@@ -29,8 +29,8 @@ bool TakesNoRoom(char32_t c) {
   }
 }
 
-/// What is too much of a pile is replaced: it would take long to lay out and hide what it stands
-/// on.
+/// Marks beyond the highest pile are replaced: they would take long to lay out and hide the letter
+/// below them.
 void LevelPiles(QString& line) {
   int height = 0;
   for (qsizetype i = 0; i < line.size(); ++i) {

@@ -7,11 +7,11 @@
 
 namespace sentrel {
 
-/// A line of a cell takes at most this many lines on the screen; an ellipsis stands for the rest.
+/// A line of a cell takes at most this many lines on the screen; an ellipsis replaces the rest.
 inline constexpr int kMostWrappedLines = 8;
 
-/// A cell has at most this many lines on the screen, however many its text has; an ellipsis stands
-/// for the rest.
+/// A cell has at most this many lines on the screen, however many its text has; an ellipsis
+/// replaces the rest.
 inline constexpr int kMostLines = 1000;
 
 struct CellLine {

@@ -9,13 +9,17 @@ namespace {
 
 constexpr qint64 kShortestInterval = 16;  // milliseconds
 constexpr qint64 kLongestInterval = 500;
-/// At 20 requests a millisecond frames are as rare as they get.
-constexpr double kMostRequests = 20;
+/// From this many requests a second on, frames are as rare as they get.
+constexpr double kMostRequests = 20'000;
 
 }  // namespace
 
-FramePacer::FramePacer(std::function<void()> frame)
-    : frame_(std::move(frame)), interval_(kShortestInterval) {
+std::chrono::milliseconds FrameInterval(double requestsPerSecond) {
+  const qint64 interval = qRound64(kLongestInterval * std::sqrt(requestsPerSecond / kMostRequests));
+  return std::chrono::milliseconds(std::clamp(interval, kShortestInterval, kLongestInterval));
+}
+
+FramePacer::FramePacer(std::function<void()> frame) : frame_(std::move(frame)) {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&timer_, &QTimer::timeout, [this] { RunFrame(); });
@@ -29,10 +33,9 @@ void FramePacer::Request() {
 }
 
 void FramePacer::RunFrame() {
-  const double elapsed = sinceLast_.isValid() ? static_cast<double>(sinceLast_.elapsed()) : 0;
-  const double rate = std::exchange(requests_, 0) / std::max<double>(elapsed, kShortestInterval);
-  interval_ = std::clamp(qRound64(kLongestInterval * std::sqrt(rate / kMostRequests)),
-                         kShortestInterval, kLongestInterval);
+  const qint64 elapsed = sinceLast_.isValid() ? sinceLast_.elapsed() : 0;
+  const double seconds = static_cast<double>(std::max(elapsed, kShortestInterval)) / 1000;
+  interval_ = FrameInterval(std::exchange(requests_, 0) / seconds).count();
   sinceLast_.start();
   frame_();
 }

@@ -15,12 +15,14 @@ struct RowLayout {
   int height = 0;
 };
 
-/// Lays out rows of a table and keeps the layouts of rows that stay in use.
+/// Lays out rows of a table and keeps the layouts of rows that stay in use. Used on the event loop
+/// only; the table must outlive it. A layout is known by its row's version, so a row whose text has
+/// changed gets a new one.
 class RowLayouts {
  public:
   explicit RowLayouts(const Table& table) : table_(table) {}
 
-  /// The reference holds until the next call of any member.
+  /// The reference is good until the next call of any member.
   const RowLayout& Of(int row);
   int Height(int row) { return Of(row).height; }
 

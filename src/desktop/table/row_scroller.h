@@ -5,11 +5,16 @@
 
 namespace sentrel {
 
-/// Where a view of rows of many heights stands: a row at the top edge, and how many of its pixels
-/// lie above the edge. Rows count from 1. No operation looks at more rows than fit on the screen.
+/// The place of a view in rows of many heights: the row at the top edge, and how many of its pixels
+/// are above the edge. Rows count from 1. No operation looks at more rows than fit on the screen.
 ///
-/// While the view stands at the very top, new rows push the others down; anywhere else the rows on
-/// the screen stay where they are.
+/// While the view is at the very top, new rows push the others down; anywhere else the rows on the
+/// screen stay where they are.
+///
+/// Used on the event loop only. After each call of SetExtent, ScrollBy and SetValue the place is
+/// one of the rows, or the top where there are none, and nothing blank is below the last row unless
+/// all rows fit; RowInserted and RowRemoved leave that to the next SetExtent, since they may come
+/// many times a frame. 0 <= PixelsAbove(), and it is 0 at the top.
 class RowScroller {
  public:
   using HeightOf = std::function<int(int row)>;
@@ -38,10 +43,10 @@ class RowScroller {
   /// Last row that is at least partly seen.
   int BottomRow() const { return RowAt(viewHeight_ - 1); }
 
-  /// For a scroll bar: kUnits a row, so that rows count alike however tall they are.
+  /// For a scroll bar: kUnits for each row, so that rows count alike however tall they are.
   static constexpr int kUnits = 256;
   int Value() const;
-  /// While the view stands at the very top this is measured only when its extent has changed: in a
+  /// While the view is at the very top this is measured only when its extent has changed: in a
   /// storm the last rows would be laid out for nothing else.
   int Maximum() const { return maximum_; }
   /// The maximum is the end of the rows, also where they have changed since it was measured.

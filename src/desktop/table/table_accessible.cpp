@@ -14,7 +14,7 @@ namespace {
 
 class AccessibleTable;
 
-/// One place of the table. It answers for whatever trap stands there when it is asked.
+/// One place of the table. It answers for whatever trap is there when it is asked.
 class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellInterface {
  public:
   AccessibleCell(AccessibleTable& table, int row, int col) : table_(table), row_(row), col_(col) {}

@@ -14,6 +14,8 @@ namespace sentrel {
 namespace {
 
 constexpr int kDragScrollMilliseconds = 30;
+/// Blank pixels at either side of the text of an empty table.
+constexpr int kEmptyMargin = 12;
 
 QFont TableFont() {
   QFont font;
@@ -25,13 +27,13 @@ QFont TableFont() {
 int ButtonNumber(Qt::MouseButton button) {
   switch (button) {
     case Qt::LeftButton:
-      return 1;
+      return kLeftButton;
     case Qt::RightButton:
-      return TableView::kRightButton;
+      return kRightButton;
     case Qt::MiddleButton:
-      return 4;
+      return kMiddleButton;
     default:
-      return 0;
+      return kNoButton;
   }
 }
 
@@ -74,6 +76,7 @@ void TableView::SetUpHeader() {
   header_->setSectionsClickable(false);
   header_->setHighlightSections(false);
   header_->setFocusPolicy(Qt::NoFocus);
+  header_->viewport()->installEventFilter(this);
   connect(header_, &QHeaderView::sectionResized, this, [this](int col, int, int width) {
     if (!syncing_) Attempt([&] { table_.SetColWidth(col, width); });
   });
@@ -90,6 +93,7 @@ void TableView::RunFrame() {
   SyncPlaces();
   SyncColumns();
   SyncScrollBars();
+  SyncDescription();
   viewport()->update();
 }
 
@@ -146,6 +150,11 @@ void TableView::SyncScrollBars() {
   horizontal.setPageStep(viewport()->width());
   header_->setOffset(horizontal.value());
   syncing_ = false;
+}
+
+void TableView::SyncDescription() {
+  setAccessibleDescription(table_.Rows() == 1 ? QString::fromStdString(table_.EmptyText())
+                                              : QString());
 }
 
 QRect TableView::CellRect(int row, int col) {
@@ -211,8 +220,9 @@ void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vecto
 }
 
 void TableView::PaintEmpty(QPainter& painter) {
-  painter.setPen(palette().color(QPalette::PlaceholderText));
-  painter.drawText(viewport()->rect(), Qt::AlignCenter, tr("No traps yet"));
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(viewport()->rect().adjusted(kEmptyMargin, 0, -kEmptyMargin, 0),
+                   Qt::AlignCenter | Qt::TextWordWrap, QString::fromStdString(table_.EmptyText()));
 }
 
 bool TableView::IsSelected(int row) const {
@@ -305,10 +315,22 @@ void TableView::PressMenuKey() {
 }
 
 void TableView::mousePressEvent(QMouseEvent* event) {
-  table_.MouseDown(ButtonNumber(event->button()), ShiftNumber(event->modifiers()), event->pos().x(),
-                   event->pos().y());
+  TellMouseDown(*event, event->pos());
   if (event->button() != Qt::LeftButton) return;
   MoveCursorTo(RowAt(event->pos().y()), event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+bool TableView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == header_->viewport() && event->type() == QEvent::MouseButtonPress) {
+    const auto& press = static_cast<const QMouseEvent&>(*event);
+    TellMouseDown(press, press.pos() - QPoint(0, header_->height()));
+  }
+  return QAbstractScrollArea::eventFilter(watched, event);
+}
+
+void TableView::TellMouseDown(const QMouseEvent& event, const QPoint& place) {
+  table_.MouseDown(ButtonNumber(event.button()), ShiftNumber(event.modifiers()), place.x(),
+                   place.y());
 }
 
 void TableView::mouseMoveEvent(QMouseEvent* event) {

@@ -12,8 +12,14 @@
 
 namespace sentrel {
 
-/// Shows a Table and turns mouse and keys into changes of its selection and its column widths.
-/// It paints at most once per frame, and only the rows that are seen.
+/// Shows a Table and turns mouse and keys into changes of its selection and its column widths. Used
+/// on the event loop only.
+///
+/// The table holds all content, the selection and the widths; the view keeps nothing of them but
+/// layouts of rows by RowVersion. Titles, header, scroll bars and description are brought up to the
+/// table at each frame, and frames come at most as often as FramePacer lets them, so between two
+/// frames they may be behind the table. The scroller alone hears of rows at once. Only rows that
+/// are seen, and for the scroll bar the last ones, are looked at: others need not be made.
 class TableView : public QAbstractScrollArea, private TableObserver {
   Q_OBJECT
  public:
@@ -23,14 +29,11 @@ class TableView : public QAbstractScrollArea, private TableObserver {
 
   const Table& Content() const { return table_; }
   QHeaderView* Header() const { return header_; }
-  /// Where a cell stands in the viewport; a rectangle outside it for a row that is not seen.
+  /// Where a cell is in the viewport; a rectangle outside it for a row that is not seen.
   QRect CellRect(int row, int col);
   /// The data row at a height of the viewport, the nearest where there is none; 0 without rows.
   int RowAt(int y) const { return scroller_.RowAt(y); }
   int BottomRow() const { return scroller_.BottomRow(); }
-
-  /// How Table::MouseDown numbers the right button.
-  static constexpr int kRightButton = 2;
 
  signals:
   /// The user asks for the context menu by key; it belongs at this place of the viewport.
@@ -47,6 +50,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  /// The titles are row 0 of the table: a button pressed on them is reported to the table as well.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void RowInserted(int row) override { scroller_.RowInserted(row); }
@@ -58,6 +63,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void SyncPlaces();
   void SyncColumns();
   void SyncScrollBars();
+  void SyncDescription();
   /// Has the view painted in the next turn of the event loop. What the user does asks for it
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
@@ -70,6 +76,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   int KeyTarget(int key) const;
   void PressMenuKey();
   void DragTo(int y);
+  /// The place is one of the viewport.
+  void TellMouseDown(const QMouseEvent& event, const QPoint& place);
 
   Table& table_;
   QHeaderView* header_;

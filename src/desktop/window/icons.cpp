@@ -14,7 +14,7 @@ namespace sentrel {
 namespace {
 
 /// Styles ask for the same picture for a button under the mouse and for the entry of a menu that is
-/// highlighted; only the latter stands on the colour of a selection.
+/// highlighted; only the latter has the colour of a selection behind it.
 bool IsHighlighted(QIcon::Mode mode) {
   const bool inMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr;
   return mode == QIcon::Selected || (mode == QIcon::Active && inMenu);

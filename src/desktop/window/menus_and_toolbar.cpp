@@ -1,8 +1,8 @@
 #include "desktop/window/menus_and_toolbar.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QMenuBar>
-#include <QScreen>
 #include <QToolButton>
 
 #include "common/failure.h"
@@ -18,18 +18,10 @@ QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// A window that cannot be seen could not be moved back either.
-void BringIntoView(QWidget& window) {
-  const QRect room = window.screen()->availableGeometry();
-  if (room.intersects(window.geometry())) return;
-  const QSize size = window.size().expandedTo(window.minimumSizeHint()).boundedTo(room.size());
-  window.setGeometry(QRect(room.topLeft(), size));
-}
-
 }  // namespace
 
 MenusAndToolbar::MenusAndToolbar(ToolBars& toolBars, QMainWindow& window)
-    : QObject(&window), toolBars_(toolBars), window_(window) {
+    : QObject(&window), toolBars_(toolBars), window_(window), place_(window) {
   for (Tool& tool : toolBars_.Tools()) AddAction(tool);
   for (const ToolList& menu : AllMenus()) Fill(*ActionOf(menu.name).menu(), menu);
   for (const ToolList& band : AllBands()) {
@@ -55,7 +47,8 @@ void MenusAndToolbar::AddAction(Tool& tool) {
     action = menu->menuAction();
   } else {
     action = new QAction(Text(design.caption), this);
-    connect(action, &QAction::triggered, this, [this, &tool] { toolBars_.Choose(tool); });
+    connect(
+        action, &QAction::triggered, this, [this, &tool] { Choose(tool); }, Qt::QueuedConnection);
   }
   action->setObjectName(Text(design.id));
   action->setMenuRole(QAction::NoRole);
@@ -64,9 +57,27 @@ void MenusAndToolbar::AddAction(Tool& tool) {
   if (design.kind == ToolKind::Check) {
     action->setCheckable(true);
     action->setChecked(tool.State() != 0);
-    action->setIconVisibleInMenu(false);  // the check mark stands there
+    action->setIconVisibleInMenu(false);  // the check mark takes its place
   }
   actions_[design.id] = action;
+}
+
+void MenusAndToolbar::Choose(Tool& tool) {
+  // A dialog keeps mouse and keys off the window, but not assistive technology.
+  if (QApplication::activeModalWidget()) return StateChanged(tool);
+  SetPopupPlace(PlaceUnderButton(ActionOf(tool.Id())));
+  toolBars_.Choose(tool);
+  SetPopupPlace(std::nullopt);
+}
+
+std::optional<QPoint> MenusAndToolbar::PlaceUnderButton(QAction& action) const {
+  for (const auto* toolBar : window_.findChildren<QToolBar*>()) {
+    const QWidget* button = toolBar->widgetForAction(&action);
+    if (!button || !button->isVisible()) continue;
+    if (button->rect().contains(button->mapFromGlobal(QCursor::pos()))) continue;
+    return button->mapToGlobal(button->rect().bottomLeft());
+  }
+  return std::nullopt;
 }
 
 void MenusAndToolbar::AddToolBar(const ToolList& band) {
@@ -102,16 +113,13 @@ void MenusAndToolbar::PopupMenu(const Tool& submenu) {
 }
 
 void MenusAndToolbar::SaveLayout(const std::string& path) {
-  // A window that was never shown has no place of its own yet.
-  const QByteArray geometry = window_.isVisible() ? window_.saveGeometry() : loadedGeometry_;
-  WriteLayout(QString::fromStdString(path), {geometry, window_.saveState()});
+  WriteLayout(QString::fromStdString(path), {place_.Save(), window_.saveState()});
 }
 
 void MenusAndToolbar::LoadLayout(const std::string& path) {
   const WindowLayout layout = ReadLayout(QString::fromStdString(path));
   window_.restoreState(layout.bands);
-  if (window_.restoreGeometry(layout.window)) loadedGeometry_ = layout.window;
-  BringIntoView(window_);
+  place_.Restore(layout.window);
 }
 
 void MenusAndToolbar::SetHintTime(std::chrono::milliseconds time) {

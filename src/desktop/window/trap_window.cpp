@@ -19,6 +19,7 @@ namespace sentrel {
 namespace {
 
 constexpr int kStatusMargin = 4;
+constexpr int kNoShift = 0;
 
 }  // namespace
 
@@ -55,7 +56,7 @@ void TrapWindow::ShowStatus() {
 
 void TrapWindow::PressRightButtonAt(const QPoint& place) {
   tools_->SetPopupPlace(view_->viewport()->mapToGlobal(place));
-  table_.MouseDown(TableView::kRightButton, 0, place.x(), place.y());
+  table_.MouseDown(kRightButton, kNoShift, place.x(), place.y());
   tools_->SetPopupPlace(std::nullopt);
 }
 

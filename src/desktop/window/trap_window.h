@@ -10,7 +10,8 @@
 
 namespace sentrel {
 
-/// The main window on the screen: menus and toolbar, the table, the status bar.
+/// The main window on the screen: menus and toolbar, the table, the status bar. Used on the event
+/// loop only. It is unloaded once, whoever asks for it and however often.
 class TrapWindow : public QMainWindow, public MainWindow {
   Q_OBJECT
  public:
