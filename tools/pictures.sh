@@ -23,6 +23,8 @@ start_sentrel() {
   DISPLAY=:$(cat "$HOME/display")
   export DISPLAY
   openbox >/dev/null 2>&1 &
+  # A window that opens while the window manager starts may never be seen.
+  until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q '#'; do sleep 0.1; done
   "${SENTREL:-build/$1/bin/Sentrel}" 2>/dev/null &
   until grep -q ':00A2 ' /proc/net/udp6 /proc/net/udp; do sleep 0.1; done
 }

@@ -24,6 +24,8 @@ constexpr lxw_color_t kHeaderColor = 0x1F4E79;
 constexpr lxw_color_t kRuleColor = 0xC9D1DC;
 constexpr double kNarrowest = 12;  // in letters
 constexpr double kWidest = 70;
+/// Of fonts that stand in for the workbook's own where that is missing.
+constexpr double kWidestFont = 1.2;
 constexpr double kFilterButton = 4;
 constexpr double kLineHeight = 15;  // in points
 constexpr double kTallest = 409;    // that a row may be, in points
@@ -104,7 +106,8 @@ double WidthOf(const TableContent& content, std::size_t col) {
   }
   const double title =
       static_cast<double>(DisplayWidth(content.columns[col].title)) + kFilterButton;
-  return std::clamp(std::max(static_cast<double>(widest) + 2, title), kNarrowest, kWidest);
+  const double text = static_cast<double>(widest) * kWidestFont + 2;
+  return std::clamp(std::max(text, title), kNarrowest, kWidest);
 }
 
 /// Fills the one sheet of a workbook that is being written to a file.
@@ -185,7 +188,8 @@ class SheetWriter {
     for (std::size_t col = 0; col < cells.size(); ++col) {
       std::size_t lines = 0;
       for (const std::string_view line : LinesOf(cells[col])) {
-        lines += WrapLine(line, static_cast<std::size_t>(widths_[col])).size();
+        const double letters = widths_[col] / kWidestFont;
+        lines += WrapLine(line, static_cast<std::size_t>(letters)).size();
       }
       most = std::max(most, lines);
     }

@@ -37,6 +37,7 @@ Storm::Storm(std::uint16_t port, std::uint32_t seed, std::vector<std::string> sa
     : random_(seed), samples_(std::move(samples)), informSender_(port), sender_(port) {}
 
 void Storm::Blow(std::uint64_t received) {
+  Answers();  // they must not fill the buffer of the socket
   for (std::uint32_t count = Below(12); count > 0; --count) {
     if (sent_ - received >= kMostOnTheirWay) return;
     switch (Below(10)) {

@@ -1,6 +1,7 @@
 #include "desktop/export/preview_window.h"
 
 #include <QAction>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace sentrel {
@@ -19,7 +20,7 @@ PreviewWindow::PreviewWindow(QWidget* owner, const QString& title)
   setObjectName("PrintPreview");
   setWindowTitle(title + " - Print Preview");
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  resize(1000, 800);
+  resize(QSize(1000, 800).boundedTo(screen()->availableSize()));
   AddTools();
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
