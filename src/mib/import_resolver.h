@@ -33,7 +33,7 @@ class ImportResolver {
   /// not to be found; messages carry the position of the module's file as text.
   std::vector<std::vector<Target>> ResolveAll();
   /// A message of each import that led nowhere, by the number of its file.
-  std::vector<std::pair<std::uint32_t, Message>> TakeMessages() { return std::move(messages_); }
+  FileMessages TakeMessages() { return std::move(messages_); }
 
  private:
   Target InModule(std::string_view module, std::string_view name, bool isType) const;
@@ -52,7 +52,7 @@ class ImportResolver {
   const Image& base_;
   std::unordered_map<std::string_view, std::uint32_t> moduleByName_;
   std::unordered_map<std::string_view, std::uint32_t> baseByName_;
-  std::vector<std::pair<std::uint32_t, Message>> messages_;
+  FileMessages messages_;
 };
 
 }  // namespace sentrel::mib

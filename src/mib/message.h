@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sentrel::mib {
@@ -19,5 +20,9 @@ struct Message {
 };
 
 using Messages = std::vector<Message>;
+
+/// A message and the number of the file that it is about.
+using FileMessage = std::pair<std::uint32_t, Message>;
+using FileMessages = std::vector<FileMessage>;
 
 }  // namespace sentrel::mib
