@@ -16,16 +16,15 @@ bool AreTwins(const Entry& a, const Entry& b) {
 }  // namespace
 
 ModuleAdder::ModuleAdder(const std::vector<Module>& modules, const References& references,
-                         const NodeResolver& nodes, const TypeResolver& types, Catalog& catalog,
-                         FileMessages& messages)
+                         const NodeResolver& nodes, const TypeResolver& types, const Database& base,
+                         Catalog& catalog, FileMessages& messages)
     : modules_(modules),
       references_(references),
       nodes_(nodes),
       types_(types),
       catalog_(catalog),
       messages_(messages),
-      baseModules_(catalog.modules.size()),
-      claims_(catalog, baseModules_) {}
+      claims_(catalog, base) {}
 
 void ModuleAdder::AddAll() {
   for (std::uint32_t m = 0; m < modules_.size(); ++m) Add(m);
@@ -90,7 +89,7 @@ bool ModuleAdder::IsInstance(std::uint32_t m, const Definition& definition) cons
   }
   const Target target = references_.TargetOf(m, definition.parent);
   if (target.place == Target::Place::Base) {
-    return references_.BaseEntry(target).kind == Kind::Object;
+    return references_.KindInBase(target) == Kind::Object;
   }
   return target.IsFound() &&
          modules_[target.module].definitions[target.definition].kind == Kind::Object;
@@ -99,14 +98,8 @@ bool ModuleAdder::IsInstance(std::uint32_t m, const Definition& definition) cons
 Span ModuleAdder::RelatedOf(std::uint32_t m, const Definition& definition) {
   const auto begin = static_cast<std::uint32_t>(catalog_.related.size());
   for (std::uint32_t i = 0; i < definition.related.count; ++i) {
-    const Target target =
-        references_.TargetOf(m, modules_[m].related[definition.related.begin + i]);
-    std::uint32_t node = kNothing;
-    if (target.place == Target::Place::Module) {
-      node = nodes_.NodeOf(target.module, target.definition);
-    } else if (target.place == Target::Place::Base) {
-      node = references_.BaseEntry(target).node;
-    }
+    const Reference related = modules_[m].related[definition.related.begin + i];
+    const std::uint32_t node = nodes_.NodeOf(references_.TargetOf(m, related));
     if (node != kNothing) catalog_.related.push_back(node);
   }
   return {begin, static_cast<std::uint32_t>(catalog_.related.size()) - begin};
@@ -115,7 +108,7 @@ Span ModuleAdder::RelatedOf(std::uint32_t m, const Definition& definition) {
 void ModuleAdder::ReportRival(std::uint32_t m, const Definition& definition, const Entry& rival) {
   // A value without numbers of its own, { other }, is meant as a second name.
   if (rival.name == definition.name || definition.numbers.count == 0 || rival.kind == Kind::Label ||
-      definition.kind == Kind::Label || rival.module < baseModules_) {
+      definition.kind == Kind::Label) {
     return;
   }
   Report(m, definition,

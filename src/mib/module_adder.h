@@ -13,14 +13,14 @@
 
 namespace sentrel::mib {
 
-/// Adds modules to a catalog whose base, nodes and types are complete: makes entries of their
+/// Adds modules to a catalog whose nodes and types are complete: makes entries of their
 /// definitions, and lets them claim their nodes.
 class ModuleAdder {
  public:
-  /// The modules that are in the catalog already are those of the base. All must outlive the adder.
+  /// The catalog has no modules yet. All must outlive the adder.
   ModuleAdder(const std::vector<Module>& modules, const References& references,
-              const NodeResolver& nodes, const TypeResolver& types, Catalog& catalog,
-              FileMessages& messages);
+              const NodeResolver& nodes, const TypeResolver& types, const Database& base,
+              Catalog& catalog, FileMessages& messages);
 
   /// Adds the modules in their order.
   void AddAll();
@@ -41,7 +41,6 @@ class ModuleAdder {
   const TypeResolver& types_;
   Catalog& catalog_;
   FileMessages& messages_;
-  const size_t baseModules_;
   NameClaims claims_;
 };
 

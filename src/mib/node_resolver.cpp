@@ -37,8 +37,24 @@ std::uint32_t RootOf(std::string_view name, OidTree& tree) {
 void NodeResolver::ResolveAll() {
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     for (const std::uint32_t d : modules_[m].byName) {
-      if (modules_[m].definitions[d].kind != Kind::Type) Resolve(m, d, 0);
+      const Definition& definition = modules_[m].definitions[d];
+      if (definition.kind != Kind::Type) Resolve(m, d, 0);
+      TakeRelated(m, definition);
     }
+  }
+}
+
+std::uint32_t NodeResolver::NodeOf(const Target& target) const {
+  if (target.place == Target::Place::Module) return NodeOf(target.module, target.definition);
+  return target.place == Target::Place::Base ? baseNodes_.At(target) : kNothing;
+}
+
+/// Sees to it that the tree has the related nodes that the base defines.
+void NodeResolver::TakeRelated(std::uint32_t m, const Definition& definition) {
+  for (std::uint32_t i = 0; i < definition.related.count; ++i) {
+    const Reference related = modules_[m].related[definition.related.begin + i];
+    const Target target = references_.TargetOf(m, related);
+    if (target.place == Target::Place::Base) baseNodes_.Take(target);
   }
 }
 
@@ -71,7 +87,7 @@ std::uint32_t NodeResolver::ParentOf(std::uint32_t m, const Definition& definiti
   if (target.place == Target::Place::Module) {
     return Resolve(target.module, target.definition, depth + 1);
   }
-  if (target.place == Target::Place::Base) return references_.BaseEntry(target).node;
+  if (target.place == Target::Place::Base) return baseNodes_.Take(target);
   const std::string_view name = modules_[m].imports[definition.parent.Import()].name;
   if (const std::uint32_t root = RootOf(name, tree_); root != kNothing) return root;
   Report(m, definition,

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "mib/catalog.h"
+#include "mib/database.h"
 #include "mib/import_resolver.h"
 
 namespace sentrel::mib {
@@ -11,10 +11,9 @@ namespace sentrel::mib {
 /// Where the references of modules lead. Immutable, and so safe to use from any thread.
 class References {
  public:
-  /// `imports` has a target for each import of each module. The entries of the base image are the
-  /// first of the catalog, in the same order. Modules and catalog must outlive the references.
-  References(std::vector<std::vector<Target>> imports, const Catalog& catalog, size_t baseEntries)
-      : imports_(std::move(imports)), catalog_(catalog), baseEntries_(baseEntries) {}
+  /// `imports` has a target for each import of each module. The base must outlive the references.
+  References(std::vector<std::vector<Target>> imports, const Database& base)
+      : imports_(std::move(imports)), base_(base) {}
 
   /// What a reference out of module `m` means.
   Target TargetOf(std::uint32_t m, Reference reference) const {
@@ -25,16 +24,14 @@ class References {
     return imports_[m][reference.Import()];
   }
 
-  /// The entry of a target in the base image; an empty one where there is none.
-  const Entry& BaseEntry(const Target& target) const {
-    static const Entry kNone;
-    return target.definition < baseEntries_ ? catalog_.entries[target.definition] : kNone;
+  /// What a target in the base defines.
+  Kind KindInBase(const Target& target) const {
+    return static_cast<Kind>(base_.Images()[target.module]->EntryAt(target.definition).kind);
   }
 
  private:
   std::vector<std::vector<Target>> imports_;
-  const Catalog& catalog_;
-  size_t baseEntries_;
+  const Database& base_;
 };
 
 }  // namespace sentrel::mib

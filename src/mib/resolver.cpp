@@ -3,7 +3,7 @@
 #include <future>
 #include <iterator>
 
-#include "mib/base_copy.h"
+#include "mib/base_types.h"
 #include "mib/import_resolver.h"
 #include "mib/module_adder.h"
 #include "mib/node_resolver.h"
@@ -18,34 +18,32 @@ void MoveTo(FileMessages& all, FileMessages messages) {
   std::move(messages.begin(), messages.end(), std::back_inserter(all));
 }
 
-void Reserve(Catalog& catalog, const std::vector<Module>& modules, const Image& base) {
-  size_t definitions = 0;
-  for (const Module& module : modules) definitions += module.definitions.size();
-  catalog.tree.Reserve(base.Nodes().size() + definitions);
-  size_t entries = definitions;
-  for (const format::ModuleRecord& module : base.Modules()) entries += base.Entries(module).size();
-  catalog.entries.reserve(entries);
+size_t CountDefinitions(const std::vector<Module>& modules) {
+  size_t count = 0;
+  for (const Module& module : modules) count += module.definitions.size();
+  return count;
 }
 
 }  // namespace
 
-Catalog Resolve(std::vector<Module>& modules, const Image& base, FileMessages& messages) {
+Catalog Resolve(std::vector<Module>& modules, const Database& base, FileMessages& messages) {
   Catalog catalog;
-  TypeList typeList(catalog.types);
-  Reserve(catalog, modules, base);
-  CopyBase(base, catalog, typeList);
+  catalog.tree.Reserve(CountDefinitions(modules));
+  catalog.entries.reserve(CountDefinitions(modules));
   ImportResolver imports(modules, base);
-  const References references(imports.ResolveAll(), catalog, catalog.entries.size());
+  const References references(imports.ResolveAll(), base);
   MoveTo(messages, imports.TakeMessages());
-  NodeResolver nodes(modules, references, catalog.tree, messages);
+  NodeResolver nodes(modules, references, base, catalog.tree, messages);
+  TypeList typeList(catalog.types);
+  BaseTypes baseTypes(base, typeList, catalog.ownValues);
   FileMessages typeMessages;
-  TypeResolver types(modules, references, typeList, typeMessages);
-  // Neither needs what the other finds. Both read the base's entries, which change no more.
+  TypeResolver types(modules, references, baseTypes, typeList, typeMessages);
+  // Neither needs what the other finds.
   auto typesDone = std::async(std::launch::async, [&types] { types.ResolveAll(); });
   nodes.ResolveAll();
   typesDone.get();
   MoveTo(messages, std::move(typeMessages));
-  ModuleAdder(modules, references, nodes, types, catalog, messages).AddAll();
+  ModuleAdder(modules, references, nodes, types, base, catalog, messages).AddAll();
   return catalog;
 }
 

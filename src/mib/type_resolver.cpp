@@ -53,7 +53,7 @@ std::uint32_t TypeResolver::NamedType(std::uint32_t m, const Definition& definit
   if (target.place == Target::Place::Module) {
     return Resolve(target.module, target.definition, depth + 1);
   }
-  if (target.place == Target::Place::Base) return references_.BaseEntry(target).type;
+  if (target.place == Target::Place::Base) return baseTypes_.Take(target);
   if (!definition.type.IsNone()) {
     const std::string_view name = modules_[m].imports[definition.type.Import()].name;
     Report(m, definition, "type " + Quote(name) + " is unknown");

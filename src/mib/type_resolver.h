@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "mib/base_types.h"
 #include "mib/chain_memo.h"
 #include "mib/message.h"
 #include "mib/module.h"
@@ -17,10 +18,11 @@ class TypeResolver {
  public:
   /// All must outlive the resolver; nothing else may use the list of types, the named values or the
   /// messages until all types are resolved.
-  TypeResolver(std::vector<Module>& modules, const References& references, TypeList& types,
-               FileMessages& messages)
+  TypeResolver(std::vector<Module>& modules, const References& references, BaseTypes& baseTypes,
+               TypeList& types, FileMessages& messages)
       : modules_(modules),
         references_(references),
+        baseTypes_(baseTypes),
         types_(types),
         messages_(messages),
         typeOf_(modules) {}
@@ -40,6 +42,7 @@ class TypeResolver {
 
   std::vector<Module>& modules_;
   const References& references_;
+  BaseTypes& baseTypes_;
   TypeList& types_;
   FileMessages& messages_;
   ChainMemo typeOf_;
