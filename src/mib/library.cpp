@@ -1,10 +1,16 @@
 #include "mib/library.h"
 
+#include <algorithm>
+
 #include "common/failure.h"
 #include "mib/lookup.h"
 
 namespace sentrel::mib {
 namespace {
+
+/// How many times as long as a look at the folders took the next one is put off, so that folders of
+/// many files cost no more than a part of a processor.
+constexpr int kPauseFactor = 40;
 
 std::shared_ptr<const Database> OpenOrEmpty(const std::string& path) {
   try {
@@ -93,12 +99,16 @@ void Library::Refresh() {
 
 /// Returns when the folders have changed; false when the library ends.
 bool Library::Sleep() {
+  using Clock = std::chrono::steady_clock;
+  Clock::duration pause = setup_.interval;
   std::unique_lock lock(mutex_);
-  while (!wake_.wait_for(lock, setup_.interval, [this] { return stop_.load(); })) {
+  while (!wake_.wait_for(lock, pause, [this] { return stop_.load(); })) {
     lock.unlock();
+    const auto begin = Clock::now();
     bool isOutdated = false;
     Attempt([&] { isOutdated = cache_.IsOutdated(); });
     if (isOutdated) return true;
+    pause = std::max<Clock::duration>(setup_.interval, kPauseFactor * (Clock::now() - begin));
     lock.lock();
   }
   return false;

@@ -24,7 +24,8 @@ struct LibrarySetup {
   std::vector<Folder> folders;
   /// Where the image of the user's modules is kept.
   std::string cacheFile;
-  /// How often the folders are looked at for changes.
+  /// How often the folders are looked at for changes; less often where a look takes more than a
+  /// fortieth of that, so that it costs no more than a fortieth of a processor.
   std::chrono::milliseconds interval{2000};
 };
 
