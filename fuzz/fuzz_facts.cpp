@@ -16,7 +16,7 @@ std::string Rewrite(std::string_view text) {
   ParsedFile file = ParseFacts(text, arena);
   if (file.modules.empty()) return {};
   std::vector<FileMessage> messages;
-  const Catalog catalog = Resolve(file.modules, *Image::Empty(), messages);
+  const Catalog catalog = Resolve(file.modules, {}, messages);
   return WriteFacts(catalog, catalog.modules.at(0));
 }
 

@@ -35,11 +35,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(file.messages.size() <= 100);
   for (const Module& module : file.modules) CheckSpans(module);
   std::vector<FileMessage> messages;
-  auto bytes =
-      std::make_shared<std::string>(MakeImage(Resolve(file.modules, *Image::Empty(), messages), 0));
-  const auto image = Image::Over(*bytes, bytes);
+  auto bytes = std::make_shared<std::string>(MakeImage(Resolve(file.modules, {}, messages), 0));
+  const Database database(Image::Over(*bytes, bytes));
   for (const char* oid : {"1.3.6.1.4.1.9.1.0", "0.0", "2.5"}) {
-    Require(!LookUp(*image, oid).name.empty());
+    Require(!LookUp(database, oid).name.empty());
   }
   return 0;
 }

@@ -46,8 +46,8 @@ std::string Lower(std::string_view text) {
 
 class Coverage {
  public:
-  Coverage(const Catalog& catalog, const Image& image)
-      : catalog_(catalog), image_(image), enterprises_(EnterprisesOf(catalog.tree)) {
+  Coverage(const Catalog& catalog, const Database& database)
+      : catalog_(catalog), database_(database), enterprises_(EnterprisesOf(catalog.tree)) {
     const char* file = std::getenv("SENTREL_UNNAMED");
     if (file != nullptr) unnamed_.open(file);
     const size_t nodes = catalog.tree.Nodes().size();
@@ -88,7 +88,7 @@ class Coverage {
     ++share.all;
     if (isNamed) ++share.named;
     if (isNamed || !unnamed_.is_open()) return;
-    unnamed_ << share.what << '\t' << OidOf(node) << '\t' << LookUp(image_, OidOf(node)).name;
+    unnamed_ << share.what << '\t' << OidOf(node) << '\t' << LookUp(database_, OidOf(node)).name;
     for (const Entry* entry : entries_[node]) {
       unnamed_ << '\t' << catalog_.modules[entry->module].name << ':' << entry->name;
     }
@@ -103,7 +103,7 @@ class Coverage {
   }
 
   bool IsNamed(std::uint32_t node, const std::string& oid) const {
-    const std::string name = LookUp(image_, oid).name;
+    const std::string name = LookUp(database_, oid).name;
     return std::any_of(entries_[node].begin(), entries_[node].end(),
                        [&](const Entry* entry) { return entry->name == name; });
   }
@@ -116,7 +116,7 @@ class Coverage {
     const bool hasZero = tree[parent].number == 0;
     std::string other = OidOf(hasZero ? tree[parent].parent : parent);
     other.append(hasZero ? "." : ".0.").append(std::to_string(tree[node].number));
-    const std::string name = LookUp(image_, other).name;
+    const std::string name = LookUp(database_, other).name;
     // Defined as something else: then it rightly has that name.
     return IsNamed(node, other) || name.find('.') == std::string::npos;
   }
@@ -125,7 +125,7 @@ class Coverage {
     const std::uint32_t winner = catalog_.names[node];
     const std::uint32_t type = winner == kNothing ? kNothing : catalog_.entries[winner].type;
     if (type == kNothing || catalog_.types[type].valueCount == 0) return true;
-    return LookUp(image_, OidOf(node)).type->valueCount > 0;
+    return LookUp(database_, OidOf(node)).type.record->valueCount > 0;
   }
 
   bool IsProduct(std::uint32_t node) const {
@@ -154,7 +154,7 @@ class Coverage {
   }
 
   const Catalog& catalog_;
-  const Image& image_;
+  const Database& database_;
   const BigVector<std::uint32_t> enterprises_;
   std::ofstream unnamed_;
   /// By node: what defines it.
@@ -172,10 +172,10 @@ int main(int count, char** words) {
   std::vector<Folder> folders;
   for (int i = 2; i < count; ++i) folders.push_back({words[i], true});
   Collection collection(FindSources(folders).files, {});
-  const Catalog catalog = collection.Compile(*Image::Empty());
-  const auto image = Image::Open(words[1]);
+  const Catalog catalog = collection.Compile({});
+  const Database database(Image::Open(words[1]));
   bool isEnough = true;
-  for (const Share& share : Coverage(catalog, *image).Measure()) {
+  for (const Share& share : Coverage(catalog, database).Measure()) {
     std::printf("%-14s %6zu of %6zu  %7.3f %%, at least %.1f %%\n", share.what, share.named,
                 share.all, share.Percent(), share.least);
     isEnough = isEnough && share.Percent() >= share.least;

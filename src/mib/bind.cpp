@@ -125,12 +125,12 @@ Module Bind(ModuleDraft& draft, Arena& arena) {
   Binder binder(draft);
   binder.Run();
   return {draft,
-          arena.KeepList<Import>(draft.imports),
-          arena.KeepList<Definition>(draft.definitions),
-          arena.KeepList<std::uint32_t>(draft.numbers),
+          arena.LendList<Import>(draft.imports),
+          arena.LendList<Definition>(draft.definitions),
+          arena.LendList<std::uint32_t>(draft.numbers),
           arena.KeepList<NamedValue>(draft.values),
-          arena.KeepList<Reference>(binder.Related()),
-          arena.KeepList<std::uint32_t>(OrderByName(draft.definitions))};
+          arena.LendList<Reference>(binder.Related()),
+          arena.LendList<std::uint32_t>(OrderByName(draft.definitions))};
 }
 
 }  // namespace sentrel::mib

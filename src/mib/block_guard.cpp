@@ -1,5 +1,7 @@
 #include "mib/block_guard.h"
 
+#include <algorithm>
+
 #include "common/failure.h"
 #include "mib/image_format.h"
 
@@ -19,8 +21,12 @@ void BlockGuard::Require(const void* begin, size_t size) {
   }
 }
 
-void BlockGuard::RequireAll() {
-  Require(body_.data(), body_.size());
+void BlockGuard::RequireAll(const std::function<void()>& onMegabyte) {
+  constexpr size_t kMegabyte = 1024 * 1024;
+  for (size_t begin = 0; begin < body_.size(); begin += kMegabyte) {
+    Require(body_.data() + begin, std::min(kMegabyte, body_.size() - begin));
+    onMegabyte();
+  }
 }
 
 void BlockGuard::RequireBlock(size_t block) {

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -16,7 +17,8 @@ class BlockGuard {
 
   /// Throws Failure when a block that holds any of the bytes is damaged.
   void Require(const void* begin, size_t size);
-  void RequireAll();
+  /// The same of all blocks. Calls `onMegabyte` after each megabyte.
+  void RequireAll(const std::function<void()>& onMegabyte = [] {});
 
  private:
   void RequireBlock(size_t block);

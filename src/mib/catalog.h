@@ -20,7 +20,7 @@ struct ResolvedType {
   const NamedValue* values = nullptr;
   std::uint32_t valueCount = 0;
   /// The type definition that it comes from; empty where an object itself tells its type, and
-  /// where the base image tells it.
+  /// where the base tells it.
   std::string_view name;
   std::string_view module;
 };
@@ -49,7 +49,7 @@ struct CatalogModule {
 };
 
 /// A compiled collection of modules, ready to be written as an image. The texts lie in the
-/// arenas of the modules and in the base image that it was made from.
+/// arenas of the modules and in the base that they stand on.
 struct Catalog {
   OidTree tree;
   std::vector<CatalogModule> modules;
@@ -57,7 +57,8 @@ struct Catalog {
   BigVector<ResolvedType> types;
   /// Nodes of the tree.
   BigVector<std::uint32_t> related;
-  /// For each node of the tree the entry that gives it its name, or kNothing.
+  /// For each node of the tree the entry that gives it its name; kNothing where the base names it,
+  /// or nothing does.
   BigVector<std::uint32_t> names;
   /// Owns the named values that lie in no module.
   std::deque<std::vector<NamedValue>> ownValues;

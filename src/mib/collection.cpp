@@ -88,18 +88,20 @@ void Collection::Adopt(std::vector<ParsedFile>& parsed) {
   }
 }
 
-Catalog Collection::Compile(const Image& base) {
+Catalog Collection::Compile(const Database& base) {
   std::vector<FileMessage> found;
   Catalog catalog = Resolve(modules_, base, found);
   for (auto& [file, message] : found) Report(file, std::move(message));
   SortMessages();
+  // The catalog refers to texts and named values alone.
+  for (Arena& arena : arenas_) arena.DropLent();
   return catalog;
 }
 
-size_t Collection::ImageSizeEstimate(const Image& base) const {
+size_t Collection::ImageSizeEstimate() const {
   constexpr size_t kRecords = sizeof(format::NodeRecord) + sizeof(format::EntryRecord);
   constexpr size_t kTexts = 30;
-  size_t names = base.Nodes().size();
+  size_t names = 0;
   for (const Module& module : modules_) names += module.definitions.size();
   return names * (kRecords + kTexts);
 }

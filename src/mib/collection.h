@@ -8,7 +8,7 @@
 
 #include "mib/arena.h"
 #include "mib/catalog.h"
-#include "mib/image.h"
+#include "mib/database.h"
 #include "mib/message.h"
 #include "mib/module.h"
 #include "mib/smi_parser.h"
@@ -33,15 +33,16 @@ class Collection {
   /// is passed over with a message.
   Collection(std::vector<std::string> files, const ReadOptions& options);
 
-  /// Resolves everything; adds what is wrong to the messages. Called once. The catalog refers to
-  /// the collection and to the base image.
-  Catalog Compile(const Image& base);
+  /// Resolves everything over the base; adds what is wrong to the messages. Called once. The
+  /// catalog refers to the collection and to the base. Throws Failure where it meets damage in the
+  /// base.
+  Catalog Compile(const Database& base);
 
   /// Sorted by file, in the order of the list, and by line.
   const Messages& AllMessages() const { return messages_; }
   size_t ModuleCount() const { return modules_.size(); }
-  /// About how many bytes an image of the modules takes.
-  size_t ImageSizeEstimate(const Image& base) const;
+  /// About how many bytes an image of the modules takes. Called before Compile.
+  size_t ImageSizeEstimate() const;
 
  private:
   void Adopt(std::vector<ParsedFile>& parsed);

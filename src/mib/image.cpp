@@ -63,9 +63,8 @@ std::shared_ptr<const Image> Image::Open(const std::string& path, DamageCheck ch
 }
 
 bool Image::IsSound() const {
-  const bool isSound = guard_ == nullptr || Attempt([this] { guard_->RequireAll(); });
-  LeaveMemory();
-  return isSound;
+  if (guard_ == nullptr) return true;
+  return Attempt([this] { guard_->RequireAll([this] { LeaveMemory(); }); });
 }
 
 void Image::LeaveMemory() const {
@@ -105,15 +104,40 @@ Image::Match Image::Find(std::span<const std::uint32_t> oid) const {
   if (nodes_.empty()) return match;
   const format::NodeRecord* node = &Sound(nodes_.front());
   for (size_t depth = 1; depth <= oid.size(); ++depth) {
-    node = ChildOf(*node, oid[depth - 1]);
+    node = FindChild(*node, oid[depth - 1]);
     if (node == nullptr) break;
     if (node->entry != kNothing) match = {static_cast<std::uint32_t>(node - nodes_.data()), depth};
   }
   return match;
 }
 
-const format::NodeRecord* Image::ChildOf(const format::NodeRecord& node,
-                                         std::uint32_t number) const {
+std::uint32_t Image::ChildOf(std::uint32_t node, std::uint32_t number) const {
+  if (node >= nodes_.size()) return kNothing;
+  const format::NodeRecord* child = FindChild(Sound(nodes_[node]), number);
+  return child == nullptr ? kNothing : static_cast<std::uint32_t>(child - nodes_.data());
+}
+
+std::uint32_t Image::NodeAt(std::span<const std::uint32_t> oid) const {
+  std::uint32_t node = 0;
+  for (const std::uint32_t number : oid) node = ChildOf(node, number);
+  return node;
+}
+
+std::vector<std::uint32_t> Image::OidOf(std::uint32_t node) const {
+  std::vector<std::uint32_t> oid;
+  while (node > 0 && node < nodes_.size()) {
+    const format::NodeRecord& record = Sound(nodes_[node]);
+    // Parents come first: in a forged image as well the way up ends.
+    if (record.parent >= node || oid.size() == OidTree::kDeepest) return {};
+    oid.push_back(record.number);
+    node = record.parent;
+  }
+  std::reverse(oid.begin(), oid.end());
+  return oid;
+}
+
+const format::NodeRecord* Image::FindChild(const format::NodeRecord& node,
+                                           std::uint32_t number) const {
   const auto children = Sound(Part(nodes_, node.firstChild, node.childCount));
   // Tables and groups number their children from 1 without gaps: the place is mostly known.
   if (number - 1 < children.size() && children[number - 1].number == number) {
@@ -126,9 +150,12 @@ const format::NodeRecord* Image::ChildOf(const format::NodeRecord& node,
 }
 
 const format::EntryRecord& Image::EntryOf(std::uint32_t node) const {
+  return EntryAt(node < nodes_.size() ? Sound(nodes_[node]).entry : kNothing);
+}
+
+const format::EntryRecord& Image::EntryAt(std::uint32_t index) const {
   static constexpr format::EntryRecord kNone = {kNothing, kNothing, kNothing, 0, 0, 0};
-  if (node >= nodes_.size() || Sound(nodes_[node]).entry >= entries_.size()) return kNone;
-  return Sound(entries_[nodes_[node].entry]);
+  return index < entries_.size() ? Sound(entries_[index]) : kNone;
 }
 
 std::string_view Image::Text(std::uint32_t offset) const {

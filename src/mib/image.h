@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "mib/block_guard.h"
 #include "mib/catalog.h"
@@ -28,7 +29,7 @@ class Image {
   /// An image over bytes that `owner` keeps alive, 8-byte aligned. Throws Failure like Open.
   static std::shared_ptr<const Image> Over(std::string_view bytes, std::shared_ptr<void> owner,
                                            DamageCheck check = DamageCheck::AtOnce);
-  /// Looks for damage in all that has not been read yet.
+  /// Looks for damage in all that has not been read yet; gives the memory that this takes back.
   bool IsSound() const;
   /// Gives back the memory of the parts that have been read, where they can be fetched again.
   void LeaveMemory() const;
@@ -43,12 +44,21 @@ class Image {
   };
   Match Find(std::span<const std::uint32_t> oid) const;
 
+  /// The node below another one with this number; kNothing where there is none.
+  std::uint32_t ChildOf(std::uint32_t node, std::uint32_t number) const;
+  /// The node of exactly this OID, with a name or without; kNothing where there is none.
+  std::uint32_t NodeAt(std::span<const std::uint32_t> oid) const;
+  /// The numbers of a node's OID; none for the root, and where there is no such node.
+  std::vector<std::uint32_t> OidOf(std::uint32_t node) const;
+
   /// The definition that names the node; an empty one where there is none.
   const format::EntryRecord& EntryOf(std::uint32_t node) const;
+  /// The definition at this place in the list; an empty one where there is none.
+  const format::EntryRecord& EntryAt(std::uint32_t index) const;
   std::string_view Text(std::uint32_t offset) const;
   const format::TypeRecord& Type(std::uint32_t index) const;
   /// The nodes of the objects that a notification carries, or of the indexes of a row; the row
-  /// itself that another one augments.
+  /// itself that another one augments. An image below may be the one that names them.
   std::span<const std::uint32_t> Related(const format::EntryRecord& entry) const;
   /// The type's named values in the order of their numbers.
   std::span<const format::ValueRecord> Values(const format::TypeRecord& type) const;
@@ -59,12 +69,10 @@ class Image {
   /// The lists themselves, for those who build on an image.
   std::span<const format::ModuleRecord> Modules() const { return Sound(modules_); }
   std::span<const format::EntryRecord> Entries(const format::ModuleRecord& module) const;
-  std::span<const format::NodeRecord> Nodes() const { return Sound(nodes_); }
-  std::span<const format::TypeRecord> Types() const { return Sound(types_); }
 
  private:
   Image() = default;
-  const format::NodeRecord* ChildOf(const format::NodeRecord& node, std::uint32_t number) const;
+  const format::NodeRecord* FindChild(const format::NodeRecord& node, std::uint32_t number) const;
 
   /// The records, once it is known that they are what the compiler wrote.
   template <typename Record>

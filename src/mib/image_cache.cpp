@@ -1,6 +1,5 @@
 #include "mib/image_cache.h"
 
-#include <future>
 #include <optional>
 
 #include "common/atomic_file.h"
@@ -11,19 +10,19 @@
 namespace sentrel::mib {
 
 ImageCache::ImageCache(std::string file, std::vector<Folder> folders,
-                       std::shared_ptr<const Image> base, DamageCheck check)
+                       std::shared_ptr<const Database> base, DamageCheck check)
     : file_(std::move(file)), folders_(std::move(folders)), base_(std::move(base)), check_(check) {}
 
-std::shared_ptr<const Image> ImageCache::Get(const ReadOptions& options) {
+std::shared_ptr<const Database> ImageCache::Get(const ReadOptions& options) {
   const SourcesMark mark = MarkSources(folders_);
   current_ = FingerprintOf(mark.fingerprint);
   if (!mark.hasFiles) return base_;
-  if (auto image = FromFile(current_)) return image;
+  if (auto image = FromFile(current_)) return OverBase(image);
   const auto bytes = Compile(options);
   if (bytes == nullptr) return nullptr;
   // The mapped file leaves its pages to the system; the bytes only stand in for it.
-  if (auto image = FromFile(current_)) return image;
-  return Image::Over(*bytes, bytes);
+  if (auto image = FromFile(current_)) return OverBase(image);
+  return OverBase(Image::Over(*bytes, bytes));
 }
 
 /// The bytes of an image of the files as they are now, written to the file; null when stopped.
@@ -33,22 +32,25 @@ std::shared_ptr<std::string> ImageCache::Compile(const ReadOptions& options) {
   Collection collection(std::move(sources.files), options);
   if (options.stop != nullptr && *options.stop) return nullptr;
   const bool isSound = base_->IsSound();
-  const auto base = isSound ? base_ : Image::Empty();
+  const Database base = isSound ? *base_ : Database();
   std::optional<AtomicFile> file;
-  const size_t estimate = collection.ImageSizeEstimate(*base);
-  auto room = std::async(std::launch::async, MakeRoom, estimate);
   // What a damaged base makes is not worth keeping.
   if (isSound) MakeFolderFor(file_);
-  if (isSound && Attempt([&] { file.emplace(file_); })) file->Prepare(estimate);
-  const Catalog catalog = collection.Compile(*base);
-  auto bytes = std::make_shared<std::string>(MakeImage(catalog, current_, room.get()));
-  base->LeaveMemory();
+  if (isSound && Attempt([&] { file.emplace(file_); }))
+    file->Prepare(collection.ImageSizeEstimate());
+  const Catalog catalog = collection.Compile(base);
+  auto bytes = std::make_shared<std::string>(MakeImage(catalog, current_));
+  base_->LeaveMemory();
   if (file) Attempt([&] { file->Write(*bytes, AtomicFile::SafeFrom::Crash); });
   return bytes;
 }
 
 bool ImageCache::IsOutdated() const {
   return FingerprintOf(MarkSources(folders_).fingerprint) != current_;
+}
+
+std::shared_ptr<const Database> ImageCache::OverBase(std::shared_ptr<const Image> image) const {
+  return std::make_shared<Database>(*base_, std::move(image));
 }
 
 std::shared_ptr<const Image> ImageCache::FromFile(std::uint64_t fingerprint) const {

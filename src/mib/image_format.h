@@ -12,7 +12,7 @@ namespace format {
 
 inline constexpr char kMagic[8] = {'S', 'e', 'n', 't', 'r', 'e', 'l', 'M'};
 /// Goes up with every change of layout or of what a compilation yields.
-inline constexpr std::uint32_t kVersion = 4;
+inline constexpr std::uint32_t kVersion = 5;
 inline constexpr std::uint32_t kByteOrder = 0x01020304;
 
 struct Section {

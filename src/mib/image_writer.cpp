@@ -164,14 +164,20 @@ class BreadthFirst {
   BigVector<std::uint32_t> order_;
 };
 
+/// This many zeros.
+std::string MakeRoom(size_t size) {
+  std::string room;
+  room.reserve(size);
+  AskForHugePages(room.data(), size);
+  room.resize(size);
+  return room;
+}
+
 /// An image while it is being written.
 class ImageWriter {
  public:
-  ImageWriter(const Catalog& catalog, std::string room)
-      : catalog_(catalog), layout_(LayoutOf(catalog)), image_(std::move(room)) {
-    if (image_.size() < layout_.end) image_ = MakeRoom(layout_.end);
-    image_.resize(layout_.end);
-  }
+  explicit ImageWriter(const Catalog& catalog)
+      : catalog_(catalog), layout_(LayoutOf(catalog)), image_(MakeRoom(layout_.end)) {}
 
   std::string Write(std::uint64_t fingerprint) {
     auto nodes = std::async(std::launch::async, [this] {
@@ -257,16 +263,8 @@ class ImageWriter {
 
 }  // namespace
 
-std::string MakeRoom(size_t size) {
-  std::string room;
-  room.reserve(size);
-  AskForHugePages(room.data(), size);
-  room.resize(size);
-  return room;
-}
-
-std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint, std::string room) {
-  return ImageWriter(catalog, std::move(room)).Write(fingerprint);
+std::string MakeImage(const Catalog& catalog, std::uint64_t fingerprint) {
+  return ImageWriter(catalog).Write(fingerprint);
 }
 
 void Seal(std::string& image) {

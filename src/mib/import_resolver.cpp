@@ -53,14 +53,27 @@ bool IsTypeEntry(const format::EntryRecord& entry) {
   return entry.kind == static_cast<std::uint32_t>(Kind::Type);
 }
 
+/// Notes where in an image of the base, the one at this place, a name is that is looked for.
+void SearchImage(const Image& image, std::uint32_t place, Search& search) {
+  for (const format::ModuleRecord& module : image.Modules()) {
+    const auto entries = image.Entries(module);
+    for (std::uint32_t i = 0; i < entries.size(); ++i) {
+      auto* found = search.Find({image.Text(entries[i].name), IsTypeEntry(entries[i])});
+      if (found != nullptr) found->push_back({Target::Place::Base, place, module.firstEntry + i});
+    }
+  }
+}
+
 }  // namespace
 
-ImportResolver::ImportResolver(const std::vector<Module>& modules, const Image& base)
+ImportResolver::ImportResolver(const std::vector<Module>& modules, const Database& base)
     : modules_(modules), base_(base) {
   for (std::uint32_t i = 0; i < modules.size(); ++i) moduleByName_.emplace(modules[i].name, i);
-  const auto baseModules = base.Modules();
-  for (std::uint32_t i = 0; i < baseModules.size(); ++i) {
-    baseByName_.emplace(base.Text(baseModules[i].name), i);
+  for (std::uint32_t i = 0; i < base.Images().size(); ++i) {
+    const Image& image = *base.Images()[i];
+    for (const format::ModuleRecord& module : image.Modules()) {
+      baseByName_.emplace(image.Text(module.name), std::pair(i, &module));
+    }
   }
 }
 
@@ -90,10 +103,7 @@ Target ImportResolver::InModule(std::string_view module, std::string_view name, 
   if (module.empty()) return target;
   const auto found = moduleByName_.find(module);
   if (found != moduleByName_.end()) target = InDefinitions(found->second, name, isType);
-  if (target.IsFound()) return target;
-  const auto inBase = baseByName_.find(module);
-  if (inBase == baseByName_.end()) return target;
-  return InBaseModule(base_.Modules()[inBase->second], name, isType);
+  return target.IsFound() ? target : InBase(module, name, isType);
 }
 
 Target ImportResolver::InDefinitions(std::uint32_t module, std::string_view name,
@@ -111,16 +121,19 @@ Target ImportResolver::InDefinitions(std::uint32_t module, std::string_view name
   return {};
 }
 
-Target ImportResolver::InBaseModule(const format::ModuleRecord& module, std::string_view name,
-                                    bool isType) const {
-  const auto entries = base_.Entries(module);
+Target ImportResolver::InBase(std::string_view module, std::string_view name, bool isType) const {
+  const auto found = baseByName_.find(module);
+  if (found == baseByName_.end()) return {};
+  const auto [place, record] = found->second;
+  const Image& image = *base_.Images()[place];
+  const auto entries = image.Entries(*record);
   auto at =
       std::lower_bound(entries.begin(), entries.end(), name,
-                       [&](const auto& entry, auto text) { return base_.Text(entry.name) < text; });
-  for (; at != entries.end() && base_.Text(at->name) == name; ++at) {
+                       [&](const auto& entry, auto text) { return image.Text(entry.name) < text; });
+  for (; at != entries.end() && image.Text(at->name) == name; ++at) {
     if (IsTypeEntry(*at) == isType) {
-      return {Target::Place::Base, 0,
-              static_cast<std::uint32_t>(module.firstEntry + (at - entries.begin()))};
+      return {Target::Place::Base, place,
+              static_cast<std::uint32_t>(record->firstEntry + (at - entries.begin()))};
     }
   }
   return {};
@@ -158,12 +171,8 @@ void ImportResolver::FindAnywhere(std::vector<std::vector<Target>>& targets) {
     search.Add({import.name, import.isType});
   });
   if (search.IsEmpty()) return;
-  for (const format::ModuleRecord& module : base_.Modules()) {
-    const auto entries = base_.Entries(module);
-    for (std::uint32_t i = 0; i < entries.size(); ++i) {
-      auto* found = search.Find({base_.Text(entries[i].name), IsTypeEntry(entries[i])});
-      if (found != nullptr) found->push_back({Target::Place::Base, 0, module.firstEntry + i});
-    }
+  for (std::uint32_t i = 0; i < base_.Images().size(); ++i) {
+    SearchImage(*base_.Images()[i], i, search);
   }
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     for (std::uint32_t d = 0; d < modules_[m].definitions.size(); ++d) {

@@ -8,43 +8,43 @@
 namespace sentrel::mib {
 namespace {
 
-/// In times of what looking at the folders takes: even 100,000 files keep no processor busy.
-constexpr int kRestAfterLook = 50;
+/// How many times as long as a look at the folders took the next one is put off, so that folders of
+/// many files cost no more than a part of a processor.
+constexpr int kPauseFactor = 40;
 
-std::shared_ptr<const Image> OpenOrEmpty(const std::string& path) {
+std::shared_ptr<const Database> OpenOrEmpty(const std::string& path) {
   try {
-    return Image::Open(path, DamageCheck::WhenRead);
+    return std::make_shared<Database>(Image::Open(path, DamageCheck::WhenRead));
   } catch (const Failure&) {
-    return Image::Empty();
+    return std::make_shared<Database>();
   }
 }
 
 class DatabaseObject : public OIDObject {
  public:
-  explicit DatabaseObject(std::shared_ptr<const Image> image) : image_(std::move(image)) {}
+  explicit DatabaseObject(std::shared_ptr<const Database> database)
+      : database_(std::move(database)) {}
 
   /// Damage costs the names that it hits.
   void SetOID(const std::string& oid) override {
-    if (!Attempt([&] { found_ = LookUp(*image_, oid); })) found_ = {oid, nullptr};
+    if (!Attempt([&] { found_ = LookUp(*database_, oid); })) found_ = {oid, {}};
   }
   const std::string& Name() const override { return found_.name; }
 
   /// Made when first asked for: the list of ifType alone has some 300 labels.
   const std::string& EnumerationList() const override {
-    if (list_.empty() && found_.type != nullptr) {
-      Attempt([&] { list_ = ListOf(*image_, *found_.type); });
-    }
+    if (list_.empty()) Attempt([&] { list_ = ListOf(found_.type); });
     return list_;
   }
 
   std::string EnumerationName(std::int32_t number) const override {
     std::string label = "unknown(0)";
-    if (found_.type != nullptr) Attempt([&] { label = LabelOf(*image_, *found_.type, number); });
+    Attempt([&] { label = LabelOf(found_.type, number); });
     return label;
   }
 
  private:
-  std::shared_ptr<const Image> image_;
+  std::shared_ptr<const Database> database_;
   Lookup found_;
   mutable std::string list_;
 };
@@ -54,9 +54,9 @@ class DatabaseObject : public OIDObject {
 Library::Library(LibrarySetup setup, std::function<void()> onNewImage)
     : setup_(std::move(setup)),
       onNewImage_(std::move(onNewImage)),
-      image_(OpenOrEmpty(setup_.builtInImage)),
-      cache_(setup_.cacheFile, setup_.folders, image_),
-      newest_(image_),
+      database_(OpenOrEmpty(setup_.builtInImage)),
+      cache_(setup_.cacheFile, setup_.folders, database_),
+      newest_(database_),
       thread_([this] { Work(); }) {}
 
 Library::~Library() {
@@ -69,12 +69,12 @@ Library::~Library() {
 }
 
 std::shared_ptr<OIDObject> Library::MakeOIDObject() {
-  return std::make_shared<DatabaseObject>(image_);
+  return std::make_shared<DatabaseObject>(database_);
 }
 
 void Library::Adopt() {
   const std::lock_guard lock(mutex_);
-  image_ = newest_;
+  database_ = newest_;
 }
 
 void Library::Work() {
@@ -87,28 +87,28 @@ void Library::Work() {
 void Library::Refresh() {
   ReadOptions options;
   options.stop = &stop_;
-  const auto image = cache_.Get(options);
-  if (image == nullptr) return;
+  const auto database = cache_.Get(options);
+  if (database == nullptr) return;
   {
     const std::lock_guard lock(mutex_);
-    if (image == newest_) return;
-    newest_ = image;
+    if (database == newest_) return;
+    newest_ = database;
   }
   onNewImage_();
 }
 
 /// Returns when the folders have changed; false when the library ends.
 bool Library::Sleep() {
+  using Clock = std::chrono::steady_clock;
+  Clock::duration pause = setup_.interval;
   std::unique_lock lock(mutex_);
-  std::chrono::nanoseconds rest = setup_.interval;
-  while (!wake_.wait_for(lock, rest, [this] { return stop_.load(); })) {
+  while (!wake_.wait_for(lock, pause, [this] { return stop_.load(); })) {
     lock.unlock();
+    const auto begin = Clock::now();
     bool isOutdated = false;
-    const auto start = std::chrono::steady_clock::now();
     Attempt([&] { isOutdated = cache_.IsOutdated(); });
     if (isOutdated) return true;
-    rest = std::max<std::chrono::nanoseconds>(
-        setup_.interval, kRestAfterLook * (std::chrono::steady_clock::now() - start));
+    pause = std::max<Clock::duration>(setup_.interval, kPauseFactor * (Clock::now() - begin));
     lock.lock();
   }
   return false;

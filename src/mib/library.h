@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "mib/image.h"
+#include "mib/database.h"
 #include "mib/image_cache.h"
 #include "mib/sources.h"
 #include "platform/oid_object.h"
@@ -24,14 +24,14 @@ struct LibrarySetup {
   std::vector<Folder> folders;
   /// Where the image of the user's modules is kept.
   std::string cacheFile;
-  /// How often the folders are looked at for changes; less often where there are so many files that
-  /// looking takes long.
+  /// How often the folders are looked at for changes; less often where a look takes more than a
+  /// fortieth of that, so that it costs no more than a fortieth of a processor.
   std::chrono::milliseconds interval{2000};
 };
 
 /// The MIB database of the program. It knows the built-in modules at once. A thread of its own
-/// compiles the user's modules, at the start and whenever one of the files changes; the outcome is
-/// used from the call of Adopt on.
+/// compiles the user's modules over them, at the start and whenever one of the files changes; the
+/// outcome is used from the call of Adopt on.
 class Library : public MibLibrary {
  public:
   /// `onNewImage` is called on the library's own thread whenever there is something to adopt. It
@@ -55,13 +55,13 @@ class Library : public MibLibrary {
 
   LibrarySetup setup_;
   std::function<void()> onNewImage_;
-  std::shared_ptr<const Image> image_;  ///< of the event loop
-  ImageCache cache_;                    ///< of the library's thread
+  std::shared_ptr<const Database> database_;  ///< of the event loop
+  ImageCache cache_;                          ///< of the library's thread
 
   std::mutex mutex_;
   std::condition_variable wake_;
-  std::shared_ptr<const Image> newest_;  ///< guarded by mutex_
-  std::atomic<bool> stop_ = false;       ///< set under mutex_
+  std::shared_ptr<const Database> newest_;  ///< guarded by mutex_
+  std::atomic<bool> stop_ = false;          ///< set under mutex_
   std::thread thread_;
 };
 

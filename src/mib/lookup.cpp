@@ -10,29 +10,31 @@ namespace sentrel::mib {
 
 namespace {
 
-/// The node of the notification of exactly this OID; kNothing where there is none.
-std::uint32_t NotificationAt(const Image& image, std::span<const std::uint32_t> oid) {
-  const Image::Match match = image.Find(oid);
-  const bool isNotification =
-      image.EntryOf(match.node).kind == static_cast<std::uint32_t>(Kind::Notification);
-  return match.depth == oid.size() && isNotification ? match.node : kNothing;
+using Match = Database::Match;
+
+/// The notification of exactly this OID; a match of depth 0 where there is none.
+Match NotificationAt(const Database& database, std::span<const std::uint32_t> oid) {
+  const Match match = database.Find(oid);
+  if (match.depth < oid.size()) return {};
+  const std::uint16_t kind = match.image->EntryOf(match.node).kind;
+  return kind == static_cast<std::uint16_t>(Kind::Notification) ? match : Match();
 }
 
-/// The node of the notification X.N for X.0.N, else of X.0.N for X.N; kNothing where there is none.
-std::uint32_t OtherFormOf(const Image& image, std::span<const std::uint32_t> oid) {
+/// The notification X.N for X.0.N, else X.0.N for X.N; a match of depth 0 where there is none.
+Match OtherFormOf(const Database& database, std::span<const std::uint32_t> oid) {
   std::array<std::uint32_t, OidText::kMost + 1> other;
-  if (oid.size() < 2) return kNothing;
+  if (oid.size() < 2) return {};
   const auto end = std::copy(oid.begin(), oid.end() - 1, other.begin());
   if (*(end - 1) == 0) {
     *(end - 1) = oid.back();
-    const std::uint32_t without = NotificationAt(image, {other.begin(), end});
-    if (without != kNothing) return without;
+    const Match without = NotificationAt(database, {other.begin(), end});
+    if (without.depth > 0) return without;
   }
   // An enterprise may end with a zero of its own.
   *(end - 1) = oid[oid.size() - 2];
   *end = 0;
   *(end + 1) = oid.back();
-  return NotificationAt(image, {other.begin(), end + 2});
+  return NotificationAt(database, {other.begin(), end + 2});
 }
 
 /// Whether no more is known of the OID than iso, org or dod.
@@ -43,12 +45,12 @@ bool IsBarelyKnown(std::span<const std::uint32_t> oid, size_t depth) {
 }
 
 /// Where the answers for an OID are, and how many of its numbers they stand for.
-Image::Match MatchOf(const Image& image, std::span<const std::uint32_t> oid) {
-  const Image::Match match = image.Find(oid);
+Match MatchOf(const Database& database, std::span<const std::uint32_t> oid) {
+  const Match match = database.Find(oid);
   if (match.depth == oid.size()) return match;
-  const std::uint32_t notification = OtherFormOf(image, oid);
-  if (notification != kNothing) return {notification, oid.size()};
-  return IsBarelyKnown(oid, match.depth) ? Image::Match() : match;
+  const Match notification = OtherFormOf(database, oid);
+  if (notification.depth > 0) return {notification.image, notification.node, oid.size()};
+  return IsBarelyKnown(oid, match.depth) ? Match() : match;
 }
 
 /// The name of the entry and the rest of the OID behind it.
@@ -59,59 +61,69 @@ std::string NameOf(const Image& image, const format::EntryRecord& entry, std::st
   return name.append(known).append(suffix);
 }
 
-}  // namespace
-
-Lookup LookUp(const Image& image, std::string_view text) {
-  const OidText oid(text);
-  Lookup result{{}, &image.Type(kNothing)};
-  if (!oid.IsOid()) {
-    result.name = text;
-    return result;
-  }
-  const Image::Match match = MatchOf(image, oid.Numbers());
-  if (match.depth == 0) {
-    result.name = text.substr(text.front() == '.' ? 1 : 0);
-    return result;
-  }
-  const format::EntryRecord& entry = image.EntryOf(match.node);
-  result.name = NameOf(image, entry, oid.Behind(match.depth));
-  result.type = &image.Type(entry.type);
-  return result;
-}
-
-std::vector<Answer> LookUpAll(const Image& image, std::string_view text) {
-  const OidText oid(text);
-  const Image::Match match = oid.IsOid() ? MatchOf(image, oid.Numbers()) : Image::Match();
-  std::vector<Answer> answers;
-  if (match.depth == 0) return answers;
-  const format::EntryRecord* winner = &image.EntryOf(match.node);
+/// Adds what the modules of one image call a node of it. `winner` goes to the front.
+void AddAnswers(const Image& image, std::uint32_t node, std::string_view suffix,
+                const format::EntryRecord& winner, std::vector<Answer>& answers) {
   for (const format::ModuleRecord& module : image.Modules()) {
     for (const format::EntryRecord& entry : image.Entries(module)) {
-      if (entry.node != match.node) continue;
-      answers.push_back({NameOf(image, entry, oid.Behind(match.depth)), image.Text(module.name),
-                         &image.Type(entry.type)});
-      if (&entry == winner) std::swap(answers.front(), answers.back());
+      if (entry.node != node) continue;
+      answers.push_back({NameOf(image, entry, suffix),
+                         image.Text(module.name),
+                         {&image, &image.Type(entry.type)}});
+      if (&entry == &winner) std::swap(answers.front(), answers.back());
     }
+  }
+}
+
+std::span<const format::ValueRecord> ValuesOf(const ValueType& type) {
+  if (type.record == nullptr) return {};
+  return type.image->Values(*type.record);
+}
+
+}  // namespace
+
+Lookup LookUp(const Database& database, std::string_view text) {
+  const OidText oid(text);
+  if (!oid.IsOid()) return {std::string(text), {}};
+  const Match match = MatchOf(database, oid.Numbers());
+  if (match.depth == 0) return {std::string(text.substr(text.front() == '.' ? 1 : 0)), {}};
+  const format::EntryRecord& entry = match.image->EntryOf(match.node);
+  return {NameOf(*match.image, entry, oid.Behind(match.depth)),
+          {match.image, &match.image->Type(entry.type)}};
+}
+
+std::vector<Answer> LookUpAll(const Database& database, std::string_view text) {
+  const OidText oid(text);
+  const Match match = oid.IsOid() ? MatchOf(database, oid.Numbers()) : Match();
+  std::vector<Answer> answers;
+  if (match.depth == 0) return answers;
+  const auto numbers = match.image->OidOf(match.node);
+  const format::EntryRecord& winner = match.image->EntryOf(match.node);
+  for (const auto& image : database.Images()) {
+    const std::uint32_t node = image->NodeAt(numbers);
+    if (node == kNothing) continue;
+    AddAnswers(*image, node, oid.Behind(match.depth), winner, answers);
   }
   return answers;
 }
 
-std::string ListOf(const Image& image, const format::TypeRecord& type) {
+std::string ListOf(const ValueType& type) {
   std::string list;
-  for (const format::ValueRecord& value : image.Values(type)) {
+  for (const format::ValueRecord& value : ValuesOf(type)) {
     if (!list.empty()) list += ',';
-    list.append(image.Text(value.label)).append("(").append(std::to_string(value.value)) += ')';
+    list.append(type.image->Text(value.label)).append("(");
+    list.append(std::to_string(value.value)) += ')';
   }
   return list;
 }
 
-std::string LabelOf(const Image& image, const format::TypeRecord& type, std::int32_t number) {
-  const auto values = image.Values(type);
+std::string LabelOf(const ValueType& type, std::int32_t number) {
+  const auto values = ValuesOf(type);
   const auto found = std::lower_bound(
       values.begin(), values.end(), number,
       [](const format::ValueRecord& value, std::int32_t wanted) { return value.value < wanted; });
   if (found == values.end() || found->value != number) return "unknown(0)";
-  return std::string(image.Text(found->label)) + "(" + std::to_string(number) + ")";
+  return std::string(type.image->Text(found->label)) + "(" + std::to_string(number) + ")";
 }
 
 }  // namespace sentrel::mib

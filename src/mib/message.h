@@ -21,7 +21,8 @@ struct Message {
 
 using Messages = std::vector<Message>;
 
-/// A message, without a file's name, and the number of the file that it is about.
+/// A message and the number of the file that it is about.
 using FileMessage = std::pair<std::uint32_t, Message>;
+using FileMessages = std::vector<FileMessage>;
 
 }  // namespace sentrel::mib

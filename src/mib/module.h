@@ -124,7 +124,8 @@ struct ModuleDraft : ModuleHead {
   std::vector<std::string_view> related;
 };
 
-/// One module as its file gives it. All texts and lists lie in an Arena that outlives it.
+/// One module as its file gives it. Texts and named values lie in an Arena that outlives it, the
+/// other lists are lent by it.
 struct Module : ModuleHead {
   std::span<Import> imports;
   std::span<Definition> definitions;

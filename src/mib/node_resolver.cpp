@@ -2,7 +2,6 @@
 
 #include <map>
 
-#include "mib/reference_chain.h"
 #include "mib/token_reader.h"
 
 namespace sentrel::mib {
@@ -35,38 +34,37 @@ std::uint32_t RootOf(std::string_view name, OidTree& tree) {
 
 }  // namespace
 
-NodeResolver::NodeResolver(const std::vector<Module>& modules, const References& references,
-                           const BaseFacts& base, OidTree& tree)
-    : modules_(modules),
-      references_(references),
-      base_(base),
-      tree_(tree),
-      nodeOf_(UnsetMarks(modules)) {}
-
 void NodeResolver::ResolveAll() {
   for (std::uint32_t m = 0; m < modules_.size(); ++m) {
     for (const std::uint32_t d : modules_[m].byName) {
-      if (modules_[m].definitions[d].kind != Kind::Type) Resolve(m, d, 0);
+      const Definition& definition = modules_[m].definitions[d];
+      if (definition.kind != Kind::Type) Resolve(m, d, 0);
+      TakeRelated(m, definition);
     }
   }
 }
 
 std::uint32_t NodeResolver::NodeOf(const Target& target) const {
   if (target.place == Target::Place::Module) return NodeOf(target.module, target.definition);
-  return target.place == Target::Place::Base ? base_.EntryOf(target).node : kNothing;
+  return target.place == Target::Place::Base ? baseNodes_.At(target) : kNothing;
+}
+
+/// Sees to it that the tree has the related nodes that the base defines.
+void NodeResolver::TakeRelated(std::uint32_t m, const Definition& definition) {
+  for (std::uint32_t i = 0; i < definition.related.count; ++i) {
+    const Reference related = modules_[m].related[definition.related.begin + i];
+    const Target target = references_.TargetOf(m, related);
+    if (target.place == Target::Place::Base) baseNodes_.Take(target);
+  }
 }
 
 std::uint32_t NodeResolver::Resolve(std::uint32_t m, std::uint32_t d, int depth) {
-  std::uint32_t& node = nodeOf_[m][d];
-  if (node != kUnset && node != kBusy) return node;
   const Definition& definition = modules_[m].definitions[d];
-  if (node == kBusy || depth > kLongestChain) {
-    Report(m, definition, "the OID of " + Quote(definition.name) + " leads back to itself");
-    return node = kNothing;
-  }
-  node = kBusy;
-  const std::uint32_t found = Find(m, definition, depth);
-  return nodeOf_[m][d] = found;
+  return nodeOf_.Get(
+      m, d, depth, [&] { return Find(m, definition, depth); },
+      [&] {
+        Report(m, definition, "the OID of " + Quote(definition.name) + " leads back to itself");
+      });
 }
 
 std::uint32_t NodeResolver::Find(std::uint32_t m, const Definition& definition, int depth) {
@@ -78,7 +76,9 @@ std::uint32_t NodeResolver::Find(std::uint32_t m, const Definition& definition, 
     return kNothing;
   }
   const std::uint32_t* numbers = modules_[m].numbers.data() + definition.numbers.begin;
-  for (std::uint32_t i = 0; i < definition.numbers.count; ++i) node = tree_.Child(node, numbers[i]);
+  for (std::uint32_t i = 0; i < definition.numbers.count; ++i) {
+    node = tree_.Child(node, numbers[i]);
+  }
   return node;
 }
 
@@ -87,8 +87,8 @@ std::uint32_t NodeResolver::ParentOf(std::uint32_t m, const Definition& definiti
   if (target.place == Target::Place::Module) {
     return Resolve(target.module, target.definition, depth + 1);
   }
-  if (target.place == Target::Place::Base) return base_.EntryOf(target).node;
-  const std::string_view name = references_.ImportedName(m, definition.parent);
+  if (target.place == Target::Place::Base) return baseNodes_.Take(target);
+  const std::string_view name = modules_[m].imports[definition.parent.Import()].name;
   if (const std::uint32_t root = RootOf(name, tree_); root != kNothing) return root;
   Report(m, definition,
          Quote(definition.name) + " has no place: its parent " + Quote(name) + " is unknown");

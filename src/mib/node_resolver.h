@@ -1,47 +1,52 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
-#include "mib/base_facts.h"
+#include "mib/base_nodes.h"
+#include "mib/chain_memo.h"
 #include "mib/message.h"
+#include "mib/module.h"
+#include "mib/oid_tree.h"
 #include "mib/references.h"
 
 namespace sentrel::mib {
 
-/// Finds the place in the tree of each definition that has an OID, and makes the places that are
-/// missing. Each is looked for at most once, and a chain of references that leads back to itself is
-/// cut with one message. Writes nothing but the tree, so types may be resolved at the same time.
+/// Finds the nodes of the definitions of modules, and adds them to a tree.
 class NodeResolver {
  public:
-  /// All must outlive this.
+  /// All must outlive the resolver; nothing else may use the tree or the messages until all nodes
+  /// are resolved.
   NodeResolver(const std::vector<Module>& modules, const References& references,
-               const BaseFacts& base, OidTree& tree);
+               const Database& base, OidTree& tree, FileMessages& messages)
+      : modules_(modules),
+        references_(references),
+        tree_(tree),
+        messages_(messages),
+        nodeOf_(modules),
+        baseNodes_(base, tree) {}
 
   void ResolveAll();
-
-  /// kNothing where the definition has no OID, or none that can be known. For after ResolveAll.
-  std::uint32_t NodeOf(std::uint32_t module, std::uint32_t definition) const {
-    return nodeOf_[module][definition];
-  }
-  /// Of what a reference means.
+  /// Once all are resolved: the node of definition `d` of module `m`, which is no type; kNothing
+  /// where it has none.
+  std::uint32_t NodeOf(std::uint32_t m, std::uint32_t d) const { return nodeOf_.At(m, d); }
+  /// Once all are resolved: the node of what a definition's parent or related definition leads to;
+  /// kNothing where it leads nowhere.
   std::uint32_t NodeOf(const Target& target) const;
-  std::vector<FileMessage> TakeMessages() { return std::move(messages_); }
 
  private:
   std::uint32_t Resolve(std::uint32_t m, std::uint32_t d, int depth);
+  void TakeRelated(std::uint32_t m, const Definition& definition);
   std::uint32_t Find(std::uint32_t m, const Definition& definition, int depth);
   std::uint32_t ParentOf(std::uint32_t m, const Definition& definition, int depth);
   void Report(std::uint32_t m, const Definition& definition, std::string text);
 
   const std::vector<Module>& modules_;
   const References& references_;
-  const BaseFacts& base_;
   OidTree& tree_;
-  /// By module and definition.
-  std::vector<std::vector<std::uint32_t>> nodeOf_;
-  std::vector<FileMessage> messages_;
+  FileMessages& messages_;
+  ChainMemo nodeOf_;
+  BaseNodes baseNodes_;
 };
 
 }  // namespace sentrel::mib

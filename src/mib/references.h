@@ -3,34 +3,35 @@
 #include <utility>
 #include <vector>
 
+#include "mib/database.h"
 #include "mib/import_resolver.h"
-#include "mib/module.h"
 
 namespace sentrel::mib {
 
-/// What the references in modules mean, inside of a module and across modules. Does not change, so
-/// any thread may ask. The modules must outlive it.
+/// Where the references of modules lead. Immutable, and so safe to use from any thread.
 class References {
  public:
-  /// `imports` has one target for each import of each module, as ImportResolver finds them.
-  References(const std::vector<Module>& modules, std::vector<std::vector<Target>> imports)
-      : modules_(modules), imports_(std::move(imports)) {}
+  /// `imports` has a target for each import of each module. The base must outlive the references.
+  References(std::vector<std::vector<Target>> imports, const Database& base)
+      : imports_(std::move(imports)), base_(base) {}
 
-  Target TargetOf(std::uint32_t module, Reference reference) const {
+  /// What a reference out of module `m` means.
+  Target TargetOf(std::uint32_t m, Reference reference) const {
     if (reference.IsNone()) return {};
     if (reference.IsLocal()) {
-      return {Target::Place::Module, module, static_cast<std::uint32_t>(reference.Local())};
+      return {Target::Place::Module, m, static_cast<std::uint32_t>(reference.Local())};
     }
-    return imports_[module][reference.Import()];
+    return imports_[m][reference.Import()];
   }
-  /// The name that a reference to an import has in the module's text.
-  std::string_view ImportedName(std::uint32_t module, Reference reference) const {
-    return modules_[module].imports[reference.Import()].name;
+
+  /// What a target in the base defines.
+  Kind KindInBase(const Target& target) const {
+    return static_cast<Kind>(base_.Images()[target.module]->EntryAt(target.definition).kind);
   }
 
  private:
-  const std::vector<Module>& modules_;
   std::vector<std::vector<Target>> imports_;
+  const Database& base_;
 };
 
 }  // namespace sentrel::mib

@@ -1,27 +1,21 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "mib/catalog.h"
-#include "mib/image.h"
-#include "mib/import_resolver.h"
+#include "mib/database.h"
 #include "mib/message.h"
+#include "mib/module.h"
 
 namespace sentrel::mib {
 
-/// The built-in module of what the program itself sends.
-inline constexpr std::string_view kProgramModule = "SENTREL-MIB";
-
-/// Makes one catalog of modules and of the base image: resolves imports, OIDs and textual
-/// conventions across modules. Where several definitions claim one OID, kProgramModule wins if the
-/// base image holds it or is empty, then modules over the base image, definitions over labels given
-/// in passing, modules of the enterprise that the OID belongs to over others, macros over plain
-/// values, the newer module over the older one, the earlier in the list over the later one.
+/// Makes one catalog of modules that stand on a base: resolves imports, OIDs and textual
+/// conventions across modules and into the base, and lets NameClaims decide which of several
+/// definitions of one OID names it. Of the base the catalog holds no more than the types that the
+/// modules use. Throws Failure where it meets damage in the base.
 ///
-/// The modules' named values are put into the order of their numbers. Modules and base image must
-/// outlive the catalog.
-Catalog Resolve(std::vector<Module>& modules, const Image& base,
-                std::vector<FileMessage>& messages);
+/// The modules' named values are put into the order of their numbers. Modules and base must outlive
+/// the catalog.
+Catalog Resolve(std::vector<Module>& modules, const Database& base, FileMessages& messages);
 
 }  // namespace sentrel::mib

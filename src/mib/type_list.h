@@ -14,6 +14,7 @@ class TypeList {
   explicit TypeList(BigVector<ResolvedType>& types) : types_(types) {}
   /// The position of a type in the list. The named values are referred to, not copied.
   std::uint32_t Add(const ResolvedType& type);
+  const ResolvedType& At(std::uint32_t position) const { return types_[position]; }
 
  private:
   BigVector<ResolvedType>& types_;

@@ -9,12 +9,12 @@ namespace {
 
 class BuiltIn : public testing::Test {
  protected:
-  std::string Name(const std::string& oid) const { return LookUp(*image_, oid).name; }
+  std::string Name(const std::string& oid) const { return LookUp(database_, oid).name; }
   std::string Label(const std::string& oid, int number) const {
-    return LabelOf(*image_, *LookUp(*image_, oid).type, number);
+    return LabelOf(LookUp(database_, oid).type, number);
   }
 
-  std::shared_ptr<const Image> image_ = Image::Open(ProgramFolder() + "/" + kBuiltInImageName);
+  const Database database_ = BuiltInDatabase();
 };
 
 TEST_F(BuiltIn, KnowsTheStandards) {
@@ -74,7 +74,7 @@ TEST_F(BuiltIn, NoModuleTakesThePlaceOfTheTestTrap) {
       "other NOTIFICATION-TYPE ::= { maker 11 }";
   const std::string imports = "MODULE-IDENTITY, NOTIFICATION-TYPE, enterprises FROM SNMPv2-SMI";
   for (const char* name : {"MAKER-MIB", "SENTREL-MIB"}) {
-    const Compiled vendor({ModuleText(name, claims, imports)}, image_);
+    const Compiled vendor({ModuleText(name, claims, imports)}, database_);
     EXPECT_EQ(vendor.Name("1.3.6.1.4.1.58213"), "sentrel") << name;
     EXPECT_EQ(vendor.Name("1.3.6.1.4.1.58213.10"), "sentrelTestTrap") << name;
     EXPECT_EQ(vendor.Name("1.3.6.1.4.1.58213.11"), "other") << name;
@@ -89,7 +89,7 @@ TEST_F(BuiltIn, ResolvesWhatAMakerImports) {
                   "acmeAlarm TRAP-TYPE ENTERPRISE acme ::= 7",
                   "MODULE-IDENTITY, OBJECT-TYPE, enterprises FROM SNMPv2-SMI\n"
                   "TRAP-TYPE FROM RFC-1215 TruthValue FROM SNMPv2-TC")},
-      image_);
+      database_);
   EXPECT_EQ(vendor.Name("1.3.6.1.4.1.99999.0.7"), "acmeAlarm");
   EXPECT_EQ(vendor.Labels("1.3.6.1.4.1.99999.1.0"), "true(1),false(2)");
   EXPECT_EQ(vendor.Name("1.3.6.1.2.1.1.3.0"), "sysUpTime.0");

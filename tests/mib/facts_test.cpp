@@ -12,7 +12,7 @@ namespace {
 std::string FactsOf(const std::string& text, const ReadOptions& options) {
   const Workshop workshop;
   Collection collection({workshop.Write("a", text)}, options);
-  const Catalog catalog = collection.Compile(*Image::Empty());
+  const Catalog catalog = collection.Compile({});
   EXPECT_THAT(collection.AllMessages(), testing::IsEmpty());
   return WriteFacts(catalog, catalog.modules.at(0));
 }

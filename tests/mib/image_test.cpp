@@ -19,7 +19,7 @@ namespace {
 std::string ImageOf(const std::string& definitions) {
   const Workshop workshop;
   Collection collection({workshop.Write("a", ModuleText("A-MIB", definitions))}, {});
-  return MakeImage(collection.Compile(*Image::Empty()), 42);
+  return MakeImage(collection.Compile({}), 42);
 }
 
 std::string SampleImage() {
@@ -45,12 +45,12 @@ std::shared_ptr<const Image> Open(const std::string& bytes) {
 }
 
 TEST(Image, TellsWhatWasCompiled) {
-  const auto image = Open(SampleImage());
-  EXPECT_EQ(image->Fingerprint(), 42);
-  EXPECT_EQ(LookUp(*image, "1.4294967295").name, "t");
-  EXPECT_EQ(LookUp(*image, "1.8").name, "1.8");
-  EXPECT_EQ(LabelOf(*image, *LookUp(*image, "1.7.0").type, 3), "unknown(0)");
-  EXPECT_EQ(LabelOf(*image, *LookUp(*image, "1.8").type, 0), "unknown(0)");
+  const Database image(Open(SampleImage()));
+  EXPECT_EQ(image.Images()[0]->Fingerprint(), 42);
+  EXPECT_EQ(LookUp(image, "1.4294967295").name, "t");
+  EXPECT_EQ(LookUp(image, "1.8").name, "1.8");
+  EXPECT_EQ(LabelOf(LookUp(image, "1.7.0").type, 3), "unknown(0)");
+  EXPECT_EQ(LabelOf(LookUp(image, "1.8").type, 0), "unknown(0)");
 }
 
 TEST(Image, EveryDamageIsFound) {
@@ -75,10 +75,10 @@ TEST(Image, DamageIsNeverBelievedWhenOnlyWhatIsReadIsChecked) {
     char& byte = (*bad)[random() % bad->size()];
     byte = static_cast<char>(byte ^ (1 << random() % 8));
     try {
-      const auto image = Image::Over(*bad, bad, DamageCheck::WhenRead);
-      const Lookup found = LookUp(*image, "1.7.4000.5");
+      const Database image(Image::Over(*bad, bad, DamageCheck::WhenRead));
+      const Lookup found = LookUp(image, "1.7.4000.5");
       EXPECT_EQ(found.name, "x4000.5");
-      EXPECT_EQ(ListOf(*image, *found.type), "up(1),down4000(2)");
+      EXPECT_EQ(ListOf(found.type), "up(1),down4000(2)");
     } catch (const Failure&) {
       ++met;
     }
@@ -94,9 +94,9 @@ TEST(Image, AForgedImageNeverCrashes) {
       std::string bad = good;
       std::memcpy(bad.data() + at, &number, sizeof number);
       Seal(bad);
-      const auto image = Open(bad);
+      const Database image(Open(bad));
       for (const char* oid : {"1.7.0", "1.4294967295", "1", "0.0"}) {
-        ListOf(*image, *LookUp(*image, oid).type);
+        ListOf(LookUp(image, oid).type);
       }
       Compiled({ModuleText("B-MIB", "b OBJECT-TYPE SYNTAX Foo ::= { s 1 }", "s, Foo FROM A-MIB")},
                image);
@@ -142,7 +142,7 @@ TEST(ImageCache, NoticesEveryChange) {
        "g"},
       {"everything gone", [&] { std::filesystem::remove_all(workshop.Path("mibs")); }, "1.7"},
   };
-  const auto base = Image::Empty();
+  const auto base = std::make_shared<Database>();
   ImageCache cache(workshop.Path("x.image"), {{workshop.Path("mibs"), true}}, base);
   EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, "b");
   for (const Step& step : steps) {
@@ -161,8 +161,8 @@ TEST(ImageCache, BelongsToItsFoldersAndItsBase) {
   workshop.Write("one/m", ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { top 1 }"));
   workshop.Write("two/m", ModuleText("B-MIB", "b OBJECT IDENTIFIER ::= { top 1 }"));
   const auto base = [](const std::string& number) {
-    return Compiled({ModuleText("T-MIB", "top OBJECT IDENTIFIER ::= { iso " + number + " }")})
-        .Database();
+    const std::string top = "top OBJECT IDENTIFIER ::= { iso " + number + " }";
+    return std::make_shared<Database>(Compiled({ModuleText("T-MIB", top)}).Result());
   };
   const auto name = [&](const std::string& folder, const std::string& number) {
     ImageCache cache(file, {{workshop.Path(folder), true}}, base(number));
@@ -178,7 +178,8 @@ TEST(ImageCache, DoesWithoutAFileItCannotWrite) {
   const Workshop workshop;
   workshop.Write("mibs/a", ModuleText("A-MIB", "a OBJECT IDENTIFIER ::= { iso 7 }"));
   workshop.Write("file", "");
-  ImageCache cache(workshop.Path("file/below"), {{workshop.Path("mibs"), true}}, Image::Empty());
+  ImageCache cache(workshop.Path("file/below"), {{workshop.Path("mibs"), true}},
+                   std::make_shared<Database>());
   EXPECT_EQ(LookUp(*cache.Get({}), "1.7").name, "a");
 }
 

@@ -72,10 +72,9 @@ TEST(Resolver, TypesComeDownToABaseAHintAndLabels) {
     const Compiled compiled({ModuleText("A-MIB", "x OBJECT-TYPE " + c.syntax + " ::= { iso 4 }",
                                         "Shown, Again, State, Scaled, Flags, Row FROM B-MIB"),
                              ModuleText("B-MIB", conventions)});
-    const auto& image = *compiled.Database();
-    const auto& type = *LookUp(image, "1.4").type;
-    EXPECT_EQ(type.base, static_cast<std::uint32_t>(c.base)) << c.what;
-    EXPECT_EQ(image.Text(type.hint), c.hint) << c.what;
+    const ValueType type = LookUp(compiled.Result(), "1.4").type;
+    EXPECT_EQ(type.record->base, static_cast<std::uint32_t>(c.base)) << c.what;
+    EXPECT_EQ(type.image->Text(type.record->hint), c.hint) << c.what;
     EXPECT_EQ(compiled.Labels("1.4"), c.labels) << c.what;
     EXPECT_THAT(compiled.Messages(), IsEmpty()) << c.what;
   }
@@ -176,7 +175,7 @@ TEST(Resolver, LooksForANameNearbyFirst) {
     EXPECT_EQ(Compiled(c.texts).Name("1." + std::to_string(c.number) + ".1"), "b") << c.what;
   }
   const Compiled base({defining("E-MIB", 4)});
-  EXPECT_EQ(Compiled({first, importing("")}, base.Database()).Name("1.4.1"), "b");
+  EXPECT_EQ(Compiled({first, importing("")}, base.Result()).Name("1.4.1"), "b");
 }
 
 TEST(Resolver, OfTwoNamesForOneOidTheStrongerWins) {
@@ -191,21 +190,6 @@ TEST(Resolver, OfTwoNamesForOneOidTheStrongerWins) {
   EXPECT_EQ(Compiled({recent, old, value}).Name("1.5"), "r");
   EXPECT_THAT(Compiled({value, old}).Messages(),
               ElementsAre("2:3: 'o' has the same OID as 'v' of module 'V-MIB'"));
-}
-
-TEST(Resolver, UserModulesStandOnTheBaseAndWinOverIt) {
-  const Compiled base({Dated("A-MIB", "202001010000",
-                             "x OBJECT-TYPE SYNTAX T ::= { iso 5 } T ::= INTEGER { old(1) }\n"
-                             "gap OBJECT IDENTIFIER ::= { iso 6 }")});
-  const Compiled own(
-      {Dated("A-MIB", "9901010000", "z OBJECT-IDENTITY ::= { iso 5 }"),
-       ModuleText("B-MIB", "b OBJECT-TYPE SYNTAX T ::= { gap 1 }", "gap, T FROM A-MIB")},
-      base.Database());
-  EXPECT_EQ(own.Name("1.5"), "z");
-  EXPECT_EQ(own.Name("1.6"), "gap");
-  EXPECT_EQ(own.Name("1.6.1"), "b");
-  EXPECT_EQ(own.Labels("1.6.1"), "old(1)");
-  EXPECT_THAT(own.Messages(), IsEmpty());
 }
 
 TEST(OidText, TakesDottedNumbersOnly) {

@@ -5,6 +5,7 @@
 
 #include "mib/image_writer.h"
 #include "mib/lookup.h"
+#include "mib/module_folders.h"
 
 namespace sentrel::mib {
 
@@ -15,15 +16,15 @@ std::string Workshop::Write(const std::string& name, const std::string& text) co
   return path.string();
 }
 
-Compiled::Compiled(const std::vector<std::string>& texts, std::shared_ptr<const Image> base) {
+Compiled::Compiled(const std::vector<std::string>& texts, const Database& base) {
   const Workshop workshop;
   std::vector<std::string> files;
   for (const std::string& text : texts) {
     files.push_back(workshop.Write(std::to_string(files.size() + 1), text));
   }
   Collection collection(files, {});
-  auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(*base), 0));
-  image_ = Image::Over(*bytes, bytes);
+  auto bytes = std::make_shared<std::string>(MakeImage(collection.Compile(base), 0));
+  result_ = Database(base, Image::Over(*bytes, bytes));
   const size_t prefix = workshop.Path("").size();
   for (const Message& message : collection.AllMessages()) {
     messages_.push_back(message.ToText().substr(prefix));
@@ -31,11 +32,11 @@ Compiled::Compiled(const std::vector<std::string>& texts, std::shared_ptr<const 
 }
 
 std::string Compiled::Name(const std::string& oid) const {
-  return LookUp(*image_, oid).name;
+  return LookUp(result_, oid).name;
 }
 
 std::string Compiled::Labels(const std::string& oid) const {
-  return ListOf(*image_, *LookUp(*image_, oid).type);
+  return ListOf(LookUp(result_, oid).type);
 }
 
 std::string ModuleText(const std::string& name, const std::string& definitions,
@@ -48,6 +49,10 @@ std::string Join(std::initializer_list<std::string_view> parts) {
   std::string text;
   for (const std::string_view part : parts) text += part;
   return text;
+}
+
+Database BuiltInDatabase() {
+  return Database(Image::Open(ProgramFolder() + "/" + kBuiltInImageName));
 }
 
 std::string ProgramFolder() {

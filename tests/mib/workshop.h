@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "mib/collection.h"
-#include "mib/image.h"
+#include "mib/database.h"
 
 namespace sentrel::mib {
 
@@ -29,17 +29,17 @@ class Workshop {
 /// What compiling some texts, each a file of its own, yields.
 class Compiled {
  public:
-  explicit Compiled(const std::vector<std::string>& texts,
-                    std::shared_ptr<const Image> base = Image::Empty());
+  explicit Compiled(const std::vector<std::string>& texts, const Database& base = {});
 
   std::string Name(const std::string& oid) const;
   std::string Labels(const std::string& oid) const;
   /// The messages as "1:12: what is wrong", files counted from 1.
   const std::vector<std::string>& Messages() const { return messages_; }
-  const std::shared_ptr<const Image>& Database() const { return image_; }
+  /// The base with what was compiled over it.
+  const Database& Result() const { return result_; }
 
  private:
-  std::shared_ptr<const Image> image_;
+  Database result_;
   std::vector<std::string> messages_;
 };
 
@@ -49,6 +49,9 @@ std::string ModuleText(const std::string& name, const std::string& definitions,
 
 /// The parts as one text.
 std::string Join(std::initializer_list<std::string_view> parts);
+
+/// The built-in modules.
+Database BuiltInDatabase();
 
 /// The folder of the programs that the build made.
 std::string ProgramFolder();

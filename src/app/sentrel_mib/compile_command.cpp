@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <future>
 #include <iostream>
 #include <mutex>
 #include <optional>
@@ -89,22 +88,18 @@ int CompileFolders(const Arguments& arguments) {
   mib::Collection collection = ReadWithProgress(std::move(sources.files));
   const auto base = BuiltInDatabase();
   std::optional<AtomicFile> image;
-  std::future<std::string> room;
   if (!arguments.output.empty()) {
-    const size_t estimate = collection.ImageSizeEstimate(*base);
-    room = std::async(std::launch::async, mib::MakeRoom, estimate);
     MakeFolderFor(arguments.output);
-    image.emplace(arguments.output).Prepare(estimate);
+    image.emplace(arguments.output).Prepare(collection.ImageSizeEstimate());
   }
   const mib::Catalog catalog = collection.Compile(*base);
   Print(sources.messages);
   Print(collection.AllMessages());
   std::cout << files << " files, " << collection.ModuleCount() << " modules, "
-            << CountNames(catalog) << " names with the built-in ones, "
+            << CountNames(catalog) << " names, "
             << sources.messages.size() + collection.AllMessages().size() << " messages\n";
   if (image)
-    image->Write(mib::MakeImage(catalog, sources.fingerprint, room.get()),
-                 AtomicFile::SafeFrom::Crash);
+    image->Write(mib::MakeImage(catalog, sources.fingerprint), AtomicFile::SafeFrom::Crash);
   End(collection.ModuleCount() > 0 ? 0 : 1);
 }
 

@@ -34,8 +34,7 @@ void WriteWithFolder(const std::string& path, std::string_view bytes) {
 int WriteFactFiles(const Arguments& arguments) {
   RequireFolders(arguments);
   mib::Collection collection = ReadAll(arguments);
-  const auto base = mib::Image::Empty();
-  const mib::Catalog catalog = collection.Compile(*base);
+  const mib::Catalog catalog = collection.Compile({});
   for (const mib::CatalogModule& module : catalog.modules) {
     if (module.entries.count == 0) continue;
     WriteWithFolder(arguments.output + "/" + std::string(module.name) + kFactEnding,
@@ -54,7 +53,7 @@ int PackFacts(const Arguments& arguments) {
   }
   if (!collection.AllMessages().empty()) return 1;
   // That standards claim each other's OIDs is no fault of the facts.
-  WriteWithFolder(arguments.output, mib::MakeImage(collection.Compile(*mib::Image::Empty()), 0));
+  WriteWithFolder(arguments.output, mib::MakeImage(collection.Compile({}), 0));
   return 0;
 }
 

@@ -18,39 +18,39 @@ class Namer {
   void Print(const std::string& oid) {
     std::string line;
     try {
-      if (image_ == nullptr) image_ = Open(mib::DamageCheck::WhenRead);
+      if (database_ == nullptr) database_ = Open(mib::DamageCheck::WhenRead);
       line = LineOf(oid);
     } catch (const Failure&) {
-      // Damage is found at once now, and the image made anew.
-      image_ = Open(mib::DamageCheck::AtOnce);
+      // Damage is found at once now, and the user's image made anew.
+      database_ = Open(mib::DamageCheck::AtOnce);
       line = LineOf(oid);
     }
     std::cout << line;
   }
 
  private:
-  std::shared_ptr<const mib::Image> Open(mib::DamageCheck check) const {
+  std::shared_ptr<const mib::Database> Open(mib::DamageCheck check) const {
     return folders_.empty() ? ProgramDatabase(check) : DatabaseWith(folders_, check);
   }
 
   std::string LineOf(const std::string& oid) const {
-    if (wantsAll_) return LinesOf(mib::LookUpAll(*image_, oid), oid);
-    const mib::Lookup found = mib::LookUp(*image_, oid);
-    return oid + '\t' + found.name + '\t' + mib::ListOf(*image_, *found.type) + '\n';
+    if (wantsAll_) return LinesOf(mib::LookUpAll(*database_, oid), oid);
+    const mib::Lookup found = mib::LookUp(*database_, oid);
+    return oid + '\t' + found.name + '\t' + mib::ListOf(found.type) + '\n';
   }
 
-  std::string LinesOf(const std::vector<mib::Answer>& answers, const std::string& oid) const {
+  static std::string LinesOf(const std::vector<mib::Answer>& answers, const std::string& oid) {
     std::string lines;
     for (const mib::Answer& answer : answers) {
       lines.append(oid).append("\t").append(answer.name).append("\t").append(answer.module);
-      lines.append("\t").append(mib::ListOf(*image_, *answer.type)).append("\n");
+      lines.append("\t").append(mib::ListOf(answer.type)).append("\n");
     }
     return lines;
   }
 
   const std::vector<std::string>& folders_;
   const bool wantsAll_;
-  std::shared_ptr<const mib::Image> image_;
+  std::shared_ptr<const mib::Database> database_;
 };
 
 }  // namespace

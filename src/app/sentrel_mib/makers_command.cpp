@@ -50,8 +50,7 @@ int WriteMakerFacts(const Arguments& arguments) {
     throw std::invalid_argument("-o and a folder are needed");
   }
   mib::Collection collection(mib::FindSources(FoldersOf(arguments.rest)).files, {});
-  const auto base = mib::Image::Empty();
-  mib::Catalog catalog = collection.Compile(*base);
+  mib::Catalog catalog = collection.Compile({});
   const auto isHeld = FindHeld(catalog, arguments.folders);
   const mib::TrapSelection selection(catalog, isHeld);
   const auto enterprises = mib::EnterprisesOf(catalog.tree);

@@ -29,16 +29,16 @@ std::string ProgramFolder() {
   return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
-std::shared_ptr<const mib::Image> Database(const std::string& cacheName,
-                                           std::vector<mib::Folder> folders,
-                                           mib::DamageCheck check) {
+std::shared_ptr<const mib::Database> Database(const std::string& cacheName,
+                                              std::vector<mib::Folder> folders,
+                                              mib::DamageCheck check) {
   const std::string cache = UserFolder("XDG_CACHE_HOME", "/.cache") + "/" + cacheName;
   return mib::ImageCache(cache, std::move(folders), BuiltInDatabase(check), check).Get({});
 }
 
 }  // namespace
 
-std::shared_ptr<const mib::Image> ProgramDatabase(mib::DamageCheck check) {
+std::shared_ptr<const mib::Database> ProgramDatabase(mib::DamageCheck check) {
   return Database(
       mib::kUserImageName,
       mib::StandardFolders(ProgramFolder(), UserFolder("XDG_DATA_HOME", "/.local/share"),
@@ -46,8 +46,8 @@ std::shared_ptr<const mib::Image> ProgramDatabase(mib::DamageCheck check) {
       check);
 }
 
-std::shared_ptr<const mib::Image> DatabaseWith(const std::vector<std::string>& folders,
-                                               mib::DamageCheck check) {
+std::shared_ptr<const mib::Database> DatabaseWith(const std::vector<std::string>& folders,
+                                                  mib::DamageCheck check) {
   return Database("lookup-mibs.image", FoldersOf(folders), check);
 }
 
@@ -55,12 +55,12 @@ std::string BuiltInPath() {
   return ProgramFolder() + "/" + mib::kBuiltInImageName;
 }
 
-std::shared_ptr<const mib::Image> BuiltInDatabase(mib::DamageCheck check) {
+std::shared_ptr<const mib::Database> BuiltInDatabase(mib::DamageCheck check) {
   try {
-    return mib::Image::Open(BuiltInPath(), check);
+    return std::make_shared<mib::Database>(mib::Image::Open(BuiltInPath(), check));
   } catch (const Failure& failure) {
     std::cerr << "sentrel-mib: no built-in modules: " << failure.what() << "\n";
-    return mib::Image::Empty();
+    return std::make_shared<mib::Database>();
   }
 }
 
