@@ -93,6 +93,7 @@ bool Receiver::WaitForDatagrams() const {
 
 Outcome Receiver::Handle(NotificationParser& parser, const Datagram& datagram) {
   const Outcome outcome = parser.Parse(datagram);
+  counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.Count(outcome);
   if (record_.Wants(outcome)) record_.Note(datagram, outcome, "", parser.PassedVersion3());
   return outcome;
@@ -105,7 +106,6 @@ std::size_t Receiver::HandleBatch(NotificationParser& parser) {
     if (Handle(parser, datagram) == Outcome::kAccepted) accepted = &datagram;
   }
   if (accepted != nullptr) record_.NoteAccepted(*accepted);
-  counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
   if (queue_.Publish()) wake_();
   return batch.size();

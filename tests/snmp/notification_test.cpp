@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "fakes/notification.h"
+#include "encoded_message.h"
 #include "fakes/table_file.h"
 #include "listener_fixture.h"
 
@@ -87,7 +87,9 @@ TEST_F(NotificationTest, Version2KeepsEveryTypeAndOrder) {
 TEST_F(NotificationTest, TheLargestDatagramArrivesWhole) {
   const std::string community(255, 'c');
   const auto withText = [&](std::size_t size) {
-    return NotificationBytes(community, {kVendor}, {std::string(size, 'x')});
+    const std::string binding =
+        Tagged(0x30, Tagged(6, "\x2b\x06\x01") + Tagged(4, std::string(size, 'x')));
+    return Message(1, Pdu(0xA7, binding), community);
   };
   const std::size_t size = 65'507 - (withText(60'000).size() - 60'000);
   Start();
