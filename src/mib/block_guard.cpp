@@ -22,7 +22,7 @@ void BlockGuard::Require(const void* begin, size_t size) {
 }
 
 void BlockGuard::RequireAll(const std::function<void()>& onMegabyte) {
-  constexpr size_t kMegabyte = 1024 * 1024;
+  constexpr size_t kMegabyte = size_t{1024} * 1024;
   for (size_t begin = 0; begin < body_.size(); begin += kMegabyte) {
     Require(body_.data() + begin, std::min(kMegabyte, body_.size() - begin));
     onMegabyte();
