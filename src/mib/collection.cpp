@@ -75,7 +75,7 @@ void Collection::Adopt(std::vector<ParsedFile>& parsed) {
       module.file = f;
       const auto [known, isNew] = byName.emplace(module.name, modules_.size());
       if (isNew) {
-        modules_.push_back(std::move(module));
+        modules_.push_back(module);
         continue;
       }
       Module& other = modules_[known->second];

@@ -1,7 +1,6 @@
 #include "mib/database.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "common/failure.h"
 
@@ -14,10 +13,10 @@ Database::Database(const Database& below, std::shared_ptr<const Image> image)
 
 Database::Match Database::Find(std::span<const std::uint32_t> oid) const {
   Match best;
-  for (const auto& image : std::views::reverse(images_)) {
+  for (auto image = images_.rbegin(); image != images_.rend(); ++image) {
     try {
-      const Image::Match match = image->Find(oid);
-      if (match.depth > best.depth) best = {image.get(), match.node, match.depth};
+      const Image::Match match = (*image)->Find(oid);
+      if (match.depth > best.depth) best = {image->get(), match.node, match.depth};
     } catch (const Failure&) {
       if (best.depth == 0) throw;
     }

@@ -24,6 +24,7 @@ struct ReceptionWindowTest : testing::Test {
   ListView& List(const char* name) { return *window.findChild<ListView*>(name); }
   std::vector<std::string> Column(const char* list, int col) {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(List(list).rowCount()));
     for (int row = 0; row < List(list).rowCount(); ++row) {
       texts.push_back(List(list).item(row, col)->text().toStdString());
     }

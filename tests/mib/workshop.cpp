@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 
 #include "mib/image_writer.h"
 #include "mib/lookup.h"
@@ -19,6 +20,7 @@ std::string Workshop::Write(const std::string& name, const std::string& text) co
 Compiled::Compiled(const std::vector<std::string>& texts, const Database& base) {
   const Workshop workshop;
   std::vector<std::string> files;
+  files.reserve(texts.size());
   for (const std::string& text : texts) {
     files.push_back(workshop.Write(std::to_string(files.size() + 1), text));
   }
@@ -56,7 +58,9 @@ Database BuiltInDatabase() {
 }
 
 std::string ProgramFolder() {
-  return std::getenv("SENTREL_BIN");
+  const char* const folder = std::getenv("SENTREL_BIN");
+  if (folder == nullptr) throw std::runtime_error("SENTREL_BIN is not set");
+  return folder;
 }
 
 }  // namespace sentrel::mib

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 #include "fakes/fake_mib_library.h"
 #include "fakes/fake_reception_monitor.h"
@@ -64,12 +65,7 @@ TEST_F(ReceptionTest, EveryWayOfBeingRefusedHasItsWordsAndARemedy) {
 
 TEST_F(ReceptionTest, WatchSaysWhatStandsInTheWay) {
   mibs.entries["1.3.9"] = {"nine", {}};
-  const struct {
-    bool paused, filtering, communities;
-    SeenDatagram seen;
-    const char* verdict;
-    Cure cure;
-  } cases[] = {
+  const std::tuple<bool, bool, bool, SeenDatagram, const char*, Cure> cases[] = {
       {false, false, false, Seen("10.1.2.3", "a"), "shown", Cure::kNone},
       {true, true, true, Seen("10.1.2.3", "a"), "paused", Cure::kNone},
       {false, true, true, Seen("10.1.2.3", "a"), "no device filter fits 10.1.2.3",
@@ -83,17 +79,17 @@ TEST_F(ReceptionTest, WatchSaysWhatStandsInTheWay) {
       {false, false, false, Seen("10.9.9.9", "", Outcome::kNotSnmp), "Not SNMP", Cure::kNone},
   };
   settings.DeviceFilters()->AddFilter("10.0.0.1");
-  for (const auto& c : cases) {
-    settings.SetPaused(c.paused);
-    settings.SetDeviceFilterActive(c.filtering);
+  for (const auto& [paused, filtering, communities, seen, verdict, cure] : cases) {
+    settings.SetPaused(paused);
+    settings.SetDeviceFilterActive(filtering);
     settings.CommunityStrings()->Clear();
-    if (c.communities) settings.CommunityStrings()->Add("public");
+    if (communities) settings.CommunityStrings()->Add("public");
     watch.Start(now);
-    monitor.watched = {c.seen};
+    monitor.watched = {seen};
     watch.Look(now);
     ASSERT_EQ(watch.Seen().size(), 1U);
-    EXPECT_EQ(watch.Seen()[0].verdict, c.verdict);
-    EXPECT_EQ(watch.Seen()[0].cure, c.cure) << c.verdict;
+    EXPECT_EQ(watch.Seen()[0].verdict, verdict);
+    EXPECT_EQ(watch.Seen()[0].cure, cure) << verdict;
     EXPECT_EQ(watch.Seen()[0].notification, "nine");
   }
 }
