@@ -103,6 +103,8 @@ class ReceptionMonitor {
   virtual void SetWatching(bool watching) = 0;
   /// In the order of arrival; none of them comes twice.
   virtual std::vector<SeenDatagram> TakeWatched() = 0;
+  /// How many have been dropped since SetWatching was called last.
+  virtual std::uint64_t MissedByWatch() const = 0;
 };
 
 }  // namespace sentrel

@@ -12,8 +12,7 @@ constexpr std::array<Words, kOutcomes> kWords = {{
     {"Taken", ""},
     {"Queue full",
      "More traps came than could be shown in time. Pause the sender, or close a dialog that has "
-     "been "
-     "open for long."},
+     "been open for long."},
     {"Repeated, taken before",
      "An inform whose answer was lost on its way, or a recording that is played back. Nothing is "
      "missing."},
@@ -23,29 +22,25 @@ constexpr std::array<Words, kOutcomes> kWords = {{
     {"Unknown SNMP version", "Set the device to version 1, 2c or 3."},
     {"No trap or inform",
      "A request or an answer, not a notification. Something polls this machine, or a test tool "
-     "sends "
-     "the wrong kind of message."},
+     "sends the wrong kind of message."},
     {"Unknown engine",
      "No user is known for the engine of the sender. Add a version 3 user for this engine ID, or "
-     "one "
-     "for any engine."},
+     "one for any engine."},
     {"Unknown user", "Add a version 3 user of this name; upper and lower case count."},
     {"Level not possible",
      "The message is signed or encrypted, and the user has no key for that. Give the user's "
      "passphrases."},
     {"Level too low",
      "The message is not signed, or not encrypted, although the user's keys allow it. Set the "
-     "device "
-     "to the user's level, or lower the user's least level here."},
+     "device to the user's level, or lower the user's least level here."},
     {"Wrong passphrase or algorithm",
-     "Enter the authentication passphrase anew, and compare the algorithm with the device's."},
+     "Enter the authentication passphrase again, and compare the algorithm with the device's."},
     {"Cannot be decrypted",
-     "Enter the privacy passphrase anew, and compare the algorithm with the device's. AES-192 and "
+     "Enter the privacy passphrase again, and compare the algorithm with the device's. AES-192 and "
      "AES-256 have two forms of the key."},
     {"Outside the time window",
      "The message is older than what the engine has told, or the device was reset or replaced: "
-     "then "
-     "forget its engine. Two devices must not have the same engine ID."},
+     "then forget its engine. Two devices must not have the same engine ID."},
 }};
 
 }  // namespace
@@ -86,7 +81,7 @@ std::vector<Reason> Reasons::List() const {
                      .rate = Rate([](const auto& c) { return c.systemDrops; }),
                      .last = {},
                      .remedy = "The buffer of the port was full. Let the system give more: "
-                               "sysctl -w net.core.rmem_max=16777216, then start Sentrel anew."});
+                               "sysctl -w net.core.rmem_max=16777216, then restart Sentrel."});
   return reasons;
 }
 

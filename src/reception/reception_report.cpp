@@ -24,7 +24,8 @@ std::string CountLines(const std::vector<Reason>& reasons) {
 std::string Line(const SeenDatagram& seen, const std::string& notification,
                  const std::string& verdict) {
   std::string text = fmt::format("{}  {}", TimeText(seen.arrival), seen.sender);
-  for (const std::string& part : {VersionText(seen), notification, verdict}) {
+  const std::string community = seen.community.empty() ? "" : "(hidden)";
+  for (const std::string& part : {VersionText(seen), community, notification, verdict}) {
     if (!part.empty()) text += ", " + part;
   }
   return VisibleText(text) + "\n";

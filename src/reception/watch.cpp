@@ -24,6 +24,7 @@ std::string InLowerCase(std::string_view reason) {
 void Watch::Start(Clock::time_point now) {
   seen_.clear();
   forgotten_ = 0;
+  missed_ = 0;
   end_ = now + kLongest;
   monitor_.SetWatching(true);
 }
@@ -48,6 +49,7 @@ void Watch::Look(Clock::time_point now) {
     seen_.pop_front();
     ++forgotten_;
   }
+  missed_ = monitor_.MissedByWatch();
   if (now >= *end_) Stop();
 }
 

@@ -53,6 +53,8 @@ class Watch {
   const std::deque<WatchedDatagram>& Seen() const { return seen_; }
   /// How many were seen before those.
   std::size_t Forgotten() const { return forgotten_; }
+  /// How many came too fast to be seen; kept when it has ended.
+  std::uint64_t Missed() const { return missed_; }
 
  private:
   WatchedDatagram Judge(SeenDatagram seen) const;
@@ -64,6 +66,7 @@ class Watch {
   std::optional<Clock::time_point> end_;
   std::deque<WatchedDatagram> seen_;
   std::size_t forgotten_ = 0;
+  std::uint64_t missed_ = 0;
 };
 
 }  // namespace sentrel

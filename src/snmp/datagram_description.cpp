@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 #include "snmp/community_message.h"
 #include "snmp/octet_text.h"
@@ -14,6 +15,10 @@ namespace {
 using ber::Bytes;
 
 constexpr std::string_view kTrapOid = "1.3.6.1.6.3.1.1.4.1.0";
+/// No datagram holds more octets.
+constexpr std::uint64_t kLongestTold = 65'535;
+/// The length octet that leaves the end open (X.690, section 8.1.3.6).
+constexpr std::uint8_t kIndefinite = 0x80;
 
 /// In the words of people, who count versions from 1 and call the second one 2c.
 int NumberOf(int version) {
@@ -61,18 +66,78 @@ Bytes PduInClear(Bytes scopedPdu) {
   return *scoped;
 }
 
+/// The number in two octets, the most significant one first.
+std::size_t NumberAt(Bytes octets, std::size_t at) {
+  return static_cast<std::size_t>(octets[at]) << 8 | octets[at + 1];
+}
+
+bool IsSyslog(Bytes octets) {
+  return octets.size() > 2 && octets[0] == '<' && octets[1] >= '0' && octets[1] <= '9';
+}
+
+/// Of versions 5 and 9; version 10 is IPFIX (RFC 7011, section 3.1), which tells its length.
+bool IsNetFlow(Bytes octets) {
+  if (octets.size() < 16) return false;
+  const std::size_t count = NumberAt(octets, 2);
+  switch (NumberAt(octets, 0)) {
+    case 5:
+      return octets.size() == 24 + 48 * count;
+    case 9:
+      return octets.size() >= 20 && count > 0;
+    case 10:
+      return octets.size() == count;
+    default:
+      return false;
+  }
+}
+
+bool IsHttp(Bytes octets) {
+  const auto text = ber::TextOf(octets);
+  return std::ranges::any_of(std::to_array<std::string_view>({"GET ", "POST ", "PUT ", "HTTP/"}),
+                             [&](std::string_view begin) { return text.starts_with(begin); });
+}
+
+/// A record of a handshake: TLS 1.x (RFC 8446, section 5.1) or DTLS (RFC 9147, section 4).
+bool IsTls(Bytes octets) {
+  return octets.size() > 4 && octets[0] == 0x16 && (octets[1] == 0x03 || octets[1] == 0xFE);
+}
+
+/// A question and nothing but additional records besides (RFC 1035, section 4.1.1).
+bool IsDnsQuery(Bytes octets) {
+  return octets.size() > 16 && (octets[2] & 0xF8) == 0 && (octets[3] & 0x4F) == 0 &&
+         NumberAt(octets, 4) == 1 && NumberAt(octets, 6) == 0 && NumberAt(octets, 8) == 0;
+}
+
 std::string HintOfOther(Bytes octets) {
   if (octets.empty()) return "It is empty.";
-  const auto begins = [&](std::initializer_list<std::uint8_t> begin) {
-    return octets.size() >= begin.size() && std::equal(begin.begin(), begin.end(), octets.begin());
-  };
-  if (octets.size() > 2 && octets[0] == '<' && octets[1] >= '0' && octets[1] <= '9') {
-    return "It looks like a syslog message.";
-  }
-  if (begins({0, 5}) || begins({0, 9}) || begins({0, 10})) return "It looks like NetFlow or IPFIX.";
-  if (begins({0x16, 0xFE})) return "It looks like DTLS: SNMP over TLS is not received.";
+  if (IsSyslog(octets)) return "It looks like a syslog message.";
+  if (IsNetFlow(octets)) return "It looks like NetFlow or IPFIX.";
+  if (IsHttp(octets)) return "It looks like HTTP.";
+  if (IsTls(octets)) return "It looks like TLS or DTLS: SNMP over TLS is not received.";
+  if (IsDnsQuery(octets)) return "It looks like a DNS query.";
   return fmt::format("It begins with the octet 0x{:02X}; an SNMP message begins with 0x30.",
                      octets[0]);
+}
+
+/// Of a message whose outermost length goes beyond its end.
+std::string HintOfTruncated(Bytes octets) {
+  const std::size_t lengthOctets =
+      octets.size() > 1 && octets[1] > 0x80 ? std::size_t{octets[1]} - 0x80 : 0;
+  const std::size_t head = 2 + lengthOctets;
+  if (octets.size() < head) return "It ends within its own length.";
+  std::uint64_t declared = lengthOctets == 0 ? octets[1] : 0;
+  for (const std::uint8_t octet : octets.subspan(2, lengthOctets)) {
+    if (declared > kLongestTold) break;
+    declared = declared << 8 | octet;
+  }
+  if (declared > kLongestTold) {
+    return "It says that it is longer than any datagram can be.";
+  }
+  return fmt::format("It says that it has {} octets; {} came.", head + declared, octets.size());
+}
+
+bool IsEndless(Bytes octets) {
+  return octets.size() > 1 && octets[1] == kIndefinite;
 }
 
 std::string HintOf(const Datagram& datagram, Outcome outcome, const SeenDatagram& seen) {
@@ -80,8 +145,10 @@ std::string HintOf(const Datagram& datagram, Outcome outcome, const SeenDatagram
     case Outcome::kNotSnmp:
       return HintOfOther(datagram.bytes);
     case Outcome::kTruncated:
-      return fmt::format("{} octets came, and the message says that it is longer.",
-                         datagram.bytes.size());
+      return HintOfTruncated(datagram.bytes);
+    case Outcome::kMalformed:
+      if (IsEndless(datagram.bytes)) return "It does not say how long it is.";
+      return seen.version ? "What follows the version breaks the rules." : "It names no version.";
     case Outcome::kUnknownEngine:
       if (!seen.engine.empty()) return "";
       return "A sender of informs asks for the engine ID; the inform itself comes next.";

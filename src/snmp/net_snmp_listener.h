@@ -86,6 +86,7 @@ class NetSnmpListener final : public SNMP, public ReceptionMonitor {
   std::vector<SeenDatagram> Refused() const override { return record_.Refused(); }
   void SetWatching(bool watching) override { record_.SetWatching(watching); }
   std::vector<SeenDatagram> TakeWatched() override { return record_.TakeWatched(); }
+  std::uint64_t MissedByWatch() const override { return record_.MissedByWatch(); }
 
  private:
   int OpenSocket() const;

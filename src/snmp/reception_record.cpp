@@ -8,17 +8,26 @@ namespace sentrel {
 
 void ReceptionRecord::Note(const Datagram& datagram, Outcome outcome, std::string_view hint,
                            const Version3Message* decrypted) {
-  const bool isWatching = watching_.load(std::memory_order_relaxed);
-  const bool isDescribed = isWatching || MayDescribe();
-  SeenDatagram seen;
-  if (isDescribed) seen = DescribeDatagram(datagram, outcome, hint, decrypted);
+  const bool isWatched = MayWatch();
+  const bool isRefused = outcome != Outcome::kAccepted && (MayDescribe() || isWatched);
+  std::shared_ptr<const SeenDatagram> refused;
+  SeenDatagram watched;
+  if (isWatched || isRefused) watched = DescribeDatagram(datagram, outcome, hint, decrypted);
+  if (isRefused) refused = std::make_shared<const SeenDatagram>(watched);
   const std::lock_guard lock(mutex_);
   last_[static_cast<std::size_t>(outcome)] = {std::chrono::system_clock::now(), datagram.peer};
-  if (!isDescribed) return;
-  if (isWatching && watched_.size() < kMostWatched) watched_.push_back(seen);
-  if (outcome == Outcome::kAccepted) return;
-  if (refused_.size() == ReceptionMonitor::kMostRefused) refused_.pop_front();
-  refused_.push_back(std::move(seen));
+  if (isWatched && watching_) watched_.push_back(std::move(watched));
+  if (!isRefused) return;
+  refused_.push_back(std::move(refused));
+  if (refused_.size() > ReceptionMonitor::kMostRefused) refused_.pop_front();
+}
+
+bool ReceptionRecord::MayWatch() {
+  if (!watching_.load(std::memory_order_relaxed)) return false;
+  const std::lock_guard lock(mutex_);
+  if (watched_.size() < kMostWatched) return true;
+  ++missedByWatch_;
+  return false;
 }
 
 void ReceptionRecord::NoteAccepted(const Datagram& datagram) {
@@ -46,19 +55,34 @@ std::optional<ReceptionMonitor::LastDatagram> ReceptionRecord::LastOf(Outcome ou
 }
 
 std::vector<SeenDatagram> ReceptionRecord::Refused() const {
-  const std::lock_guard lock(mutex_);
-  return {refused_.rbegin(), refused_.rend()};
+  std::vector<std::shared_ptr<const SeenDatagram>> kept;
+  kept.reserve(ReceptionMonitor::kMostRefused);
+  {
+    const std::lock_guard lock(mutex_);
+    kept.assign(refused_.rbegin(), refused_.rend());
+  }
+  std::vector<SeenDatagram> newestFirst;
+  newestFirst.reserve(kept.size());
+  for (const auto& seen : kept) newestFirst.push_back(*seen);
+  return newestFirst;
 }
 
 void ReceptionRecord::SetWatching(bool watching) {
+  std::vector<SeenDatagram> forgotten;
   const std::lock_guard lock(mutex_);
   watching_ = watching;
-  watched_.clear();
+  missedByWatch_ = 0;
+  watched_.swap(forgotten);
 }
 
 std::vector<SeenDatagram> ReceptionRecord::TakeWatched() {
   const std::lock_guard lock(mutex_);
   return std::exchange(watched_, {});
+}
+
+std::uint64_t ReceptionRecord::MissedByWatch() const {
+  const std::lock_guard lock(mutex_);
+  return missedByWatch_;
 }
 
 }  // namespace sentrel

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string_view>
@@ -17,9 +18,10 @@
 namespace sentrel {
 
 /// Remembers datagrams that were refused, and while watching all others too, in memory alone. The
-/// receiver thread writes, the event loop reads. A datagram that is accepted while nobody watches
-/// costs one look at a flag; a flood of refused ones is remembered in samples, so that it costs no
-/// more than kMostDetailsInSecond readings a second.
+/// receiver thread writes, the event loop reads; neither holds the lock while it reads or copies
+/// texts. A datagram that is accepted while nobody watches costs one look at a flag. A flood is
+/// remembered in samples: kMostDetailsInSecond refused ones a second, and while watching
+/// kMostWatched between two calls of TakeWatched, are read in detail.
 class ReceptionRecord {
  public:
   static constexpr int kMostDetailsInSecond = 1'000;
@@ -39,14 +41,18 @@ class ReceptionRecord {
   std::vector<SeenDatagram> Refused() const;
   void SetWatching(bool watching);
   std::vector<SeenDatagram> TakeWatched();
+  /// Since SetWatching was called last.
+  std::uint64_t MissedByWatch() const;
 
  private:
   struct Last {
     std::chrono::system_clock::time_point arrival;
     std::optional<Peer> peer;
   };
-  /// Whether one more datagram may be read in detail in this second.
+  /// Whether one more refused datagram may be read in detail in this second.
   bool MayDescribe();
+  /// Whether a datagram is to be read for those who watch; counts it as missed if there is no room.
+  bool MayWatch();
 
   std::atomic<bool> watching_ = false;
   // The receiver's.
@@ -57,8 +63,9 @@ class ReceptionRecord {
   // All of these are guarded by mutex_.
   std::array<Last, kOutcomes> last_;
   /// The newest comes last.
-  std::deque<SeenDatagram> refused_;
+  std::deque<std::shared_ptr<const SeenDatagram>> refused_;
   std::vector<SeenDatagram> watched_;
+  std::uint64_t missedByWatch_ = 0;
 };
 
 }  // namespace sentrel

@@ -65,7 +65,7 @@ TEST_F(ReceptionWindowTest, CountsAndTheRemedyOfTheChosenLine) {
   EXPECT_EQ(Column("Reasons", 1)[static_cast<std::size_t>(row)], "12");
   ClickRow("Reasons", static_cast<int>(row));
   const auto* remedy = window.findChild<QLabel*>("Remedy");
-  EXPECT_TRUE(remedy->text().startsWith("Enter the authentication passphrase anew"));
+  EXPECT_TRUE(remedy->text().startsWith("Enter the authentication passphrase again"));
   EXPECT_EQ(List("Reasons").accessibleName(), "Reasons");
   EXPECT_EQ(window.property("helpTopic"), "Reception");
 }

@@ -18,6 +18,7 @@ class FakeReceptionMonitor : public ReceptionMonitor {
   std::vector<SeenDatagram> Refused() const override { return refused; }
   void SetWatching(bool on) override { watching = on; }
   std::vector<SeenDatagram> TakeWatched() override { return std::exchange(watched, {}); }
+  std::uint64_t MissedByWatch() const override { return missed; }
 
   void Count(Outcome outcome, std::uint64_t more) {
     counters.outcomes[static_cast<std::size_t>(outcome)] += more;
@@ -28,6 +29,7 @@ class FakeReceptionMonitor : public ReceptionMonitor {
   std::vector<SeenDatagram> refused;
   bool watching = false;
   std::vector<SeenDatagram> watched;
+  std::uint64_t missed = 0;
 };
 
 }  // namespace sentrel

@@ -105,7 +105,9 @@ TEST_F(ReceptionTest, WatchEndsByItselfAndKeepsWhatItSaw) {
   EXPECT_EQ(watch.Forgotten(), 3U);
   EXPECT_TRUE(watch.IsOn());
   monitor.watched = {Seen("10.0.0.2", "a")};
+  monitor.missed = 4;
   watch.Look(now + 10min);
+  EXPECT_EQ(watch.Missed(), 4U);
   EXPECT_FALSE(watch.IsOn() || monitor.watching);
   EXPECT_EQ(watch.Seen().back().seen.sender, "10.0.0.2");
   watch.Start(now + 11min);
@@ -124,8 +126,9 @@ TEST_F(ReceptionTest, TheReportHoldsNoCommunityAndObeysNoText) {
   const std::string report = ReceptionReport(Reasons(monitor).List(), {refused}, watch.Seen());
   EXPECT_THAT(report, Not(HasSubstr("secret")));
   EXPECT_THAT(report, HasSubstr("           7  Unknown user\n"));
-  EXPECT_THAT(report, HasSubstr("10.0.0.9, v3 authPriv, Unknown user. A hint.<U+202E>\n"));
-  EXPECT_THAT(report, HasSubstr("10.0.0.1, v2c, 1.3.9, shown\n"));
+  EXPECT_THAT(report,
+              HasSubstr("10.0.0.9, v3 authPriv, (hidden), Unknown user. A hint.<U+202E>\n"));
+  EXPECT_THAT(report, HasSubstr("10.0.0.1, v2c, (hidden), 1.3.9, shown\n"));
   EXPECT_THAT(report, Not(HasSubstr("Not SNMP"))) << "what never happened";
 }
 

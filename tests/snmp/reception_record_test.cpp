@@ -5,6 +5,7 @@
 #include "encoded_message.h"
 #include "fakes/notification.h"
 #include "listener_fixture.h"
+#include "snmp/datagram_description.h"
 
 namespace sentrel::test {
 namespace {
@@ -33,7 +34,8 @@ TEST_F(ReceptionMonitorTest, TellsWhatCouldBeReadOfRefusedDatagramsTheNewestFirs
   for (const auto& [datagram, outcome] : sent) ExpectOutcome(datagram, outcome);
   const auto refused = Listener().Refused();
   ASSERT_EQ(refused.size(), 4U);
-  const char* hints[] = {"A sender of informs asks", "", "5 octets came", "It looks like a syslog"};
+  const char* hints[] = {"A sender of informs asks", "", "It says that it has 82 octets; 5 came.",
+                         "It looks like a syslog"};
   for (std::size_t i = 0; i < refused.size(); ++i) {
     EXPECT_EQ(refused[i].outcome, sent[3 - i].second);
     EXPECT_EQ(refused[i].sender, "127.0.0.1");
@@ -76,6 +78,36 @@ TEST_F(ReceptionMonitorTest, WatchSeesAcceptedOnesTooWithTheirNotificationAlsoWh
   EXPECT_TRUE(Listener().LastOf(Outcome::kAccepted));
 }
 
+TEST(DescribeDatagram, SaysWhatABrokenOrForeignDatagramLooksLike) {
+  const auto hint = [](const std::string& bytes, Outcome outcome) {
+    return DescribeDatagram({ber::BytesOf(bytes), PeerOf(1, 1)}, outcome, "", nullptr).hint;
+  };
+  const std::pair<std::string, const char*> foreign[] = {
+      {"", "It is empty."},
+      {"<", "It begins with the octet 0x3C"},
+      {"<13>text", "It looks like a syslog"},
+      {"\0\5\0\1"s + std::string(68, 'x'), "It looks like NetFlow"},
+      {"\0\5\0\1"s + std::string(67, 'x'), "It begins with the octet 0x00"},
+      {"\0\12\0\24"s + std::string(16, 'x'), "It looks like NetFlow"},
+      {"GET / HTTP/1.1", "It looks like HTTP"},
+      {"\x16\x03\1\0\5hello"s, "It looks like TLS"},
+      {"\x16\xFE\xFD\0\0\0"s, "It looks like TLS"},
+      {"ab\1\0\0\1\0\0\0\0\0\0\1a\0\0\1\0\1"s, "It looks like a DNS query"}};
+  for (const auto& [bytes, begin] : foreign) {
+    EXPECT_THAT(hint(bytes, Outcome::kNotSnmp), testing::StartsWith(begin));
+  }
+  const std::pair<std::string, const char*> cut[] = {
+      {"\x30", "It ends within"},
+      {"\x30\x82\1", "It ends within"},
+      {"\x30\x82\1\0x"s, "It says that it has 260 octets; 5 came."},
+      {"\x30\xFF" + std::string(127, '\xFF'), "It says that it is longer than any"}};
+  for (const auto& [bytes, begin] : cut) {
+    EXPECT_THAT(hint(bytes, Outcome::kTruncated), testing::StartsWith(begin));
+  }
+  EXPECT_EQ(hint("\x30\x80"s, Outcome::kMalformed), "It does not say how long it is.");
+  EXPECT_EQ(hint("\x30\0"s, Outcome::kMalformed), "It names no version.");
+}
+
 TEST(ReceptionRecord, AFloodIsRememberedInSamplesAndInBoundedMemory) {
   ReceptionRecord record;
   const std::string bytes = "x";
@@ -89,7 +121,11 @@ TEST(ReceptionRecord, AFloodIsRememberedInSamplesAndInBoundedMemory) {
   for (std::size_t i = 0; i < ReceptionRecord::kMostWatched + 10; ++i) {
     record.Note({ber::BytesOf(bytes), PeerOf(1, 1)}, Outcome::kAccepted, "", nullptr);
   }
-  EXPECT_EQ(record.TakeWatched().size(), ReceptionRecord::kMostWatched);
+  EXPECT_EQ(record.MissedByWatch(), 10U);
+  const auto watched = record.TakeWatched();
+  EXPECT_EQ(watched.size(), ReceptionRecord::kMostWatched);
+  record.SetWatching(true);
+  EXPECT_EQ(record.MissedByWatch(), 0U);
 }
 
 }  // namespace

@@ -116,8 +116,7 @@ QWidget* ReceptionWindow::MakeRefusedPage() {
             {"22:22:22.222", "255.255.255.255", "v3 noAuthNoPriv", "Community or user", ""});
   auto* label = PlainLabel("RefusedLabel");
   label->setText(
-      "The last 500 datagrams that the listener refused, the newest first. They are in memory "
-      "alone. "
+      "The last 500 datagrams that the listener refused, the newest first, kept in memory only. "
       "What pause and the filters refuse is not among them: Watch shows that.");
   return PageOf({label, refusedList_});
 }
@@ -224,7 +223,11 @@ void ReceptionWindow::RefreshWatch() {
                 "Watch shows each datagram as it reaches the port, and what becomes of it: also "
                 "what pause and the filters refuse, which leaves no trace otherwise. It ends by "
                 "itself after ten minutes, and when this window is closed.");
-  watchState_->setText(state);
+  const QString missed =
+      watch_.Missed() == 0
+          ? QString()
+          : QString(" %1 datagrams came too fast to be shown.").arg(watch_.Missed());
+  watchState_->setText(state + missed);
   startOrStop_->setText(watch_.IsOn() ? "&Stop" : "&Start");
   ShowCure();
 }
