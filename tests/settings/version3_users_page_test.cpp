@@ -168,7 +168,8 @@ TEST_F(Version3UsersPageTest, AKeyIsKeptForTheSameNameEngineAndProtocolsOnly) {
 }
 
 TEST_F(Version3UsersPageTest, PastedUsersReplaceThoseOfTheSameNameAndEngine) {
-  EXPECT_EQ(Paste("createUser alice SHA password1 AES-192\nsnmpv3 user bob auth md5 password2"), "");
+  EXPECT_EQ(Paste("createUser alice SHA password1 AES-192\nsnmpv3 user bob auth md5 password2"),
+            "");
   EXPECT_THAT(Names(), ElementsAre("alice", "carol", "bob"));
   EXPECT_EQ(view.lines[0].authentication, "SHA-1");
   EXPECT_THAT(view.note, HasSubstr("alice, bob"));

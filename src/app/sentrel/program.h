@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "app/no_version3_users.h"
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
 #include "console/pause_and_raw.h"
@@ -114,6 +115,7 @@ class Program {
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;
+  NoVersion3Users version3Users_;
   PauseAndRaw pauseAndRaw_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;

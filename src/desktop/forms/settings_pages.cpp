@@ -68,8 +68,9 @@ QListWidget* List(SettingsList control, const QString& accessibleName) {
   return list;
 }
 
-QPushButton* RemoveButton(SettingsButton control, QListWidget* list) {
-  auto* button = Button(control, "Remove Selected Filter");
+QPushButton* RemoveButton(SettingsButton control, QListWidget* list,
+                          const QString& caption = "Remove Selected Filter") {
+  auto* button = Button(control, caption);
   button->setMinimumWidth(button->sizeHint().width() + 2 * kGroupSpacing);
   button->setEnabled(false);
   auto* deleteKey = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
@@ -123,6 +124,28 @@ QLayout* MakeExamples() {
   return layout;
 }
 
+void AddIpv6DeviceFilter(QVBoxLayout& page) {
+  page.addSpacing(kGroupSpacing);
+  auto* label = Label(kAddIpv6Label, "Add New IPv6 Address, Prefix, or Address Range");
+  page.addWidget(label);
+  auto* box = EntryBox(kNewIpv6DeviceFilter, label);
+  box->setPlaceholderText("2001:db8::1, 2001:db8::/32, or 2001:db8::1 - 2001:db8::ff");
+  auto* add = Button(kCmdAddIpv6DeviceFilter, "Add ");
+  add->setAccessibleName("Add IPv6 Filter");
+  page.addLayout(Row({box, add}));
+  auto* list = List(kIpv6DeviceFilterList, "IPv6 Device Filters");
+  list->setFont(Monospaced());
+  page.addWidget(list, 1);
+  auto* remove = RemoveButton(kCmdDeleteIpv6DeviceFilter, list, "Remove Selected IPv6 Filter");
+  auto* note = Label(kIpv6Note);
+  note->setWordWrap(true);
+  auto* row = new QHBoxLayout;
+  row->addWidget(remove);
+  row->addSpacing(kColumnSpacing);
+  row->addWidget(note, 1);
+  page.addLayout(row);
+}
+
 void AddDeviceFilter(QTabWidget& tabs) {
   auto* page = AddPage(tabs, "SSActiveTabPanel2", "Device Filter", "SettingsDeviceFilter");
   page->addWidget(Named(
@@ -146,6 +169,7 @@ void AddDeviceFilter(QTabWidget& tabs) {
   list->setFont(Monospaced());
   page->addWidget(list, 1);
   page->addWidget(RemoveButton(kCmdDeleteDeviceFilter, list), 0, Qt::AlignLeft);
+  AddIpv6DeviceFilter(*page);
 }
 
 void AddCommunityFilter(QTabWidget& tabs) {
@@ -178,9 +202,15 @@ void AddLogging(QTabWidget& tabs) {
   page->addStretch();
 }
 
+void AddVersion3Users(QTabWidget& tabs, QWidget* users) {
+  auto* page = AddPage(tabs, "Version3UsersPage", "Version 3 Users", "SettingsVersion3Users");
+  users->layout()->setContentsMargins(0, 0, 0, 0);
+  page->addWidget(users);
+}
+
 }  // namespace
 
-QTabWidget* MakeSettingsTabs() {
+QTabWidget* MakeSettingsTabs(QWidget* version3Users) {
   auto* tabs = new QTabWidget;
   tabs->setObjectName("Tabs");
   tabs->setAccessibleName("Settings");
@@ -188,6 +218,7 @@ QTabWidget* MakeSettingsTabs() {
   AddDeviceFilter(*tabs);
   AddCommunityFilter(*tabs);
   AddLogging(*tabs);
+  AddVersion3Users(*tabs, version3Users);
   return tabs;
 }
 
