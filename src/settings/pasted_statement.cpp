@@ -24,7 +24,7 @@ PastedUser& UserOf(const Version3User& wanted, std::vector<PastedUser>& users) {
 std::string TakePassphrase(PastedWords& words, const char* keyword, PastedUser& user) {
   const bool isPassphrase = words.TakeIf(keyword);
   if (!isPassphrase) words.Take();
-  const std::string secret = words.Take().text;
+  std::string secret = words.Take().text;
   if (!isPassphrase || secret.starts_with("$9$")) user.problem = kHashed;
   return secret;
 }

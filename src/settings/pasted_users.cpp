@@ -1,6 +1,7 @@
 #include "settings/pasted_users.h"
 
-#include <initializer_list>
+#include <fmt/format.h>
+
 #include <optional>
 #include <utility>
 
@@ -12,7 +13,7 @@
 namespace sentrel {
 namespace {
 
-constexpr std::size_t kLongestText = 256 * 1024;
+constexpr std::size_t kLongestText = 65'536;
 constexpr const char* kTooLong =
     "This is too much text. Please copy only the lines that create users.";
 constexpr const char* kOpenQuotation = "A closing quotation mark is missing.";
@@ -63,11 +64,12 @@ std::optional<std::pair<Form, std::size_t>> FindBeginning(const std::vector<Past
   return std::nullopt;
 }
 
-/// Whether the line is about another version of SNMP, whose users are communities.
-bool IsOfOldVersion(const std::vector<PastedWord>& words) {
-  for (const PastedWord& word : words) {
-    if (word.Is("v3") || word.Is("auth")) return false;
-    if (word.Is("v1") || word.Is("v2c")) return true;
+/// Whether a command is about another version of SNMP, whose users are communities. `name` is the
+/// number of the user's name.
+bool IsOfOldVersion(const std::vector<PastedWord>& words, std::size_t name) {
+  for (std::size_t i = name + 1; i < words.size(); ++i) {
+    if (words[i].Is("v3") || words[i].Is("auth")) return false;
+    if (words[i].Is("v1") || words[i].Is("v2c")) return true;
   }
   return false;
 }
@@ -92,7 +94,7 @@ void ReadLine(std::string_view line, std::vector<PastedUser>& users) {
     users.push_back({{}, kOpenQuotation});
   } else if (form == Form::kStatement) {
     ReadStatement({*words, first}, users);
-  } else if (!IsOfOldVersion(*words)) {
+  } else if (!IsOfOldVersion(*words, first)) {
     users.push_back(ReadDeviceCommand({*words, first}));
   }
 }
@@ -116,7 +118,7 @@ PastedUsers ReadPastedUsers(std::string_view text) {
       pasted.users.push_back(std::move(user.entry));
     } else {
       const std::string& name = user.entry.user.name;
-      pasted.problems.push_back(name.empty() ? problem : name + ": " + problem);
+      pasted.problems.push_back(name.empty() ? problem : fmt::format("{}: {}", name, problem));
     }
   }
   return pasted;

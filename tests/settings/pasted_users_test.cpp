@@ -41,6 +41,7 @@ TEST(PastedUsersTest, UnderstandsTheLinesOfToolsAndDevices) {
        "bob any SHA-256 authpass1 AES-256 privpass1"},
       {"snmp-server user bob ops v3 auth sha-2 512 authpass1 priv aes 192 privpass1",
        "bob any SHA-512 authpass1 AES-192 privpass1"},
+      {"snmp-server user v1 ops v3 auth md5 authpass1", "v1 any MD5 authpass1 none "},
       {"snmp-server user v3 v3 v3 auth md5 0 auth\\pass1 priv des 0 privpass1",
        "v3 any MD5 auth\\pass1 DES privpass1"},
       {"snmp-server user bob remote 10.0.0.1 udp-port 162 v3 auth md5 authpass1 priv privpass1",

@@ -101,14 +101,14 @@ TEST_F(Version3UsersPageTest, WhatIsWrongWithAUserIsSaidInTheDialog) {
          draft.engine = "80:00:00:01:02";
        }},
   };
-  for (const auto& [problem, mistake] : mistakes) {
+  for (const auto& pair : mistakes) {
     EXPECT_THAT(Problem(&Version3UsersPage::Add,
                         [&](Version3UserDraft& draft) {
                           draft.name = "bob";
                           draft.authPassphrase = draft.privPassphrase = "password";
-                          mistake(draft);
+                          pair.second(draft);
                         }),
-                HasSubstr(problem));
+                HasSubstr(pair.first));
   }
   EXPECT_EQ(view.lines.size(), 2);
   EXPECT_EQ(page.Save(), "");
