@@ -22,6 +22,8 @@ namespace {
 constexpr int kPageMargin = 12;
 constexpr int kGroupSpacing = 6;
 constexpr int kColumnSpacing = 12;
+/// So that nothing moves when the note comes and goes.
+constexpr int kLinesOfNote = 2;
 
 /// Courier itself or the system's own: what systems put in the place of a Courier that they lack is
 /// hard to read on a screen.
@@ -139,6 +141,7 @@ void AddIpv6DeviceFilter(QVBoxLayout& page) {
   auto* remove = RemoveButton(kCmdDeleteIpv6DeviceFilter, list, "Remove Selected IPv6 Filter");
   auto* note = Label(kIpv6Note);
   note->setWordWrap(true);
+  note->setMinimumHeight(note->fontMetrics().lineSpacing() * kLinesOfNote);
   auto* row = new QHBoxLayout;
   row->addWidget(remove);
   row->addSpacing(kColumnSpacing);
