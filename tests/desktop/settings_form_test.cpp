@@ -217,6 +217,12 @@ TEST_F(SettingsDialogTest, Ipv6FiltersAreEnteredByKeyboardToo) {
   Type("fe80::1", Qt::Key_Tab);
   Click("cmdAddIpv6DeviceFilter");
   EXPECT_THAT(Lines("Ipv6DeviceFilterList"), ElementsAre("2001:db8::/32", "fe80::1"));
+  Find("NewDeviceFilter").setFocus();
+  for (const char* next : {"cmdAddDeviceFilter", "DeviceFilterList", "NewIpv6DeviceFilter",
+                           "cmdAddIpv6DeviceFilter", "Ipv6DeviceFilterList"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(HasFocus(next)) << next;
+  }
   Click("cmdOK");
   EXPECT_TRUE(Settings(registry).AcceptsDevice("2001:db8::1"));
 }
