@@ -22,6 +22,8 @@ namespace {
 constexpr int kPageMargin = 12;
 constexpr int kGroupSpacing = 6;
 constexpr int kColumnSpacing = 12;
+/// Of each of two lists that share a page. A larger window gives them more.
+constexpr int kLinesOfList = 6;
 /// So that nothing moves when the note comes and goes.
 constexpr int kLinesOfNote = 2;
 
@@ -67,6 +69,17 @@ QListWidget* List(SettingsList control, const QString& accessibleName) {
   list->setFrameStyle(QFrame::Box | QFrame::Plain);
   list->setForegroundRole(QPalette::Mid);
   list->setAccessibleName(accessibleName);
+  return list;
+}
+
+/// A list of filters, in columns, that shares its page with another.
+QListWidget* FilterList(SettingsList control, const QString& accessibleName) {
+  auto* list = List(control, accessibleName);
+  list->setFont(Monospaced());
+  list->setMinimumHeight(list->fontMetrics().lineSpacing() * kLinesOfList);
+  QSizePolicy policy = list->sizePolicy();
+  policy.setVerticalPolicy(QSizePolicy::Ignored);
+  list->setSizePolicy(policy);
   return list;
 }
 
@@ -135,8 +148,7 @@ void AddIpv6DeviceFilter(QVBoxLayout& page) {
   auto* add = Button(kCmdAddIpv6DeviceFilter, "Add ");
   add->setAccessibleName("Add IPv6 Filter");
   page.addLayout(Row({box, add}));
-  auto* list = List(kIpv6DeviceFilterList, "IPv6 Device Filters");
-  list->setFont(Monospaced());
+  auto* list = FilterList(kIpv6DeviceFilterList, "IPv6 Device Filters");
   page.addWidget(list, 1);
   auto* remove = RemoveButton(kCmdDeleteIpv6DeviceFilter, list, "Remove Selected IPv6 Filter");
   auto* note = Label(kIpv6Note);
@@ -168,8 +180,7 @@ void AddDeviceFilter(QTabWidget& tabs) {
   upper->addLayout(MakeExamples());
   page->addLayout(upper);
   page->addSpacing(kGroupSpacing);
-  auto* list = List(kDeviceFilterList, "Device Filters");
-  list->setFont(Monospaced());
+  auto* list = FilterList(kDeviceFilterList, "Device Filters");
   page->addWidget(list, 1);
   page->addWidget(RemoveButton(kCmdDeleteDeviceFilter, list), 0, Qt::AlignLeft);
   AddIpv6DeviceFilter(*page);
