@@ -18,10 +18,7 @@ void TrapGate::OnTrap(const ArrivedTrap& trap) {
 
 bool TrapGate::Accepts(const ArrivedTrap& trap) const {
   if (settings_.Paused()) return false;
-  if (settings_.DeviceFilterActive() &&
-      !settings_.DeviceFilters()->AddressInFilters(std::string(trap.SourceAddress()))) {
-    return false;
-  }
+  if (!settings_.AcceptsDevice(std::string(trap.SourceAddress()))) return false;
   const CommunityStrings& communities = *settings_.CommunityStrings();
   return communities.Count() == 0 || communities.Exists(std::string(trap.Community()));
 }

@@ -13,10 +13,11 @@ Database::Database(const Database& below, std::shared_ptr<const Image> image)
 
 Database::Match Database::Find(std::span<const std::uint32_t> oid) const {
   Match best;
-  for (auto image = images_.rbegin(); image != images_.rend(); ++image) {
+  for (std::size_t above = images_.size(); above > 0; --above) {
+    const Image& image = *images_[above - 1];
     try {
-      const Image::Match match = (*image)->Find(oid);
-      if (match.depth > best.depth) best = {image->get(), match.node, match.depth};
+      const Image::Match match = image.Find(oid);
+      if (match.depth > best.depth) best = {&image, match.node, match.depth};
     } catch (const Failure&) {
       if (best.depth == 0) throw;
     }

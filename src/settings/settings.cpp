@@ -1,6 +1,7 @@
 #include "settings/settings.h"
 
 #include "common/text.h"
+#include "settings/ip_functions.h"
 
 namespace sentrel {
 namespace {
@@ -13,8 +14,15 @@ constexpr std::int32_t kDefaultOIDCacheSize = 1000;
 Settings::Settings(Registry& registry)
     : registry_(registry),
       deviceFilters_(std::make_shared<sentrel::DeviceFilters>(registry_)),
+      ipv6DeviceFilters_(std::make_shared<sentrel::Ipv6DeviceFilters>(registry_)),
       communityStrings_(std::make_shared<sentrel::CommunityStrings>(registry_)) {
   Refresh();
+}
+
+bool Settings::AcceptsDevice(const std::string& address) const {
+  if (!deviceFilterActive_) return true;
+  return IsIPAddress(address) ? deviceFilters_->AddressInFilters(address)
+                              : ipv6DeviceFilters_->AddressInFilters(address);
 }
 
 void Settings::SetLogFilename(std::string& Filename) {
@@ -40,6 +48,7 @@ void Settings::Refresh() {
   oidCacheSize_ = ReadLong(RetrieveOption("OID Cache Size", kDefaultOIDCacheSize))
                       .value_or(kDefaultOIDCacheSize);
   deviceFilters_->Refresh();
+  ipv6DeviceFilters_->Refresh();
   communityStrings_->Refresh();
   // A list that nobody could read must not refuse every trap.
   if (deviceFilters_->IsUnreachable()) deviceFilterActive_ = false;

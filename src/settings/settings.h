@@ -7,6 +7,7 @@
 
 #include "settings/community_strings.h"
 #include "settings/device_filters.h"
+#include "settings/ipv6_device_filters.h"
 #include "settings/registry_support.h"
 
 namespace sentrel {
@@ -28,11 +29,18 @@ class Settings {
   void SetRaw(bool Setting) { Change(raw_, Setting, "Raw"); }
   /// The one live list.
   const std::shared_ptr<sentrel::DeviceFilters>& DeviceFilters() const { return deviceFilters_; }
-  /// Accept traps only from sources in DeviceFilters().
+  /// The one live list.
+  const std::shared_ptr<sentrel::Ipv6DeviceFilters>& Ipv6DeviceFilters() const {
+    return ipv6DeviceFilters_;
+  }
+  /// Accept traps only from sources in DeviceFilters() or Ipv6DeviceFilters().
   bool DeviceFilterActive() const { return deviceFilterActive_; }
   void SetDeviceFilterActive(bool Setting) {
     Change(deviceFilterActive_, Setting, "Device Filter Active");
   }
+  /// Whether device filtering, on or off, lets the source of a trap pass: a dotted quad is looked
+  /// for in DeviceFilters(), any other address in Ipv6DeviceFilters().
+  bool AcceptsDevice(const std::string& address) const;
   /// Drop arriving traps. False at every start, never stored.
   bool Paused() const { return paused_; }
   void SetPaused(bool Setting) { paused_ = Setting; }
@@ -74,6 +82,7 @@ class Settings {
   bool deviceFilterActive_ = false;
   bool paused_ = false;
   std::shared_ptr<sentrel::DeviceFilters> deviceFilters_;
+  std::shared_ptr<sentrel::Ipv6DeviceFilters> ipv6DeviceFilters_;
   bool loggingEnabled_ = false;
   std::string logFilename_;
   std::shared_ptr<sentrel::CommunityStrings> communityStrings_;

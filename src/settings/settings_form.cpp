@@ -13,6 +13,7 @@ namespace {
 constexpr int kHelpContext = 9100;
 constexpr int kGeneralTab = 1;
 constexpr int kLoggingTab = 4;
+constexpr int kVersion3UsersTab = 5;
 constexpr char32_t kEnter = U'\r';
 
 constexpr const char* kExamples =
@@ -27,6 +28,16 @@ constexpr const char* kExampleKinds =
     "Subnet";
 
 constexpr const char* kFilterNotValid = "Please enter a valid Filter first.";
+constexpr const char* kIpv6FilterNotValid =
+    "Please enter a valid IPv6 Filter first.\r\n\r\n"
+    "It is an address (2001:db8::1), a prefix (2001:db8::/32) or a range from low to high "
+    "(2001:db8::1 - 2001:db8::ff). A link-local address may name an interface (fe80::1%eth0).";
+constexpr const char* kIpv4FilterInIpv6Box =
+    "This is an IPv4 Filter: please add it to the IPv4 list above.";
+constexpr const char* kIpv6Refused =
+    "No IPv6 filter: traps that come over IPv6 are refused. ::/0 accepts all of them.";
+constexpr const char* kIpv6Unknown =
+    "The stored IPv6 filters could not be read: traps that come over IPv6 are not filtered.";
 constexpr const char* kCommunityMissing = "Please enter an SNMP Community string first.";
 constexpr const char* kFiltersMissing =
     "You have enabled Device Filtering, but have not added any Device Filters.\r\n\r\n"
@@ -46,6 +57,7 @@ void SettingsForm::Form_Load() {
   LoadCommunities();
   ShowCommunityControls();
   LoadDeviceFilters();
+  version3Users_.Load();
   ShowLoggingControls();
   view_.SetText(kExampleList, kExamples);
   view_.SetText(kExampleNames, kExampleKinds);
@@ -68,14 +80,25 @@ void SettingsForm::LoadDeviceFilters() {
   const auto& filters = settings_.DeviceFilters();
   for (const std::string& key : filters->Keys())
     view_.AddLine(kDeviceFilterList, filters->Item(key)->Description());
+  for (const std::string& key : settings_.Ipv6DeviceFilters()->Keys())
+    view_.AddLine(kIpv6DeviceFilterList, key);
 }
 
 void SettingsForm::ShowDeviceFilterControls() {
   const bool active = view_.Checked(kCheckDeviceFilter);
   Show({kAddLabel, kNewDeviceFilter, kCmdAddDeviceFilter, kExamplesLabel, kExampleList,
-        kExampleNames, kDeviceFilterList, kCmdDeleteDeviceFilter},
+        kExampleNames, kDeviceFilterList, kCmdDeleteDeviceFilter, kAddIpv6Label,
+        kNewIpv6DeviceFilter, kCmdAddIpv6DeviceFilter, kIpv6DeviceFilterList,
+        kCmdDeleteIpv6DeviceFilter, kIpv6Note},
        active);
+  ShowIpv6Note();
   if (active) view_.SetFocus(kNewDeviceFilter);
+}
+
+void SettingsForm::ShowIpv6Note() {
+  const bool hasFilter = !view_.Lines(kIpv6DeviceFilterList).empty();
+  const bool isUnknown = settings_.Ipv6DeviceFilters()->IsUnknown();
+  view_.SetText(kIpv6Note, hasFilter ? "" : isUnknown ? kIpv6Unknown : kIpv6Refused);
 }
 
 void SettingsForm::ShowCommunityControls() {
@@ -122,6 +145,19 @@ void SettingsForm::cmdAddDeviceFilter_Click() {
   Reenter(deviceFilterEntry_);
 }
 
+void SettingsForm::cmdAddIpv6DeviceFilter_Click() {
+  const std::string text(TrimBlanks(view_.Text(kNewIpv6DeviceFilter)));
+  const auto filter = Ipv6DeviceFilter::Of(text);
+  if (!filter) {
+    const bool isIpv4 = settings_.DeviceFilters()->ValidFilter(text);
+    messageBox_.Show(isIpv4 ? kIpv4FilterInIpv6Box : kIpv6FilterNotValid, MessageIcon::Exclamation);
+    return;
+  }
+  view_.AddLine(kIpv6DeviceFilterList, filter->Text());
+  ShowIpv6Note();
+  Reenter(ipv6DeviceFilterEntry_);
+}
+
 void SettingsForm::cmdAddCommunity_Click() {
   const std::string text(TrimBlanks(view_.Text(kNewCommunity)));
   view_.SetText(kNewCommunity, text);
@@ -163,6 +199,12 @@ bool SettingsForm::NewDeviceFilter_KeyPress(char32_t key) {
   return true;
 }
 
+bool SettingsForm::NewIpv6DeviceFilter_KeyPress(char32_t key) {
+  if (key != kEnter) return false;
+  cmdAddIpv6DeviceFilter_Click();
+  return true;
+}
+
 bool SettingsForm::NewCommunity_KeyPress(char32_t key) {
   if (key != kEnter) return false;
   cmdAddCommunity_Click();
@@ -173,12 +215,21 @@ void SettingsForm::DeviceFilterList_Click() {
   EnableRemoval(kDeviceFilterList, kCmdDeleteDeviceFilter);
 }
 
+void SettingsForm::Ipv6DeviceFilterList_Click() {
+  EnableRemoval(kIpv6DeviceFilterList, kCmdDeleteIpv6DeviceFilter);
+}
+
 void SettingsForm::CommunityList_Click() {
   EnableRemoval(kCommunityList, kCmdDeleteCommunity);
 }
 
 void SettingsForm::cmdDeleteDeviceFilter_Click() {
   RemoveSelected(kDeviceFilterList, kCmdDeleteDeviceFilter);
+}
+
+void SettingsForm::cmdDeleteIpv6DeviceFilter_Click() {
+  RemoveSelected(kIpv6DeviceFilterList, kCmdDeleteIpv6DeviceFilter);
+  ShowIpv6Note();
 }
 
 void SettingsForm::cmdDeleteCommunity_Click() {
@@ -228,15 +279,22 @@ void SettingsForm::cmdOK_Click() {
     view_.SetFocus(kNewDeviceFilter);
     return;
   }
-  if (TellsOfNewEntry(deviceFilterEntry_) || TellsOfNewEntry(communityEntry_)) return;
+  for (Entry* entry : {&deviceFilterEntry_, &ipv6DeviceFilterEntry_, &communityEntry_})
+    if (TellsOfNewEntry(*entry)) return;
   if (view_.Checked(kCheckLoggingActive) && FindsNewLogProblem()) {
     view_.SelectTab(kLoggingTab);
     view_.SetFocus(kLogFilename);
     return;
   }
+  if (const std::string failure = version3Users_.Save(); !failure.empty()) {
+    view_.SelectTab(kVersion3UsersTab);
+    messageBox_.Show(failure, MessageIcon::Exclamation);
+    return;
+  }
   SaveOptions();
   SaveCommunities();
   SaveDeviceFilters();
+  SaveIpv6DeviceFilters();
   view_.Close();
 }
 
@@ -268,6 +326,13 @@ void SettingsForm::SaveDeviceFilters() {
     if (colon != std::string::npos)
       filters->AddFilter(std::string(TrimBlanks(std::string_view(line).substr(colon + 1))));
   }
+  filters->Sync();
+}
+
+void SettingsForm::SaveIpv6DeviceFilters() {
+  const auto& filters = settings_.Ipv6DeviceFilters();
+  filters->Clear();
+  for (const std::string& line : view_.Lines(kIpv6DeviceFilterList)) filters->AddFilter(line);
   filters->Sync();
 }
 

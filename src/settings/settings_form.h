@@ -9,6 +9,7 @@
 #include "platform/message_box.h"
 #include "settings/settings.h"
 #include "settings/settings_view.h"
+#include "settings/version3_users_page.h"
 
 namespace sentrel {
 
@@ -19,11 +20,12 @@ class SettingsForm {
  public:
   /// All must outlive this object.
   SettingsForm(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
-               const LogFile& logFile, SettingsView& view)
+               const LogFile& logFile, Version3UsersPage& version3Users, SettingsView& view)
       : settings_(settings),
         messageBox_(messageBox),
         fileDialog_(fileDialog),
         logFile_(logFile),
+        version3Users_(version3Users),
         view_(view) {}
 
   void Form_Load();
@@ -38,15 +40,19 @@ class SettingsForm {
   void ProposeCommunity(const std::string& text) { Propose(communityEntry_, text); }
 
   void cmdAddDeviceFilter_Click();
+  void cmdAddIpv6DeviceFilter_Click();
   void cmdAddCommunity_Click();
   /// Enter adds. Returns whether the key press, a character, is to be swallowed.
   bool NewDeviceFilter_KeyPress(char32_t key);
+  bool NewIpv6DeviceFilter_KeyPress(char32_t key);
   bool NewCommunity_KeyPress(char32_t key);
 
   /// A line has been selected, by mouse or keyboard.
   void DeviceFilterList_Click();
+  void Ipv6DeviceFilterList_Click();
   void CommunityList_Click();
   void cmdDeleteDeviceFilter_Click();
+  void cmdDeleteIpv6DeviceFilter_Click();
   void cmdDeleteCommunity_Click();
 
   void cmdSelectLogFile_Click();
@@ -57,7 +63,8 @@ class SettingsForm {
 
   /// Writes everything back and closes, or tells what is missing and changes nothing. An entry that
   /// was typed and not added, and a log file that cannot be written, are told of once: they may be
-  /// meant so.
+  /// meant so. The version 3 users come first, because they alone can fail to be kept: nothing else
+  /// has changed then.
   void cmdOK_Click();
   void cmdCancel_Click();
 
@@ -65,6 +72,8 @@ class SettingsForm {
   void LoadCommunities();
   void LoadDeviceFilters();
   void ShowDeviceFilterControls();
+  /// Says what becomes of IPv6 senders while no filter is for them.
+  void ShowIpv6Note();
   void ShowCommunityControls();
   void ShowLoggingControls();
   void Show(std::initializer_list<SettingsControl> controls, bool visible);
@@ -95,14 +104,18 @@ class SettingsForm {
   void SaveOptions();
   void SaveCommunities();
   void SaveDeviceFilters();
+  void SaveIpv6DeviceFilters();
 
   Settings& settings_;
   MessageBox& messageBox_;
   FileDialog& fileDialog_;
   const LogFile& logFile_;
+  Version3UsersPage& version3Users_;
   SettingsView& view_;
   Entry deviceFilterEntry_{2, settings_controls::kCheckDeviceFilter,
                            settings_controls::kNewDeviceFilter};
+  Entry ipv6DeviceFilterEntry_{2, settings_controls::kCheckDeviceFilter,
+                               settings_controls::kNewIpv6DeviceFilter};
   Entry communityEntry_{3, settings_controls::kCheckCommunity, settings_controls::kNewCommunity};
   /// The log file that a problem was told of last.
   std::string problemFile_;

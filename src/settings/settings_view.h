@@ -32,6 +32,12 @@ inline constexpr SettingsText kExampleList{"ExampleList"};
 inline constexpr SettingsText kExampleNames{"ExampleNames"};
 inline constexpr SettingsList kDeviceFilterList{"DeviceFilterList"};
 inline constexpr SettingsButton kCmdDeleteDeviceFilter{"cmdDeleteDeviceFilter"};
+inline constexpr SettingsText kAddIpv6Label{"AddIpv6Label"};
+inline constexpr SettingsText kNewIpv6DeviceFilter{"NewIpv6DeviceFilter"};
+inline constexpr SettingsButton kCmdAddIpv6DeviceFilter{"cmdAddIpv6DeviceFilter"};
+inline constexpr SettingsList kIpv6DeviceFilterList{"Ipv6DeviceFilterList"};
+inline constexpr SettingsButton kCmdDeleteIpv6DeviceFilter{"cmdDeleteIpv6DeviceFilter"};
+inline constexpr SettingsText kIpv6Note{"Ipv6Note"};
 
 inline constexpr SettingsCheck kCheckCommunity{"checkCommunity"};
 inline constexpr SettingsText kLabel1{"Label1"};

@@ -33,6 +33,9 @@ TEST_F(TrapGateTest, TheDeviceFilterHasASwitchOfItsOwn) {
   EXPECT_TRUE(Accepts("192.0.2.255", "public"));
   EXPECT_FALSE(Accepts("10.0.0.1", "public"));
   EXPECT_FALSE(Accepts("2001:db8::1", "public"));
+  settings.Ipv6DeviceFilters()->AddFilter("2001:db8::/32");
+  EXPECT_TRUE(Accepts("2001:db8::1", "public"));
+  EXPECT_FALSE(Accepts("2001:db9::1", "public"));
   settings.DeviceFilters()->Clear();
   EXPECT_FALSE(Accepts("192.0.2.7", "public")) << "an empty list refuses all";
 }

@@ -14,6 +14,7 @@
 #include "fakes/fake_console.h"
 #include "fakes/fake_file_dialog.h"
 #include "fakes/fake_registry.h"
+#include "fakes/fake_version3_users.h"
 
 namespace sentrel {
 namespace {
@@ -29,7 +30,7 @@ constexpr int kLogging = 3;
 /// The settings dialog on the screen, used with mouse and keyboard.
 struct SettingsDialogTest : testing::Test {
   void Open(int tab) {
-    dialog = std::make_unique<SettingsDialog>(settings, box, files, logFile, nullptr);
+    dialog = std::make_unique<SettingsDialog>(settings, box, files, logFile, users, nullptr);
     dialog->open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     EXPECT_EQ(Tabs().currentIndex(), kGeneral);
@@ -71,6 +72,7 @@ struct SettingsDialogTest : testing::Test {
   FakeMessageBox box{log};
   FakeFileDialog files;
   FakeLogFile logFile;
+  FakeVersion3Users users;
   std::unique_ptr<SettingsDialog> dialog;
 };
 
@@ -82,8 +84,9 @@ TEST_F(SettingsDialogTest, HasItsPagesAndCaptions) {
       {"General", "SSActiveTabPanel1", "SettingsGeneral"},
       {"Device Filter", "SSActiveTabPanel2", "SettingsDeviceFilter"},
       {"Community Filter", "SSActiveTabPanel4", "SettingsCommunityFilter"},
-      {"Logging", "SSActiveTabPanel3", "SettingsLogging"}};
-  ASSERT_EQ(Tabs().count(), 4);
+      {"Logging", "SSActiveTabPanel3", "SettingsLogging"},
+      {"Version 3 Users", "Version3UsersPage", "SettingsVersion3Users"}};
+  ASSERT_EQ(Tabs().count(), 5);
   for (int tab = 0; tab < Tabs().count(); ++tab) {
     const auto& [caption, name, helpTopic] = pages[tab];
     EXPECT_EQ(Tabs().tabText(tab), caption);
@@ -131,7 +134,7 @@ TEST_F(SettingsDialogTest, EveryWidgetThatTakesTheFocusTellsItsNameToAScreenRead
     EXPECT_FALSE(reader->text(QAccessible::Name).trimmed().isEmpty())
         << widget->objectName().toStdString();
   }
-  EXPECT_GE(told, 18);
+  EXPECT_GE(told, 28);
 }
 
 TEST_F(SettingsDialogTest, TheTwoWaysOfDecodingExcludeEachOther) {
@@ -159,7 +162,8 @@ TEST_F(SettingsDialogTest, EachCheckBoxShowsItsControlsAndHidesThem) {
       {kDeviceFilter,
        "checkDeviceFilter",
        {"AddLabel", "NewDeviceFilter", "cmdAddDeviceFilter", "ExamplesLabel", "ExampleList",
-        "ExampleNames", "DeviceFilterList", "cmdDeleteDeviceFilter"}},
+        "ExampleNames", "DeviceFilterList", "cmdDeleteDeviceFilter", "Ipv6DeviceFilterList",
+        "NewIpv6DeviceFilter", "cmdAddIpv6DeviceFilter", "cmdDeleteIpv6DeviceFilter", "Ipv6Note"}},
       {kCommunityFilter,
        "checkCommunity",
        {"NewCommunity", "NewCommunityLabel", "cmdAddCommunity", "CommunityList",
@@ -200,6 +204,29 @@ TEST_F(SettingsDialogTest, DeviceFiltersAreEnteredByKeyboardAlone) {
   EXPECT_EQ(Settings(registry).DeviceFilters()->Count(), 2);
 }
 
+TEST_F(SettingsDialogTest, Ipv6FiltersAreEnteredByKeyboardToo) {
+  settings.SetDeviceFilterActive(true);
+  settings.DeviceFilters()->AddFilter("10.0.0.1");
+  Open(kDeviceFilter);
+  Click("NewIpv6DeviceFilter");
+  Type("10.0.0.1", Qt::Key_Return);
+  EXPECT_THAT(box.text, testing::StartsWith("This is an IPv4 Filter"));
+  Find<QLineEdit>("NewIpv6DeviceFilter").selectAll();
+  Type("2001:DB8::/32", Qt::Key_Enter);
+  EXPECT_EQ(Find<QLineEdit>("NewIpv6DeviceFilter").selectedText(), "2001:DB8::/32");
+  Type("fe80::1", Qt::Key_Tab);
+  Click("cmdAddIpv6DeviceFilter");
+  EXPECT_THAT(Lines("Ipv6DeviceFilterList"), ElementsAre("2001:db8::/32", "fe80::1"));
+  Find("NewDeviceFilter").setFocus();
+  for (const char* next : {"cmdAddDeviceFilter", "DeviceFilterList", "NewIpv6DeviceFilter",
+                           "cmdAddIpv6DeviceFilter", "Ipv6DeviceFilterList"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(HasFocus(next)) << next;
+  }
+  Click("cmdOK");
+  EXPECT_TRUE(Settings(registry).AcceptsDevice("2001:db8::1"));
+}
+
 TEST_F(SettingsDialogTest, AddButtonsGiveTheFocusBackToTheirBox) {
   Open(kCommunityFilter);
   Click("checkCommunity");
@@ -217,14 +244,17 @@ TEST_F(SettingsDialogTest, AddButtonsGiveTheFocusBackToTheirBox) {
 
 TEST_F(SettingsDialogTest, LinesAreRemovedByButtonAndByDeleteKey) {
   const std::pair<const char*, const char*> lists[] = {
-      {"DeviceFilterList", "cmdDeleteDeviceFilter"}, {"CommunityList", "cmdDeleteCommunity"}};
+      {"DeviceFilterList", "cmdDeleteDeviceFilter"},
+      {"Ipv6DeviceFilterList", "cmdDeleteIpv6DeviceFilter"},
+      {"CommunityList", "cmdDeleteCommunity"}};
   settings.SetDeviceFilterActive(true);
   for (const char* text : {"10.0.0.1", "10.0.0.2", "10.0.0.3"}) {
     settings.DeviceFilters()->AddFilter(text);
+    settings.Ipv6DeviceFilters()->AddFilter("2001:db8::" + std::string(text));
     settings.CommunityStrings()->Add(text);
   }
   for (const auto& [list, button] : lists) {
-    Open(list == lists[0].first ? kDeviceFilter : kCommunityFilter);
+    Open(list == lists[2].first ? kCommunityFilter : kDeviceFilter);
     List(list).setFocus();
     EXPECT_FALSE(Find(button).isEnabled());
     QTest::keyClick(&List(list), Qt::Key_Delete);
@@ -242,7 +272,7 @@ TEST_F(SettingsDialogTest, LinesAreRemovedByButtonAndByDeleteKey) {
     EXPECT_TRUE(Find(button).isEnabled()) << "a line can be selected with the keyboard";
     QTest::keyClick(&List(list), Qt::Key_Delete);
     EXPECT_EQ(Lines(list).size(), 1);
-    EXPECT_TRUE(Lines(list).front().endsWith("10.0.0.2"));
+    EXPECT_TRUE(Lines(list).front().endsWith(list == lists[1].first ? "a00:2" : "10.0.0.2"));
     EXPECT_FALSE(Find(button).isEnabled());
   }
 }
@@ -292,9 +322,12 @@ TEST_F(SettingsDialogTest, AFolderForTheLogIsToldOfWhereItWasTyped) {
 TEST_F(SettingsDialogTest, TheListsTakeTheRoomOfALargerWindow) {
   settings.SetDeviceFilterActive(true);
   Open(kDeviceFilter);
-  const int height = List("DeviceFilterList").height();
+  const auto height = [this] {
+    return List("DeviceFilterList").height() + List("Ipv6DeviceFilterList").height();
+  };
+  const int before = height();
   dialog->resize(dialog->width(), dialog->height() + 100);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return List("DeviceFilterList").height() == height + 100; }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return height() == before + 100; }));
   EXPECT_GE(
       Find("NewDeviceFilter").width(),
       Find("NewDeviceFilter").fontMetrics().horizontalAdvance("10.100.100.100-10.100.100.255"));

@@ -5,9 +5,11 @@
 #include <algorithm>
 
 #include "fake_settings_view.h"
+#include "fake_version3_users_view.h"
 #include "fakes/fake_console.h"
 #include "fakes/fake_file_dialog.h"
 #include "fakes/fake_registry.h"
+#include "fakes/fake_version3_users.h"
 
 namespace sentrel {
 namespace {
@@ -53,7 +55,10 @@ struct SettingsFormTest : testing::Test {
   FakeFileDialog files;
   FakeSettingsView view;
   FakeLogFile logFile;
-  SettingsForm form{settings, box, files, logFile, view};
+  FakeVersion3Users users;
+  FakeVersion3UsersView usersView;
+  Version3UsersPage usersPage{users, box, usersView};
+  SettingsForm form{settings, box, files, logFile, usersPage, view};
 };
 
 TEST_F(SettingsFormTest, LoadsWhatIsSetAndOffersNoRemovalYet) {
@@ -126,6 +131,56 @@ TEST_F(SettingsFormTest, DeviceFiltersAreAddedAsDescriptionsAndOnceToTheList) {
               ElementsAre("10.0.1.0/255.255.255.0", "10.0.1.1-10.0.1.255", "10.0.1.23"));
 }
 
+TEST_F(SettingsFormTest, Ipv6FiltersHaveAListAndANoteOfTheirOwn) {
+  const auto add = [&](const char* text) {
+    view.SetText(kNewIpv6DeviceFilter, text);
+    return MessageOf([&] { EXPECT_TRUE(form.NewIpv6DeviceFilter_KeyPress(U'\r')); });
+  };
+  settings.Ipv6DeviceFilters()->AddFilter("::1");
+  form.Form_Load();
+  view.SetChecked(kCheckDeviceFilter, true);
+  EXPECT_EQ(view.texts["Ipv6Note"], "");
+  view.selectedLine["Ipv6DeviceFilterList"] = 0;
+  form.cmdDeleteIpv6DeviceFilter_Click();
+  EXPECT_THAT(view.texts["Ipv6Note"], testing::StartsWith("No IPv6 filter"));
+  EXPECT_EQ(add(" 2001:DB8::1/32 "), "");
+  EXPECT_EQ(view.texts["Ipv6Note"], "");
+  EXPECT_EQ(view.focus, "NewIpv6DeviceFilter");
+  EXPECT_EQ(view.selectedText, "NewIpv6DeviceFilter");
+  EXPECT_THAT(add("2001::/129"), testing::StartsWith("Please enter a valid IPv6 Filter first."));
+  EXPECT_THAT(add("10.0.0.1"), testing::StartsWith("This is an IPv4 Filter"));
+  view.SetText(kNewIpv6DeviceFilter, "");
+  EXPECT_THAT(MessageOf([&] { form.cmdOK_Click(); }),
+              testing::StartsWith("You have enabled Device Filtering"))
+      << "the check counts the first list alone";
+  AddDeviceFilter("10.0.1.23");
+  EXPECT_THAT(settings.Ipv6DeviceFilters()->Keys(), ElementsAre("::1")) << "until OK";
+  form.cmdOK_Click();
+  FakeRegistry copy = registry;
+  EXPECT_THAT(Settings(copy).Ipv6DeviceFilters()->Keys(), ElementsAre("2001:db8::/32"));
+  registry.unreachable = true;
+  settings.Refresh();
+  view.ClearLines(kIpv6DeviceFilterList);
+  form.Form_Load();
+  EXPECT_THAT(view.texts["Ipv6Note"], testing::HasSubstr("could not be read"));
+}
+
+TEST_F(SettingsFormTest, UsersThatCannotBeKeptChangeNothingElse) {
+  users.unwritable = "The disk is full.";
+  form.Form_Load();
+  view.SetChecked(kCheckRaw, true);
+  usersView.clipboard = "createUser bob SHA password1";
+  usersPage.Paste();
+  EXPECT_EQ(MessageOf([&] { form.cmdOK_Click(); }), "The disk is full.");
+  EXPECT_EQ(view.tab, 5);
+  EXPECT_FALSE(view.closed || settings.Raw());
+  EXPECT_EQ(registry.changes, 0);
+  users.unwritable = "";
+  form.cmdOK_Click();
+  EXPECT_TRUE(view.closed && settings.Raw());
+  EXPECT_EQ(users.replacements, 1);
+}
+
 TEST_F(SettingsFormTest, CommunitiesAreTrimmedInTheBoxAndOnceInTheList) {
   form.Form_Load();
   view.SetChecked(kCheckCommunity, true);
@@ -179,9 +234,13 @@ TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunit
 TEST_F(SettingsFormTest, WhatWasTypedAndNotAddedIsShownOnceBeforeOKCloses) {
   settings.DeviceFilters()->AddFilter("10.9.9.9");
   const std::tuple<SettingsCheck, SettingsText, int> boxes[] = {
-      {kCheckDeviceFilter, kNewDeviceFilter, 2}, {kCheckCommunity, kNewCommunity, 3}};
+      {kCheckDeviceFilter, kNewDeviceFilter, 2},
+      {kCheckDeviceFilter, kNewIpv6DeviceFilter, 2},
+      {kCheckCommunity, kNewCommunity, 3}};
   for (const auto& [check, entry, tab] : boxes) {
     form.Form_Load();
+    for (const SettingsText other : {kNewDeviceFilter, kNewIpv6DeviceFilter, kNewCommunity})
+      view.SetText(other, "");
     view.SetText(entry, " 10.0.0.1 ");
     view.SetChecked(check, true);
     view.closed = false;

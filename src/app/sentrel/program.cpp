@@ -148,7 +148,7 @@ void Program::ShowCure(const WatchedDatagram& datagram) {
 Commands Program::OtherCommands() {
   Commands commands;
   commands.ShowSettingsForm = [this] {
-    SettingsDialog(settings_, messageBox_, fileDialog_, logFile_, &window_).exec();
+    SettingsDialog(settings_, messageBox_, fileDialog_, logFile_, version3Users_, &window_).exec();
   };
   commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
   commands.PrintTraps = [this] { trapExport_.PrintTraps(); };

@@ -31,10 +31,12 @@ QPushButton* ClosingButton(SettingsButton control, const QString& caption) {
 }  // namespace
 
 SettingsDialog::SettingsDialog(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
-                               const LogFile& logFile, QWidget* owner)
+                               const LogFile& logFile, Version3UserStore& version3Users,
+                               QWidget* owner)
     : QDialog(owner),
-      tabs_(MakeSettingsTabs()),
-      form_(settings, messageBox, fileDialog, logFile, *this) {
+      version3Users_(new Version3UsersTab(version3Users, messageBox)),
+      tabs_(MakeSettingsTabs(version3Users_)),
+      form_(settings, messageBox, fileDialog, logFile, version3Users_->Page(), *this) {
   setObjectName("SettingsForm");
   setWindowTitle("Sentrel Settings ...");
   auto* layout = new QVBoxLayout(this);
@@ -54,9 +56,12 @@ SettingsDialog::SettingsDialog(Settings& settings, MessageBox& messageBox, FileD
   ConnectLogFilename();
   ConnectList(kDeviceFilterList, kCmdDeleteDeviceFilter, &SettingsForm::DeviceFilterList_Click,
               &SettingsForm::cmdDeleteDeviceFilter_Click);
+  ConnectList(kIpv6DeviceFilterList, kCmdDeleteIpv6DeviceFilter,
+              &SettingsForm::Ipv6DeviceFilterList_Click,
+              &SettingsForm::cmdDeleteIpv6DeviceFilter_Click);
   ConnectList(kCommunityList, kCmdDeleteCommunity, &SettingsForm::CommunityList_Click,
               &SettingsForm::cmdDeleteCommunity_Click);
-  for (const SettingsText box : {kNewDeviceFilter, kNewCommunity})
+  for (const SettingsText box : {kNewDeviceFilter, kNewIpv6DeviceFilter, kNewCommunity})
     Find<QWidget>(box).installEventFilter(this);
   form_.Form_Load();
   Find<QWidget>(settings.Raw() ? kCheckRaw : kCheckDecode).setFocus();
@@ -77,6 +82,7 @@ void SettingsDialog::ConnectChecks() {
 void SettingsDialog::ConnectButtons() {
   const std::pair<SettingsButton, void (SettingsForm::*)()> clicks[] = {
       {kCmdAddDeviceFilter, &SettingsForm::cmdAddDeviceFilter_Click},
+      {kCmdAddIpv6DeviceFilter, &SettingsForm::cmdAddIpv6DeviceFilter_Click},
       {kCmdAddCommunity, &SettingsForm::cmdAddCommunity_Click},
       {kCmdSelectLogFile, &SettingsForm::cmdSelectLogFile_Click},
       {kCmdOK, &SettingsForm::cmdOK_Click},
@@ -114,11 +120,15 @@ bool SettingsDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const QString typed = static_cast<QKeyEvent*>(event)->text();
     const char32_t key = typed.isEmpty() ? U'\0' : typed[0].unicode();
-    const bool isCommunity = watched->objectName() == kNewCommunity.name;
-    if (isCommunity ? form_.NewCommunity_KeyPress(key) : form_.NewDeviceFilter_KeyPress(key))
-      return true;
+    if (TakesKey(watched->objectName(), key)) return true;
   }
   return QDialog::eventFilter(watched, event);
+}
+
+bool SettingsDialog::TakesKey(const QString& box, char32_t key) {
+  if (box == kNewCommunity.name) return form_.NewCommunity_KeyPress(key);
+  if (box == kNewIpv6DeviceFilter.name) return form_.NewIpv6DeviceFilter_KeyPress(key);
+  return form_.NewDeviceFilter_KeyPress(key);
 }
 
 void SettingsDialog::SetHelpContext(int number) {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QTabWidget>
 
+#include "desktop/forms/version3_users_tab.h"
 #include "settings/settings_form.h"
 
 namespace sentrel {
@@ -13,7 +14,7 @@ class SettingsDialog : public QDialog, private SettingsView {
  public:
   /// Loads the dialog; exec() shows it. All must outlive it.
   SettingsDialog(Settings& settings, MessageBox& messageBox, FileDialog& fileDialog,
-                 const LogFile& logFile, QWidget* owner);
+                 const LogFile& logFile, Version3UserStore& version3Users, QWidget* owner);
 
   SettingsForm& Form() { return form_; }
 
@@ -27,6 +28,8 @@ class SettingsDialog : public QDialog, private SettingsView {
   void ConnectChecks();
   void ConnectButtons();
   void ConnectLogFilename();
+  /// Whether the key press in the box is to be swallowed.
+  bool TakesKey(const QString& box, char32_t key);
   void ConnectList(SettingsList list, SettingsButton removeButton, void (SettingsForm::*selected)(),
                    void (SettingsForm::*remove)());
   template <typename Widget>
@@ -51,6 +54,7 @@ class SettingsDialog : public QDialog, private SettingsView {
   void ClearLines(SettingsList list) override;
   std::optional<std::size_t> SelectedLine(SettingsList list) const override;
 
+  Version3UsersTab* version3Users_;
   QTabWidget* tabs_;
   SettingsForm form_;
 };

@@ -22,6 +22,10 @@ namespace {
 constexpr int kPageMargin = 12;
 constexpr int kGroupSpacing = 6;
 constexpr int kColumnSpacing = 12;
+/// Of each of two lists that share a page. A larger window gives them more.
+constexpr int kLinesOfList = 6;
+/// So that nothing moves when the note comes and goes.
+constexpr int kLinesOfNote = 2;
 
 /// Courier itself or the system's own: what systems put in the place of a Courier that they lack is
 /// hard to read on a screen.
@@ -68,8 +72,20 @@ QListWidget* List(SettingsList control, const QString& accessibleName) {
   return list;
 }
 
-QPushButton* RemoveButton(SettingsButton control, QListWidget* list) {
-  auto* button = Button(control, "Remove Selected Filter");
+/// A list of filters, in columns, that shares its page with another.
+QListWidget* FilterList(SettingsList control, const QString& accessibleName) {
+  auto* list = List(control, accessibleName);
+  list->setFont(Monospaced());
+  list->setMinimumHeight(list->fontMetrics().lineSpacing() * kLinesOfList);
+  QSizePolicy policy = list->sizePolicy();
+  policy.setVerticalPolicy(QSizePolicy::Ignored);
+  list->setSizePolicy(policy);
+  return list;
+}
+
+QPushButton* RemoveButton(SettingsButton control, QListWidget* list,
+                          const QString& caption = "Remove Selected Filter") {
+  auto* button = Button(control, caption);
   button->setMinimumWidth(button->sizeHint().width() + 2 * kGroupSpacing);
   button->setEnabled(false);
   auto* deleteKey = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
@@ -123,6 +139,28 @@ QLayout* MakeExamples() {
   return layout;
 }
 
+void AddIpv6DeviceFilter(QVBoxLayout& page) {
+  page.addSpacing(kGroupSpacing);
+  auto* label = Label(kAddIpv6Label, "Add New IPv6 Address, Prefix, or Address Range");
+  page.addWidget(label);
+  auto* box = EntryBox(kNewIpv6DeviceFilter, label);
+  box->setPlaceholderText("2001:db8::1, 2001:db8::/32, or 2001:db8::1 - 2001:db8::ff");
+  auto* add = Button(kCmdAddIpv6DeviceFilter, "Add ");
+  add->setAccessibleName("Add IPv6 Filter");
+  page.addLayout(Row({box, add}));
+  auto* list = FilterList(kIpv6DeviceFilterList, "IPv6 Device Filters");
+  page.addWidget(list, 1);
+  auto* remove = RemoveButton(kCmdDeleteIpv6DeviceFilter, list, "Remove Selected IPv6 Filter");
+  auto* note = Label(kIpv6Note);
+  note->setWordWrap(true);
+  note->setMinimumHeight(note->fontMetrics().lineSpacing() * kLinesOfNote);
+  auto* row = new QHBoxLayout;
+  row->addWidget(remove);
+  row->addSpacing(kColumnSpacing);
+  row->addWidget(note, 1);
+  page.addLayout(row);
+}
+
 void AddDeviceFilter(QTabWidget& tabs) {
   auto* page = AddPage(tabs, "SSActiveTabPanel2", "Device Filter", "SettingsDeviceFilter");
   page->addWidget(Named(
@@ -142,10 +180,10 @@ void AddDeviceFilter(QTabWidget& tabs) {
   upper->addLayout(MakeExamples());
   page->addLayout(upper);
   page->addSpacing(kGroupSpacing);
-  auto* list = List(kDeviceFilterList, "Device Filters");
-  list->setFont(Monospaced());
+  auto* list = FilterList(kDeviceFilterList, "Device Filters");
   page->addWidget(list, 1);
   page->addWidget(RemoveButton(kCmdDeleteDeviceFilter, list), 0, Qt::AlignLeft);
+  AddIpv6DeviceFilter(*page);
 }
 
 void AddCommunityFilter(QTabWidget& tabs) {
@@ -178,9 +216,15 @@ void AddLogging(QTabWidget& tabs) {
   page->addStretch();
 }
 
+void AddVersion3Users(QTabWidget& tabs, QWidget* users) {
+  auto* page = AddPage(tabs, "Version3UsersPage", "Version 3 Users", "SettingsVersion3Users");
+  users->layout()->setContentsMargins(0, 0, 0, 0);
+  page->addWidget(users);
+}
+
 }  // namespace
 
-QTabWidget* MakeSettingsTabs() {
+QTabWidget* MakeSettingsTabs(QWidget* version3Users) {
   auto* tabs = new QTabWidget;
   tabs->setObjectName("Tabs");
   tabs->setAccessibleName("Settings");
@@ -188,6 +232,7 @@ QTabWidget* MakeSettingsTabs() {
   AddDeviceFilter(*tabs);
   AddCommunityFilter(*tabs);
   AddLogging(*tabs);
+  AddVersion3Users(*tabs, version3Users);
   return tabs;
 }
 
