@@ -19,6 +19,8 @@ class NotificationParser {
   NotificationParser(const NotificationParser&) = delete;
   NotificationParser& operator=(const NotificationParser&) = delete;
 
+  /// Takes over the users of version 3 that have changed.
+  void TakeChanges() { guard_.TakeChanges(); }
   Outcome Parse(const Datagram& datagram);
 
   std::uint64_t AnsweredInforms() const {

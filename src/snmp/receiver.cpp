@@ -91,6 +91,8 @@ bool Receiver::WaitForDatagrams() const {
 
 std::size_t Receiver::HandleBatch(NotificationParser& parser) {
   const auto batch = socket_.ReadBatch();
+  // Only now: what has been sent after a change is judged by it.
+  parser.TakeChanges();
   for (const Datagram& datagram : batch) counters_.Count(parser.Parse(datagram));
   counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.SetSystemDrops(socket_.SystemDrops());
