@@ -32,7 +32,8 @@ void LocalizedUsers::Replace(const std::vector<KeyedUser>& users, const std::str
   }
 }
 
-LocalizedUsers::Entry* LocalizedUsers::Find(const std::string& engine, const std::string& user) {
+const LocalizedUsers::Entry* LocalizedUsers::Find(const std::string& engine,
+                                                  const std::string& user) const {
   const std::string key = Key(engine, user);
   if (const auto told = told_.find(key); told != told_.end()) return &told->second;
   const auto learned = learned_.find(key);

@@ -32,7 +32,7 @@ class LocalizedUsers {
   /// Whether a user of this very engine is told.
   bool HasEngine(const std::string& engine) const { return engines_.contains(engine); }
   /// Null where the user was neither told nor learned.
-  Entry* Find(const std::string& engine, const std::string& user);
+  const Entry* Find(const std::string& engine, const std::string& user) const;
   /// Null where there is no user of any engine with this name.
   const KeyedUser* FindForAny(const std::string& user) const;
   bool HasUserForAny() const { return !forAny_.empty(); }

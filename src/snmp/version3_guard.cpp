@@ -8,6 +8,7 @@
 #include "snmp/ber.h"
 #include "snmp/engine_state.h"
 #include "snmp/odd_values.h"
+#include "snmp/version3_hint.h"
 
 namespace sentrel {
 namespace {
@@ -106,6 +107,7 @@ void Version3Guard::Expect(const Peer& peer) {
   lent_.reset();
   peer_ = &peer;
   refusal_.reset();
+  refused_.reset();
   repeated_ = false;
   authentic_.reset();
   passed_ = false;
@@ -119,6 +121,23 @@ void Version3Guard::Report(session_list* list, netsnmp_transport* transport,
                            netsnmp_session* session, int error, netsnmp_pdu* pdu) {
   if (!IsReportAskedFor(*pdu) || !current_->MayAnswer()) return;
   current_->original_.handle_report(list, transport, session, error, pdu);
+}
+
+Authentication Version3Guard::AuthenticationOf(const UsmParameters& parameters) const {
+  const auto told = std::ranges::find_if(users_.Descriptions(), [&](const Version3User& user) {
+    return user.name == parameters.user && user.engine == parameters.engine;
+  });
+  if (told != users_.Descriptions().end()) return told->authentication;
+  if (const auto* const kept = keptUsers_.Find(parameters.engine, parameters.user)) {
+    return DescriptionOf(*kept->keys).authentication;
+  }
+  const KeyedUser* const user = keptUsers_.FindForAny(parameters.user);
+  return user == nullptr ? Authentication::kNone : user->user.authentication;
+}
+
+std::string Version3Guard::Hint(Outcome outcome) const {
+  if (outcome != Outcome::kWrongDigest || !refused_) return "";
+  return HintOfDigest(refused_->digest.size(), AuthenticationOf(*refused_));
 }
 
 bool Version3Guard::MayAnswer() {
@@ -135,9 +154,13 @@ int Version3Guard::Check(snmp_secmod_incoming_params& message) {
   if (!parameters) return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
   if (const int error = CheckSender(*parameters, message)) {
     TellLibrary(message, *parameters);
+    refused_ = std::move(parameters);
     return error;
   }
-  if (const int error = original_.decode(&message)) return error;
+  if (const int error = original_.decode(&message)) {
+    refused_ = std::move(parameters);
+    return error;
+  }
   if (!SaysTheSame(message, *parameters)) {
     return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
   }

@@ -62,6 +62,10 @@ class Version3Guard {
   void Expect(const Peer& peer);
   /// Why the guard refused the message that the library has read; nothing where it did not.
   std::optional<Outcome> Refusal() const { return refusal_; }
+  /// What the guard knows beyond the outcome of the message that the library has read, in a
+  /// sentence that names no key; often empty. Made when it is asked for, so that a flood costs
+  /// nothing.
+  std::string Hint(Outcome outcome) const;
   /// Whether the very message was taken before: an inform whose answer was lost, or a recording.
   bool IsRepeated() const { return repeated_; }
   /// What has passed; null where the message did not, or was none of version 3. The library itself
@@ -87,6 +91,8 @@ class Version3Guard {
   int CheckKeptUser(const UsmParameters& parameters, const snmp_secmod_incoming_params& message);
   int TryAnyEngine(const KeyedUser& user, const UsmParameters& parameters,
                    const snmp_secmod_incoming_params& message);
+  /// Of the user whom the message names.
+  Authentication AuthenticationOf(const UsmParameters& parameters) const;
   void Lend(const LocalizedUsers::Entry& entry);
   int CheckFreshness();
   bool KeepMessage(const snmp_secmod_incoming_params& message, const std::string& user);
@@ -107,6 +113,8 @@ class Version3Guard {
   const Peer* peer_ = nullptr;
   std::optional<Outcome> refusal_;
   bool repeated_ = false;
+  /// Where it was refused for what is in there.
+  std::optional<UsmParameters> refused_;
   /// Until the next message, as the answer to an inform needs the keys too.
   std::optional<LentUser> lent_;
   /// Of the user that is lent, as people have told it.
