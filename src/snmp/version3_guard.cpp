@@ -54,9 +54,8 @@ constexpr std::size_t kShortestEngineId = 5;
 bool IsDigestRight(const usmUser& user, const UsmParameters& parameters,
                    const snmp_secmod_incoming_params& message) {
   std::vector<std::uint8_t> whole(message.wholeMsg, message.wholeMsg + message.wholeMsgLen);
-  const auto digest =
-      whole.begin() + (message.secParams - message.wholeMsg) + parameters.digestOffset;
-  std::fill_n(digest, parameters.digest.size(), std::uint8_t{0});
+  const std::size_t offset = message.secParams - message.wholeMsg + parameters.digestOffset;
+  std::fill_n(whole.data() + offset, parameters.digest.size(), std::uint8_t{0});
   return sc_check_keyed_hash(user.authProtocol, user.authProtocolLen, user.authKey, user.authKeyLen,
                              whole.data(), whole.size(), parameters.digest.data(),
                              parameters.digest.size()) == SNMPERR_SUCCESS;

@@ -78,6 +78,7 @@ std::vector<Version3User> Version3UserKeeper::Users() const {
   if (!problem_.empty()) throw Failure(problem_);
   const std::lock_guard lock(mutex_);
   std::vector<Version3User> users = fromFile_;
+  users.reserve(fromFile_.size() + users_.size());
   for (const KeyedUser& keyed : users_) users.push_back(keyed.user);
   for (Version3User& user : users) {
     const auto heard = heard_.find({user.name, user.engine});
@@ -118,6 +119,7 @@ void Version3UserKeeper::Replace(const std::vector<Version3UserEntry>& entries) 
   CheckAll(entries);
   // Only this thread changes users_, so that it may read them without the lock.
   std::vector<KeyedUser> users;
+  users.reserve(entries.size());
   for (const Version3UserEntry& entry : entries) users.push_back(WithKeys(entry));
   if (!path_.empty()) SaveVersion3Users(path_, users);
   const std::lock_guard lock(mutex_);
