@@ -96,7 +96,8 @@ struct Parser {
   Rows rows;
   sentrel::Trap last;
   Folder folder;
-  sentrel::SnmpLibrary library{folder.Path(), folder.Path()};
+  sentrel::Version3UserKeeper keeper{""};
+  sentrel::SnmpLibrary library{folder.Path(), folder.Path(), keeper};
   sentrel::NotificationParser parser{library.Guard(),
                                      [this](const sentrel::ArrivedTrap& trap) {
                                        trap.Read(last);

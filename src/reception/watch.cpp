@@ -67,8 +67,7 @@ WatchedDatagram Watch::Judge(SeenDatagram seen) const {
        IsAboutUsers(judged.seen.outcome) ? Cure::kUsers : Cure::kNone);
   } else if (settings_.Paused()) {
     is("paused", Cure::kNone);
-  } else if (settings_.DeviceFilterActive() &&
-             !settings_.DeviceFilters()->AddressInFilters(sender)) {
+  } else if (!settings_.AcceptsDevice(sender)) {
     is("no device filter fits " + sender, Cure::kDeviceFilter);
   } else if (communities.Count() > 0 && !communities.Exists(judged.seen.community)) {
     is("community not in the list", Cure::kCommunityFilter);

@@ -7,6 +7,7 @@
 #include "platform/file_dialog.h"
 #include "platform/log_file.h"
 #include "platform/message_box.h"
+#include "settings/ip_functions.h"
 #include "settings/settings.h"
 #include "settings/settings_view.h"
 #include "settings/version3_users_page.h"
@@ -36,7 +37,10 @@ class SettingsForm {
   void checkLoggingActive_Click();
 
   /// Opens the page with this text in the box, to be added by the user: nothing else changes.
-  void ProposeDeviceFilter(const std::string& text) { Propose(deviceFilterEntry_, text); }
+  void ProposeDeviceFilter(const std::string& text) {
+    Propose(IsIPAddress(text) ? deviceFilterEntry_ : ipv6DeviceFilterEntry_, text);
+  }
+  void ShowVersion3Users() { view_.SelectTab(5); }
   void ProposeCommunity(const std::string& text) { Propose(communityEntry_, text); }
 
   void cmdAddDeviceFilter_Click();

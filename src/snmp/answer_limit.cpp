@@ -23,20 +23,36 @@ std::string NetworkOf(const Peer& peer) {
 
 }  // namespace
 
-AnswerLimit::AnswerLimit() : secret_(std::random_device()()), sources_(kBuckets) {}
+AnswerLimit::AnswerLimit(double ofOneSource, double inAll)
+    : ofOneSource_(ofOneSource),
+      inAll_(inAll),
+      secret_(std::random_device()()),
+      sources_(kBuckets) {}
 
-bool AnswerLimit::Bucket::Take(double perSecond, Clock::time_point now) {
+bool AnswerLimit::Bucket::Fill(double perSecond, Clock::time_point now) {
   const std::chrono::duration<double> since = now - filledAt;
   answers = std::min(answers + since.count() * perSecond, kSavedSeconds * perSecond);
   filledAt = now;
-  if (answers < 1) return false;
+  return answers >= 1;
+}
+
+bool AnswerLimit::Bucket::Take(double perSecond, Clock::time_point now) {
+  if (!Fill(perSecond, now)) return false;
   answers -= 1;
   return true;
 }
 
-bool AnswerLimit::Allows(const Peer& peer, Clock::time_point now) {
+AnswerLimit::Bucket& AnswerLimit::BucketOf(const Peer& peer) {
   const std::size_t hash = std::hash<std::string>()(std::to_string(secret_) + NetworkOf(peer));
-  return sources_[hash % kBuckets].Take(kOfOneSource, now) && all_.Take(kInAll, now);
+  return sources_[hash % kBuckets];
+}
+
+bool AnswerLimit::Allows(const Peer& peer, Clock::time_point now) {
+  return BucketOf(peer).Take(ofOneSource_, now) && all_.Take(inAll_, now);
+}
+
+bool AnswerLimit::HasRoom(const Peer& peer, Clock::time_point now) {
+  return BucketOf(peer).Fill(ofOneSource_, now) && all_.Fill(inAll_, now);
 }
 
 }  // namespace sentrel

@@ -21,17 +21,25 @@ class AnswerLimit {
   static constexpr double kOfOneSource = 100;
   static constexpr double kInAll = 1'000;
 
-  AnswerLimit();
+  explicit AnswerLimit(double ofOneSource = kOfOneSource, double inAll = kInAll);
   /// Whether one more answer may leave for the peer.
   bool Allows(const Peer& peer, Clock::time_point now);
+  /// The same, without counting one.
+  bool HasRoom(const Peer& peer, Clock::time_point now);
 
  private:
   struct Bucket {
     double answers = 0;
     Clock::time_point filledAt;
+    /// Whether there is one to take.
+    bool Fill(double perSecond, Clock::time_point now);
     bool Take(double perSecond, Clock::time_point now);
   };
 
+  Bucket& BucketOf(const Peer& peer);
+
+  const double ofOneSource_;
+  const double inAll_;
   std::size_t secret_;
   Bucket all_;
   /// Sources share a bucket by chance.

@@ -64,6 +64,11 @@ void EngineClocks::Take(const EngineId& engine, EngineMoment moment,
   DropOldDigests(now);
 }
 
+void EngineClocks::Forget(const EngineId& engine) {
+  const std::lock_guard lock(mutex_);
+  if (engine != ownEngine_) engines_.erase(engine);
+}
+
 void EngineClocks::DropOldDigests(Clock::time_point now) {
   while (now - taken_.front().at > kDigestLife || taken_.size() > kMostDigests) {
     const Taken& oldest = taken_.front();

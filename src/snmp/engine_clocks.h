@@ -65,6 +65,9 @@ class EngineClocks {
   void Take(const EngineId& engine, EngineMoment moment, std::span<const std::uint8_t> digest,
             Clock::time_point now);
 
+  /// Forgets what the engine has told: its next message is fresh, whatever moment it tells.
+  void Forget(const EngineId& engine);
+
   /// The newest moment of every engine but this program's own.
   std::map<EngineId, EngineMoment> Newest() const;
 

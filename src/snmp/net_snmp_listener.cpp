@@ -29,6 +29,7 @@ NetSnmpListener::NetSnmpListener(ListenerOptions options, TrapObserver& observer
       observer_(observer),
       wake_(std::move(wake)),
       sender_(options_.sendPort),
+      users_(options_.stateFolder.empty() ? "" : options_.stateFolder + "/version3-users"),
       queue_(options_.queue) {}
 
 NetSnmpListener::~NetSnmpListener() = default;
@@ -64,7 +65,8 @@ std::int16_t NetSnmpListener::StartListening() {
 
 SnmpLibrary& NetSnmpListener::SetUpLibrary() {
   if (!library_) {
-    library_ = std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath);
+    library_ =
+        std::make_unique<SnmpLibrary>(options_.stateFolder, options_.configurationPath, users_);
   }
   return *library_;
 }

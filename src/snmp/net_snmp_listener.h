@@ -14,6 +14,7 @@
 #include "snmp/sender.h"
 #include "snmp/trap_queue.h"
 #include "snmp/trap_socket.h"
+#include "snmp/version3_user_keeper.h"
 
 namespace sentrel {
 
@@ -25,8 +26,8 @@ struct ListenerOptions {
   std::uint16_t port = kTrapPort;
   /// Path of sentrel-port, which opens kTrapPort for a program that may not; empty for none.
   std::string portHelper = {};
-  /// Where engine ID, boots count and keys of version 3 persist. Made if it is missing; empty to
-  /// keep nothing.
+  /// Where engine ID, boots count, users and keys of version 3 persist. Made if it is missing;
+  /// empty to keep nothing.
   std::string stateFolder = {};
   /// Folders searched for sentrel.conf, separated by colons; empty for the SNMP library's own.
   std::string configurationPath = {};
@@ -87,6 +88,8 @@ class NetSnmpListener final : public SNMP, public ReceptionMonitor {
   void SetWatching(bool watching) override { record_.SetWatching(watching); }
   std::vector<SeenDatagram> TakeWatched() override { return record_.TakeWatched(); }
   std::uint64_t MissedByWatch() const override { return record_.MissedByWatch(); }
+  /// Also while it does not listen.
+  Version3UserStore& Version3UsersKept() { return users_; }
 
  private:
   int OpenSocket() const;
@@ -98,6 +101,7 @@ class NetSnmpListener final : public SNMP, public ReceptionMonitor {
   TrapObserver& observer_;
   const std::function<void()> wake_;
   Sender sender_;
+  Version3UserKeeper users_;
   ListenFailure failure_;
   SharedCounters counters_;
   ReceptionRecord record_;

@@ -19,10 +19,14 @@ class NotificationParser {
   NotificationParser(const NotificationParser&) = delete;
   NotificationParser& operator=(const NotificationParser&) = delete;
 
+  /// Takes over the users of version 3 that have changed.
+  void TakeChanges() { guard_.TakeChanges(); }
   Outcome Parse(const Datagram& datagram);
   /// What the guard has let pass of the datagram that was parsed last; null where that is not of
   /// version 3, or did not pass.
   const Version3Message* PassedVersion3() const { return isVersion3_ ? guard_.Passed() : nullptr; }
+  /// What the guard knows of why it refused that datagram, a sentence for people; often nothing.
+  std::string Hint(Outcome outcome) const { return isVersion3_ ? guard_.Hint(outcome) : ""; }
 
   std::uint64_t AnsweredInforms() const {
     return communityInforms_.Answered() + version3Informs_.Answered();

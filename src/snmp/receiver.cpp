@@ -95,12 +95,15 @@ Outcome Receiver::Handle(NotificationParser& parser, const Datagram& datagram) {
   const Outcome outcome = parser.Parse(datagram);
   counters_.SetAnsweredInforms(parser.AnsweredInforms());
   counters_.Count(outcome);
-  if (record_.Wants(outcome)) record_.Note(datagram, outcome, "", parser.PassedVersion3());
+  if (record_.Wants(outcome))
+    record_.Note(datagram, outcome, parser.Hint(outcome), parser.PassedVersion3());
   return outcome;
 }
 
 std::size_t Receiver::HandleBatch(NotificationParser& parser) {
   const auto batch = socket_.ReadBatch();
+  // Only now: what has been sent after a change is judged by it.
+  parser.TakeChanges();
   const Datagram* accepted = nullptr;
   for (const Datagram& datagram : batch) {
     if (Handle(parser, datagram) == Outcome::kAccepted) accepted = &datagram;

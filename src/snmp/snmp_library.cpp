@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "common/atomic_file.h"
 #include "common/failure.h"
@@ -71,8 +72,9 @@ void Set(int option, bool value) {
 
 }  // namespace
 
-SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath)
-    : stateFile_(StateFileIn(stateFolder)) {
+SnmpLibrary::SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath,
+                         Version3UserKeeper& keeper)
+    : keeper_(keeper), stateFile_(StateFileIn(stateFolder)) {
   Silence();
   LoadNoMibs();
   // Set by the object before this one.
@@ -109,8 +111,10 @@ void SnmpLibrary::SetUpEngine() {
   // From here on the library keeps its hands off the file.
   Set(NETSNMP_DS_LIB_DONT_PERSIST_STATE, true);
   writer_ = std::make_unique<StateWriter>([this] { WriteState(); });
-  guard_ = std::make_unique<Version3Guard>(Version3Users(OwnEngineId(), ConfiguredLevels()),
-                                           *clocks_, [this] { writer_->Changed(); });
+  Version3Users users(OwnEngineId(), ConfiguredLevels());
+  keeper_.SetUsersFromFile(users.Descriptions());
+  guard_ = std::make_unique<Version3Guard>(std::move(users), keeper_, *clocks_,
+                                           [this] { writer_->Changed(); });
 }
 
 bool SnmpLibrary::WriteState() const {

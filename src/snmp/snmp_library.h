@@ -24,7 +24,9 @@ class SnmpLibrary {
   /// folders, separated by colons, that are searched for sentrel.conf; empty stands for the
   /// library's own: the system's SNMP folders, then .snmp in the home folder. What cannot be read
   /// is done without.
-  SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath);
+  /// The keeper gets to know the users of sentrel.conf, and must outlive this.
+  SnmpLibrary(const std::string& stateFolder, const std::string& configurationPath,
+              Version3UserKeeper& keeper);
   /// Writes the state back.
   ~SnmpLibrary();
   SnmpLibrary(const SnmpLibrary&) = delete;
@@ -37,6 +39,7 @@ class SnmpLibrary {
   void SetUpEngine();
   bool WriteState() const;
 
+  Version3UserKeeper& keeper_;
   /// Empty where nothing can be kept.
   std::string stateFile_;
   /// The part of the state that this run does not change.

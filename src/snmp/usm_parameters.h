@@ -19,6 +19,8 @@ struct UsmParameters {
   EngineMoment moment;
   /// msgAuthenticationParameters.
   std::vector<std::uint8_t> digest;
+  /// Bytes from msgSecurityParameters up to the digest.
+  std::size_t digestOffset;
   /// Bytes from msgSecurityParameters up to msgData.
   std::size_t length;
 };

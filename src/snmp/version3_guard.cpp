@@ -1,11 +1,14 @@
 #include "snmp/version3_guard.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 #include <utility>
 
 #include "snmp/ber.h"
+#include "snmp/engine_state.h"
 #include "snmp/odd_values.h"
+#include "snmp/version3_hint.h"
 
 namespace sentrel {
 namespace {
@@ -44,19 +47,42 @@ bool SaysTheSame(const snmp_secmod_incoming_params& message, const UsmParameters
          std::string_view(message.secName, *message.secNameLen) == parameters.user;
 }
 
+/// RFC 3411, section 5. A message that asks for the engine ID has an empty one.
+constexpr std::size_t kShortestEngineId = 5;
+
+/// RFC 3414, section 6.3.2: the digest is made with zeros in its own place.
+bool IsDigestRight(const usmUser& user, const UsmParameters& parameters,
+                   const snmp_secmod_incoming_params& message) {
+  std::vector<std::uint8_t> whole(message.wholeMsg, message.wholeMsg + message.wholeMsgLen);
+  const std::size_t offset = message.secParams - message.wholeMsg + parameters.digestOffset;
+  std::fill_n(whole.data() + offset, parameters.digest.size(), std::uint8_t{0});
+  return sc_check_keyed_hash(user.authProtocol, user.authProtocolLen, user.authKey, user.authKeyLen,
+                             whole.data(), whole.size(), parameters.digest.data(),
+                             parameters.digest.size()) == SNMPERR_SUCCESS;
+}
+
+/// The library refuses moments before the one that it remembers.
+void MakeLibraryForget(const std::string& engine) {
+  set_enginetime(reinterpret_cast<const u_char*>(engine.data()), static_cast<u_int>(engine.size()),
+                 0, 0, 1);
+}
+
 }  // namespace
 
 Version3Guard* Version3Guard::current_ = nullptr;
 
-Version3Guard::Version3Guard(Version3Users users, EngineClocks& clocks, std::function<void()> heard)
+Version3Guard::Version3Guard(Version3Users users, Version3UserKeeper& keeper, EngineClocks& clocks,
+                             std::function<void()> heard)
     : library_(UserSecurityModel()),
       original_(library_),
       users_(std::move(users)),
+      keeper_(keeper),
       clocks_(clocks),
       heard_(std::move(heard)) {
   current_ = this;
   library_.decode = &Decode;
   library_.handle_report = &Report;
+  keptUsers_.Replace(keeper_.Keyed(), OwnEngineId());
 }
 
 Version3Guard::~Version3Guard() {
@@ -64,9 +90,23 @@ Version3Guard::~Version3Guard() {
   current_ = nullptr;
 }
 
+void Version3Guard::TakeChanges() {
+  if (!keeper_.TakeChanged()) return;
+  lent_.reset();
+  keptUsers_.Replace(keeper_.Keyed(), OwnEngineId());
+  for (const std::string& engine : keeper_.TakeForgotten()) {
+    if (engine == OwnEngineId()) continue;
+    clocks_.Forget(engine);
+    MakeLibraryForget(engine);
+    heard_();
+  }
+}
+
 void Version3Guard::Expect(const Peer& peer) {
+  lent_.reset();
   peer_ = &peer;
   refusal_.reset();
+  refused_.reset();
   repeated_ = false;
   authentic_.reset();
   passed_ = false;
@@ -82,6 +122,23 @@ void Version3Guard::Report(session_list* list, netsnmp_transport* transport,
   current_->original_.handle_report(list, transport, session, error, pdu);
 }
 
+Authentication Version3Guard::AuthenticationOf(const UsmParameters& parameters) const {
+  const auto told = std::ranges::find_if(users_.Descriptions(), [&](const Version3User& user) {
+    return user.name == parameters.user && user.engine == parameters.engine;
+  });
+  if (told != users_.Descriptions().end()) return told->authentication;
+  if (const auto* const kept = keptUsers_.Find(parameters.engine, parameters.user)) {
+    return DescriptionOf(*kept->keys).authentication;
+  }
+  const KeyedUser* const user = keptUsers_.FindForAny(parameters.user);
+  return user == nullptr ? Authentication::kNone : user->user.authentication;
+}
+
+std::string Version3Guard::Hint(Outcome outcome) const {
+  if (outcome != Outcome::kWrongDigest || !refused_) return "";
+  return HintOfDigest(refused_->digest.size(), AuthenticationOf(*refused_));
+}
+
 bool Version3Guard::MayAnswer() {
   return answers_.Allows(*peer_, AnswerLimit::Clock::now());
 }
@@ -94,11 +151,15 @@ int Version3Guard::Refuse(Outcome outcome, int error) {
 int Version3Guard::Check(snmp_secmod_incoming_params& message) {
   auto parameters = ReadUsmParameters(Rest(message));
   if (!parameters) return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
-  if (const int error = CheckSender(*parameters, message.secLevel)) {
+  if (const int error = CheckSender(*parameters, message)) {
     TellLibrary(message, *parameters);
+    refused_ = std::move(parameters);
     return error;
   }
-  if (const int error = original_.decode(&message)) return error;
+  if (const int error = original_.decode(&message)) {
+    refused_ = std::move(parameters);
+    return error;
+  }
   if (!SaysTheSame(message, *parameters)) {
     return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
   }
@@ -114,18 +175,57 @@ int Version3Guard::Check(snmp_secmod_incoming_params& message) {
   return SNMPERR_SUCCESS;
 }
 
-int Version3Guard::CheckSender(const UsmParameters& parameters, int level) {
-  if (!users_.HasEngine(parameters.engine)) {
-    return Refuse(Outcome::kUnknownEngine, SNMPERR_USM_UNKNOWNENGINEID);
-  }
+int Version3Guard::CheckSender(const UsmParameters& parameters,
+                               const snmp_secmod_incoming_params& message) {
   const SecurityLevel* const least = users_.Find(parameters.engine, parameters.user);
-  if (least == nullptr) {
-    return Refuse(Outcome::kUnknownUser, SNMPERR_USM_UNKNOWNSECURITYNAME);
+  if (least == nullptr) return CheckKeptUser(parameters, message);
+  toldEngine_ = parameters.engine;
+  return CheckLevel(*least, message.secLevel);
+}
+
+int Version3Guard::CheckKeptUser(const UsmParameters& parameters,
+                                 const snmp_secmod_incoming_params& message) {
+  if (const auto* const known = keptUsers_.Find(parameters.engine, parameters.user)) {
+    Lend(*known);
+    return CheckLevel(known->leastLevel, message.secLevel);
   }
-  if (level < static_cast<int>(*least)) {
-    return Refuse(Outcome::kLevelTooLow, SNMPERR_USM_UNSUPPORTEDSECURITYLEVEL);
+  const bool isEngine = parameters.engine.size() >= kShortestEngineId;
+  if (const auto* const user = isEngine ? keptUsers_.FindForAny(parameters.user) : nullptr) {
+    return TryAnyEngine(*user, parameters, message);
   }
+  const bool isUserMissing = users_.HasEngine(parameters.engine) ||
+                             keptUsers_.HasEngine(parameters.engine) ||
+                             (isEngine && keptUsers_.HasUserForAny());
+  if (isUserMissing) return Refuse(Outcome::kUnknownUser, SNMPERR_USM_UNKNOWNSECURITYNAME);
+  return Refuse(Outcome::kUnknownEngine, SNMPERR_USM_UNKNOWNENGINEID);
+}
+
+int Version3Guard::CheckLevel(SecurityLevel least, int level) {
+  if (level >= static_cast<int>(least)) return SNMPERR_SUCCESS;
+  return Refuse(Outcome::kLevelTooLow, SNMPERR_USM_UNSUPPORTEDSECURITYLEVEL);
+}
+
+int Version3Guard::TryAnyEngine(const KeyedUser& user, const UsmParameters& parameters,
+                                const snmp_secmod_incoming_params& message) {
+  if (const int error = CheckLevel(user.user.leastLevel, message.secLevel)) return error;
+  const auto refuse = [this] {
+    return Refuse(Outcome::kWrongDigest, SNMPERR_USM_AUTHENTICATIONFAILURE);
+  };
+  if (parameters.digest.size() != DigestLength(user.user.authentication)) return refuse();
+  const auto now = AnswerLimit::Clock::now();
+  if (!failedTries_.HasRoom(*peer_, now)) return refuse();
+  OwnedUsmUser keys = Localize(user, parameters.engine);
+  if (!keys || !IsDigestRight(*keys, parameters, message)) {
+    failedTries_.Allows(*peer_, now);
+    return refuse();
+  }
+  Lend(keptUsers_.Learn(user, parameters.engine, std::move(keys)));
   return SNMPERR_SUCCESS;
+}
+
+void Version3Guard::Lend(const LocalizedUsers::Entry& entry) {
+  lent_.emplace(*entry.keys);
+  toldEngine_ = entry.toldEngine;
 }
 
 bool Version3Guard::KeepMessage(const snmp_secmod_incoming_params& message,
@@ -160,6 +260,7 @@ void Version3Guard::Take() {
   if (!authentic_ || repeated_) return;
   clocks_.Take(authentic_->engine, authentic_->moment, authentic_->digest,
                EngineClocks::Clock::now());
+  keeper_.NoteHeard(authentic_->user, toldEngine_);
   heard_();
 }
 

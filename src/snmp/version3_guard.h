@@ -10,8 +10,10 @@
 #include "snmp/datagram.h"
 #include "snmp/engine_clocks.h"
 #include "snmp/listener_counters.h"
+#include "snmp/localized_users.h"
 #include "snmp/net_snmp.h"
 #include "snmp/usm_parameters.h"
+#include "snmp/version3_user_keeper.h"
 #include "snmp/version3_users.h"
 
 namespace sentrel {
@@ -33,21 +35,37 @@ struct Version3Message {
 /// - it is fresh, as EngineClocks sees it, and is not taken twice;
 /// and it limits the answers that a stranger can ask for (AnswerLimit).
 ///
+/// It lends the library the users of the keeper, one for each message. A user of any engine gets
+/// the keys of the engine that the message names, and only a right digest makes the guard keep
+/// them: what anybody else sends leaves no trace but in the bounded count of failed tries.
+///
 /// The library has one security model for the process, so one guard at a time. Belongs to the
 /// thread that parses.
 class Version3Guard {
  public:
-  /// `heard` is called whenever an engine has told a new moment. The clocks must outlive this.
-  Version3Guard(Version3Users users, EngineClocks& clocks, std::function<void()> heard);
+  /// Failed tries of users of any engine in each second; some microseconds each.
+  static constexpr double kTriesOfOneSource = 1'000;
+  static constexpr double kTriesInAll = 10'000;
+
+  /// `heard` is called whenever what the engines have told has changed. The clocks and the keeper
+  /// must outlive this.
+  Version3Guard(Version3Users users, Version3UserKeeper& keeper, EngineClocks& clocks,
+                std::function<void()> heard);
   /// Gives the library back what is its own.
   ~Version3Guard();
   Version3Guard(const Version3Guard&) = delete;
   Version3Guard& operator=(const Version3Guard&) = delete;
 
+  /// Takes over what has changed in the keeper. Not while the library reads a message.
+  void TakeChanges();
   /// The library is about to read a message of the peer.
   void Expect(const Peer& peer);
   /// Why the guard refused the message that the library has read; nothing where it did not.
   std::optional<Outcome> Refusal() const { return refusal_; }
+  /// What the guard knows beyond the outcome of the message that the library has read, in a
+  /// sentence that names no key; often empty. Made when it is asked for, so that a flood costs
+  /// nothing.
+  std::string Hint(Outcome outcome) const;
   /// Whether the very message was taken before: an inform whose answer was lost, or a recording.
   bool IsRepeated() const { return repeated_; }
   /// What has passed; null where the message did not, or was none of version 3. The library itself
@@ -67,7 +85,15 @@ class Version3Guard {
                      int error, netsnmp_pdu* pdu);
 
   int Check(snmp_secmod_incoming_params& message);
-  int CheckSender(const UsmParameters& parameters, int level);
+  int CheckSender(const UsmParameters& parameters, const snmp_secmod_incoming_params& message);
+  int CheckLevel(SecurityLevel least, int level);
+  /// Of the keeper's users.
+  int CheckKeptUser(const UsmParameters& parameters, const snmp_secmod_incoming_params& message);
+  int TryAnyEngine(const KeyedUser& user, const UsmParameters& parameters,
+                   const snmp_secmod_incoming_params& message);
+  /// Of the user whom the message names.
+  Authentication AuthenticationOf(const UsmParameters& parameters) const;
+  void Lend(const LocalizedUsers::Entry& entry);
   int CheckFreshness();
   bool KeepMessage(const snmp_secmod_incoming_params& message, const std::string& user);
   int Refuse(Outcome outcome, int error);
@@ -76,14 +102,23 @@ class Version3Guard {
   snmp_secmod_def& library_;
   const snmp_secmod_def original_;
   const Version3Users users_;
+  Version3UserKeeper& keeper_;
+  LocalizedUsers keptUsers_;
   EngineClocks& clocks_;
   const std::function<void()> heard_;
   AnswerLimit answers_;
+  AnswerLimit failedTries_{kTriesOfOneSource, kTriesInAll};
 
   // Of the message in hand.
   const Peer* peer_ = nullptr;
   std::optional<Outcome> refusal_;
   bool repeated_ = false;
+  /// Where it was refused for what is in there.
+  std::optional<UsmParameters> refused_;
+  /// Until the next message, as the answer to an inform needs the keys too.
+  std::optional<LentUser> lent_;
+  /// Of the user that is lent, as people have told it.
+  std::string toldEngine_;
   /// Where its digest has been found right.
   std::optional<UsmParameters> authentic_;
   Version3Message message_;

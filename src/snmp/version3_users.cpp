@@ -2,9 +2,9 @@
 
 #include <optional>
 #include <sstream>
-#include <vector>
 
 #include "snmp/net_snmp.h"
+#include "snmp/version3_keys.h"
 
 namespace sentrel {
 namespace {
@@ -48,8 +48,12 @@ Version3Users::Version3Users(std::string_view ownEngine, const LeastLevels& leve
     if (user->name == nullptr) continue;
     const std::string engine(reinterpret_cast<const char*>(user->engineID), user->engineIDLen);
     const auto told = levels.find(std::string_view(user->name));
+    const SecurityLevel least = told == levels.end() ? LevelOfKeys(*user) : told->second;
     engines_.insert(engine);
-    users_[Key(engine, user->name)] = told == levels.end() ? LevelOfKeys(*user) : told->second;
+    users_[Key(engine, user->name)] = least;
+    Version3User& description = descriptions_.emplace_back(DescriptionOf(*user));
+    description.leastLevel = least;
+    description.isFromFile = true;
   }
 }
 

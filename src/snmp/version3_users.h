@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "platform/version3_user_store.h"
 
@@ -31,10 +32,13 @@ class Version3Users {
   bool HasEngine(const std::string& engine) const { return engines_.contains(engine); }
   /// The least level of the user's messages, null for a stranger. Any byte counts in both texts.
   const SecurityLevel* Find(std::string_view engine, std::string_view user) const;
+  /// For people.
+  const std::vector<Version3User>& Descriptions() const { return descriptions_; }
 
  private:
   std::unordered_set<std::string> engines_;
   std::unordered_map<std::string, SecurityLevel> users_;
+  std::vector<Version3User> descriptions_;
 };
 
 }  // namespace sentrel

@@ -31,7 +31,8 @@ class CommunityMessageTest : public testing::Test {
     return parser_.Parse(FromLoopback(message));
   }
 
-  SnmpLibrary library_{"", "/nonexistent"};
+  Version3UserKeeper keeper_{""};
+  SnmpLibrary library_{"", "/nonexistent", keeper_};
   Trap read_;
   std::string answer_;
   /// Its trap is used again and again, as by the receiver.

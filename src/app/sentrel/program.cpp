@@ -136,11 +136,14 @@ void Program::ShowReception() {
 }
 
 void Program::ShowCure(const WatchedDatagram& datagram) {
-  SettingsDialog dialog(settings_, messageBox_, fileDialog_, logFile_, &window_);
+  SettingsDialog dialog(settings_, messageBox_, fileDialog_, logFile_,
+                        listener_.Version3UsersKept(), &window_);
   if (datagram.cure == Cure::kDeviceFilter) {
     dialog.Form().ProposeDeviceFilter(datagram.seen.sender);
   } else if (datagram.cure == Cure::kCommunityFilter) {
     dialog.Form().ProposeCommunity(datagram.seen.community);
+  } else if (datagram.cure == Cure::kUsers) {
+    dialog.Form().ShowVersion3Users();
   }
   dialog.exec();
 }
@@ -148,7 +151,9 @@ void Program::ShowCure(const WatchedDatagram& datagram) {
 Commands Program::OtherCommands() {
   Commands commands;
   commands.ShowSettingsForm = [this] {
-    SettingsDialog(settings_, messageBox_, fileDialog_, logFile_, version3Users_, &window_).exec();
+    SettingsDialog(settings_, messageBox_, fileDialog_, logFile_, listener_.Version3UsersKept(),
+                   &window_)
+        .exec();
   };
   commands.ExportTraps = [this](const std::string& method) { trapExport_.ExportTraps(method); };
   commands.PrintTraps = [this] { trapExport_.PrintTraps(); };
