@@ -27,7 +27,9 @@ std::optional<int> ReadLength(std::string_view text) {
 }
 
 std::string TextOf(const Ipv6Address& address) {
-  return Ipv6Text(address.octets) + (address.zone.empty() ? "" : "%" + address.zone);
+  std::string text = Ipv6Text(address.octets);
+  if (!address.zone.empty()) text.append("%").append(address.zone);
+  return text;
 }
 
 /// The bits of the octet that lie behind a prefix of the length.
