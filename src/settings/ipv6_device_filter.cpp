@@ -61,7 +61,7 @@ std::optional<Ipv6DeviceFilter> Ipv6DeviceFilter::Range(std::string_view first,
   Ipv6DeviceFilter filter;
   filter.first_ = *from;
   filter.last_ = *to;
-  filter.text_ = TextOf(*from) + "-" + TextOf(*to);
+  filter.text_ = TextOf(*from).append("-").append(TextOf(*to));
   return filter;
 }
 
@@ -78,7 +78,7 @@ std::optional<Ipv6DeviceFilter> Ipv6DeviceFilter::Prefix(std::string_view addres
     filter.last_.octets[i] |= HostBits(i, *bits);
   }
   filter.text_ = TextOf(filter.first_);
-  if (*bits < kBits) filter.text_ += "/" + std::to_string(*bits);
+  if (*bits < kBits) filter.text_.append("/").append(std::to_string(*bits));
   return filter;
 }
 
