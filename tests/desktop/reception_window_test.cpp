@@ -81,6 +81,7 @@ TEST_F(ReceptionWindowTest, RefusedOnesComeOnTopAndTheSelectionStaysOnItsRow) {
   EXPECT_TRUE(Await([&] { return List("RefusedTraps").rowCount() == 3; }));
   EXPECT_THAT(Column("RefusedTraps", 1), ElementsAre("10.0.0.3", "10.0.0.2", "10.0.0.1"));
   EXPECT_EQ(List("RefusedTraps").SelectedRow(), 2);
+  EXPECT_TRUE(window.findChild<QLabel*>("Refusal")->text().startsWith("Not SNMP\n"));
   monitor.refused.pop_back();
   EXPECT_TRUE(Await([&] { return List("RefusedTraps").rowCount() == 2; }));
   Click("CopyAll");

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "common/visible_text.h"
 #include "reception/reception_report.h"
 
 namespace sentrel {
@@ -24,6 +25,14 @@ QLabel* PlainLabel(const char* name) {
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
+  return label;
+}
+
+/// With room for a few sentences about the chosen line.
+QLabel* AdviceLabel(const char* name) {
+  QLabel* label = PlainLabel(name);
+  label->setMinimumHeight(3 * label->fontMetrics().lineSpacing());
+  label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   return label;
 }
 
@@ -102,9 +111,7 @@ QWidget* ReceptionWindow::MakeReasonsPage() {
   SetWidths(*reasonsList_, {"Wrong passphrase or algorithm", "1000000000", "100000",
                             "2026-11-23 22:22:22.222", ""});
   for (const int col : {1, 2}) reasonsList_->AlignRight(col);
-  remedy_ = PlainLabel("Remedy");
-  remedy_->setMinimumHeight(3 * fontMetrics().lineSpacing());
-  remedy_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  remedy_ = AdviceLabel("Remedy");
   connect(reasonsList_, &QTableWidget::itemSelectionChanged, this, &ReceptionWindow::ShowRemedy);
   return PageOf({reasonsList_, remedy_});
 }
@@ -118,7 +125,9 @@ QWidget* ReceptionWindow::MakeRefusedPage() {
   label->setText(
       "The last 500 datagrams that the listener refused, the newest first, kept in memory only. "
       "What pause and the filters refuse is not among them: Watch shows that.");
-  return PageOf({label, refusedList_});
+  refusal_ = AdviceLabel("Refusal");
+  connect(refusedList_, &QTableWidget::itemSelectionChanged, this, &ReceptionWindow::ShowRefusal);
+  return PageOf({label, refusedList_, refusal_});
 }
 
 QWidget* ReceptionWindow::MakeWatchPage() {
@@ -198,6 +207,18 @@ void ReceptionWindow::RefreshRefused() {
   }
   refusedList_->setRowCount(static_cast<int>(refused.size()));
   shownRefused_ = std::move(refused);
+  ShowRefusal();
+}
+
+void ReceptionWindow::ShowRefusal() {
+  const auto row = static_cast<std::size_t>(refusedList_->SelectedRow());
+  if (row >= shownRefused_.size()) {
+    return refusal_->setText(
+        "Choose a line to see the whole reason and what can be done about it.");
+  }
+  const SeenDatagram& seen = shownRefused_[row];
+  refusal_->setText(
+      Text(VisibleText(RefusalText(seen)) + "\n" + std::string(RemedyText(seen.outcome))));
 }
 
 void ReceptionWindow::RefreshWatch() {

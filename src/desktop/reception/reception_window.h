@@ -37,6 +37,7 @@ class ReceptionWindow : public QDialog {
   void RefreshRefused();
   void RefreshWatch();
   void ShowRemedy();
+  void ShowRefusal();
   void ShowCure();
   void StartOrStop();
   void CopyAll() const;
@@ -53,6 +54,7 @@ class ReceptionWindow : public QDialog {
   ListView* refusedList_;
   ListView* watchList_;
   QLabel* remedy_;
+  QLabel* refusal_;
   QLabel* watchState_;
   QPushButton* startOrStop_;
   QPushButton* cure_;
