@@ -108,7 +108,7 @@ ReceptionWindow::ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, QWidge
 QWidget* ReceptionWindow::MakeReasonsPage() {
   reasonsList_ = new ListView("Reasons", "Reasons",
                               {"What became of a datagram", "Count", "A second", "Last", "From"});
-  SetWidths(*reasonsList_, {"Wrong passphrase or algorithm", "1000000000", "100000",
+  SetWidths(*reasonsList_, {"Wrong passphrase or algorithm", "1000000000", "A second ..",
                             "2026-11-23 22:22:22.222", ""});
   for (const int col : {1, 2}) reasonsList_->AlignRight(col);
   remedy_ = AdviceLabel("Remedy");
