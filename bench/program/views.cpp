@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "benchmarks.h"
-#include "console/row_builder.h"
+#include "console/trap_rows.h"
 #include "desktop/table/table_view.h"
 #include "median.h"
 #include "process_time.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "common/failure.h"
-#include "console/selection_html.h"
+#include "console/copied_html.h"
 
 namespace sentrel {
 
@@ -12,7 +12,7 @@ TableCommands::TableCommands(Table& table, Clipboard& clipboard, ToolBars& toolB
 
 void TableCommands::CopyTraps() {
   clipboard_.Clear();
-  clipboard_.SetText(FixLineEnds(table_.Clip()), SelectionHtml(table_));
+  clipboard_.SetText(FixLineEnds(table_.Clip()), CopiedHtml(table_));
 }
 
 void TableCommands::CutTraps() {

@@ -4,7 +4,7 @@
 
 namespace sentrel {
 
-TrapGate::TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder, Timer& resetTimer)
+TrapGate::TrapGate(const Settings& settings, TrapRows& rows, Decoder& decoder, Timer& resetTimer)
     : settings_(settings), rows_(rows), resetTimer_(resetTimer) {
   resetTimer_.Setup(std::chrono::seconds(30), [&decoder] { decoder.CheckCacheSize(); });
 }

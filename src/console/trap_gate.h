@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console/row_builder.h"
+#include "console/trap_rows.h"
 #include "decoding/decoder.h"
 #include "platform/snmp.h"
 #include "platform/timer.h"
@@ -15,7 +15,7 @@ class TrapGate : public TrapObserver {
  public:
   /// The timer restarts with every accepted trap; 30 seconds without one, and every 30 seconds
   /// after that, the decoder's cache is checked. All of these must outlive the gate.
-  TrapGate(const Settings& settings, RowBuilder& rows, Decoder& decoder, Timer& resetTimer);
+  TrapGate(const Settings& settings, TrapRows& rows, Decoder& decoder, Timer& resetTimer);
 
   /// A failure while the row is built is contained here: one bad trap never ends the program.
   void OnTrap(const ArrivedTrap& trap) override;
@@ -24,7 +24,7 @@ class TrapGate : public TrapObserver {
   bool Accepts(const ArrivedTrap& trap) const;
 
   const Settings& settings_;
-  RowBuilder& rows_;
+  TrapRows& rows_;
   Timer& resetTimer_;
 };
 

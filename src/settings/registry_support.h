@@ -11,7 +11,8 @@ namespace sentrel {
 inline constexpr const char* kApplicationDescription = "Sentrel";
 
 /// Text values in the store, under keys named by an application and a section. A read that fails
-/// gives the default, a write that fails is lost. A copy works on the same registry.
+/// gives the default, a write that fails is lost. A copy works on the same registry, on the event
+/// loop.
 class RegistrySupport {
  public:
   explicit RegistrySupport(Registry& registry) : registry_(&registry) {}

@@ -86,7 +86,7 @@ void ReadHeard(const char*, char* line) {
   EngineMoment newest{};
   std::istringstream numbers(rest);
   const bool isRead = static_cast<bool>(numbers >> newest.boots >> newest.time);
-  if (isRead && newest.boots <= EngineClocks::kMostBoots) Kept().heard[engine] = newest;
+  if (isRead && newest.boots <= ReplayCheck::kMostBoots) Kept().heard[engine] = newest;
 }
 
 void ReadForgotten(const char*, char* line) {
@@ -161,7 +161,7 @@ void ContinueBoots() {
   if (Kept().engineId != OwnEngineId()) return;
   if (Kept().boots < 1) return TakeNewEngineId();
   // The library adds one, without a look at the end of the numbers.
-  constexpr long kHighest = EngineClocks::kMostBoots - 1;
+  constexpr long kHighest = ReplayCheck::kMostBoots - 1;
   std::string kept = std::to_string(std::min(Kept().boots, kHighest));
   engineBoots_conf("engineBoots", kept.data());
   TellOwnTime();

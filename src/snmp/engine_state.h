@@ -3,12 +3,12 @@
 #include <map>
 #include <string>
 
-#include "snmp/engine_clocks.h"
+#include "snmp/replay_check.h"
 
 namespace sentrel {
 
 /// Engines by their IDs, and the newest moment that each has told.
-using HeardEngines = std::map<EngineClocks::EngineId, EngineMoment>;
+using HeardEngines = std::map<ReplayCheck::EngineId, EngineMoment>;
 
 /// Makes the SNMP library read what an earlier run has kept: engine ID, boots count and heardEngine
 /// lines. For the moment when the library has registered its own words and has yet to read a file.

@@ -99,27 +99,27 @@ void SnmpLibrary::SetUpEngine() {
     engineLines_ = EngineLines();
   };
   createUsers();
-  clocks_ = std::make_unique<EngineClocks>(OwnEngineId(), HeardBefore());
+  replays_ = std::make_unique<ReplayCheck>(OwnEngineId(), HeardBefore());
   if (WriteState()) {
     snmp_clean_persistent(kName);
   } else {
     stateFile_.clear();
     TakeNewEngineId();
     createUsers();
-    clocks_ = std::make_unique<EngineClocks>(OwnEngineId(), HeardBefore());
+    replays_ = std::make_unique<ReplayCheck>(OwnEngineId(), HeardBefore());
   }
   // From here on the library keeps its hands off the file.
   Set(NETSNMP_DS_LIB_DONT_PERSIST_STATE, true);
   writer_ = std::make_unique<StateWriter>([this] { WriteState(); });
   Version3Users users(OwnEngineId(), ConfiguredLevels());
   keeper_.SetUsersFromFile(users.Descriptions());
-  guard_ = std::make_unique<Version3Guard>(std::move(users), keeper_, *clocks_,
+  guard_ = std::make_unique<Version3Guard>(std::move(users), keeper_, *replays_,
                                            [this] { writer_->Changed(); });
 }
 
 bool SnmpLibrary::WriteState() const {
   return !stateFile_.empty() && Attempt([this] {
-    WriteFile(stateFile_, kStateHeader + engineLines_ + HeardLines(clocks_->Newest()), kStateMode);
+    WriteFile(stateFile_, kStateHeader + engineLines_ + HeardLines(replays_->Newest()), kStateMode);
   });
 }
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "snmp/engine_clocks.h"
+#include "snmp/replay_check.h"
 #include "snmp/state_writer.h"
 #include "snmp/version3_guard.h"
 
@@ -44,7 +44,7 @@ class SnmpLibrary {
   std::string stateFile_;
   /// The part of the state that this run does not change.
   std::string engineLines_;
-  std::unique_ptr<EngineClocks> clocks_;
+  std::unique_ptr<ReplayCheck> replays_;
   std::unique_ptr<StateWriter> writer_;
   std::unique_ptr<Version3Guard> guard_;
 };

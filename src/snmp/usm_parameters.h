@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "snmp/engine_clocks.h"
+#include "snmp/replay_check.h"
 
 namespace sentrel {
 

@@ -71,13 +71,13 @@ void MakeLibraryForget(const std::string& engine) {
 
 Version3Guard* Version3Guard::current_ = nullptr;
 
-Version3Guard::Version3Guard(Version3Users users, Version3UserKeeper& keeper, EngineClocks& clocks,
+Version3Guard::Version3Guard(Version3Users users, Version3UserKeeper& keeper, ReplayCheck& replays,
                              std::function<void()> heard)
     : library_(UserSecurityModel()),
       original_(library_),
       users_(std::move(users)),
       keeper_(keeper),
-      clocks_(clocks),
+      replays_(replays),
       heard_(std::move(heard)) {
   current_ = this;
   library_.decode = &Decode;
@@ -96,7 +96,7 @@ void Version3Guard::TakeChanges() {
   keptUsers_.Replace(keeper_.Keyed(), OwnEngineId());
   for (const std::string& engine : keeper_.TakeForgotten()) {
     if (engine == OwnEngineId()) continue;
-    clocks_.Forget(engine);
+    replays_.Forget(engine);
     MakeLibraryForget(engine);
     heard_();
   }
@@ -243,8 +243,8 @@ bool Version3Guard::KeepMessage(const snmp_secmod_incoming_params& message,
 }
 
 int Version3Guard::CheckFreshness() {
-  switch (clocks_.Judge(authentic_->engine, authentic_->moment, authentic_->digest,
-                        EngineClocks::Clock::now())) {
+  switch (replays_.Judge(authentic_->engine, authentic_->moment, authentic_->digest,
+                         ReplayCheck::Clock::now())) {
     case Freshness::kStale:
       return Refuse(Outcome::kNotInTimeWindow, SNMPERR_USM_NOTINTIMEWINDOW);
     case Freshness::kRepeated:
@@ -258,8 +258,8 @@ int Version3Guard::CheckFreshness() {
 
 void Version3Guard::Take() {
   if (!authentic_ || repeated_) return;
-  clocks_.Take(authentic_->engine, authentic_->moment, authentic_->digest,
-               EngineClocks::Clock::now());
+  replays_.Take(authentic_->engine, authentic_->moment, authentic_->digest,
+                ReplayCheck::Clock::now());
   keeper_.NoteHeard(authentic_->user, toldEngine_);
   heard_();
 }

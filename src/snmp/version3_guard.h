@@ -8,10 +8,10 @@
 
 #include "snmp/answer_limit.h"
 #include "snmp/datagram.h"
-#include "snmp/engine_clocks.h"
 #include "snmp/listener_counters.h"
 #include "snmp/localized_users.h"
 #include "snmp/net_snmp.h"
+#include "snmp/replay_check.h"
 #include "snmp/usm_parameters.h"
 #include "snmp/version3_user_keeper.h"
 #include "snmp/version3_users.h"
@@ -32,7 +32,7 @@ struct Version3Message {
 ///   so that anyone could fill its tables with new ones;
 /// - it is protected as well as the user's keys allow, or as an authUser line says. The library
 ///   takes an unprotected message from anyone who knows a user's name;
-/// - it is fresh, as EngineClocks sees it, and is not taken twice;
+/// - it is fresh, as ReplayCheck sees it, and is not taken twice;
 /// and it limits the answers that a stranger can ask for (AnswerLimit).
 ///
 /// It lends the library the users of the keeper, one for each message. A user of any engine gets
@@ -47,9 +47,9 @@ class Version3Guard {
   static constexpr double kTriesOfOneSource = 1'000;
   static constexpr double kTriesInAll = 10'000;
 
-  /// `heard` is called whenever what the engines have told has changed. The clocks and the keeper
-  /// must outlive this.
-  Version3Guard(Version3Users users, Version3UserKeeper& keeper, EngineClocks& clocks,
+  /// `heard` is called whenever what the engines have told has changed. The replay check and the
+  /// keeper must outlive this.
+  Version3Guard(Version3Users users, Version3UserKeeper& keeper, ReplayCheck& replays,
                 std::function<void()> heard);
   /// Gives the library back what is its own.
   ~Version3Guard();
@@ -104,7 +104,7 @@ class Version3Guard {
   const Version3Users users_;
   Version3UserKeeper& keeper_;
   LocalizedUsers keptUsers_;
-  EngineClocks& clocks_;
+  ReplayCheck& replays_;
   const std::function<void()> heard_;
   AnswerLimit answers_;
   AnswerLimit failedTries_{kTriesOfOneSource, kTriesInAll};

@@ -4,7 +4,7 @@
 #include <set>
 
 #include "common/failure.h"
-#include "snmp/engine_clocks.h"
+#include "snmp/replay_check.h"
 #include "snmp/version3_user_file.h"
 
 namespace sentrel {

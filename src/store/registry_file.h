@@ -18,7 +18,8 @@ enum class Audience { Everybody, OwnerOnly };
 /// Keys and values in one SQLite file. Key paths begin with the name of their root. A file that is
 /// missing or in other hands holds nothing; of one that is busy, damaged or out of reach nobody
 /// knows what it holds. None of them takes anything; nothing here throws. A damaged file is set
-/// aside when it is opened for whoever may write it, and then holds nothing.
+/// aside when it is opened for whoever may write it, and then holds nothing. For one thread at a
+/// time; other processes may use the file at the same time.
 class RegistryFile {
  public:
   /// Clock and patience must outlive the file.

@@ -16,7 +16,7 @@ namespace sentrel {
 /// what is written to HKEY_LOCAL_MACHINE, and there lies over what the machine's file says: value
 /// by value, and list by list.
 ///
-/// A file is open only while a key or a batch is.
+/// A file is open only while a key or a batch is. Used on the event loop only.
 class SqliteRegistry : public Registry {
  public:
   /// The clock dates damaged files and must outlive the registry.

@@ -43,7 +43,7 @@ struct ConsoleTest : testing::Test {
   OidLookup lookup{decoder};
   TrapLog log{settings, clock, locale, logFile};
   Table table;
-  RowBuilder builder{settings, table, window, clock, locale, lookup, log};
+  TrapRows builder{settings, table, window, clock, locale, lookup, log};
   TrapGate gate{settings, builder, decoder, timer};
 };
 

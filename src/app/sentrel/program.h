@@ -6,13 +6,13 @@
 #include "console/main_form.h"
 #include "console/oid_lookup.h"
 #include "console/pause_and_raw.h"
-#include "console/row_builder.h"
 #include "console/saved_trap.h"
 #include "console/table_commands.h"
 #include "console/tool_dispatch.h"
 #include "console/toolbar_layout.h"
 #include "console/trap_gate.h"
 #include "console/trap_log.h"
+#include "console/trap_rows.h"
 #include "controls/status_bar.h"
 #include "controls/table.h"
 #include "controls/tool_bars.h"
@@ -116,7 +116,7 @@ class Program {
   DocumentExporterFactory exportEngines_;
   TrapExport trapExport_;
   DesktopTimer resetTimer_;
-  RowBuilder rows_;
+  TrapRows rows_;
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;

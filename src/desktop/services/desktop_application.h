@@ -7,6 +7,8 @@
 
 namespace sentrel {
 
+/// What the toolkit knows of the program: where its file is, and what it is called. Used on the
+/// event loop only.
 class DesktopApplication : public Application {
  public:
   /// The layout folder is the program folder, or, where that cannot be written, the user's.

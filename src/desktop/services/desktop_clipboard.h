@@ -6,6 +6,7 @@
 
 namespace sentrel {
 
+/// The clipboard of the desktop, which all programs share. Used on the event loop only.
 class DesktopClipboard : public Clipboard {
  public:
   void Clear() override;

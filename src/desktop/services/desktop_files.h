@@ -6,6 +6,7 @@
 
 namespace sentrel {
 
+/// The files of the system. Keeps nothing, so any thread may ask.
 class DesktopFiles : public FileSystem {
  public:
   bool Exists(const std::string& path) const override;

@@ -10,7 +10,7 @@
 namespace sentrel {
 
 /// Beginning a new interval is cheap: the toolkit's timer is left to run, and started again only
-/// when it expires too early.
+/// when it expires too early. Used on the event loop only.
 class DesktopTimer : public Timer {
  public:
   void Setup(std::chrono::milliseconds interval, std::function<void()> onExpiry) override;

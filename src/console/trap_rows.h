@@ -16,11 +16,11 @@ inline constexpr int kMostTraps = 999;
 
 /// Turns an accepted trap into the newest row of the table, which never holds more than kMostTraps.
 /// Used on the event loop only.
-class RowBuilder {
+class TrapRows {
  public:
   /// All of these must outlive the builder, and the builder must outlive the use of the table.
-  RowBuilder(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
-             const Locale& locale, OidLookup& lookup, TrapLog& log);
+  TrapRows(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
+           const Locale& locale, OidLookup& lookup, TrapLog& log);
 
   /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond
   /// kMostTraps and keeps the selection on the same traps. Painting is off meanwhile and on again

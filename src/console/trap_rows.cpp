@@ -1,4 +1,4 @@
-#include "console/row_builder.h"
+#include "console/trap_rows.h"
 
 #include <algorithm>
 #include <utility>
@@ -31,8 +31,8 @@ class PaintingPause {
 
 }  // namespace
 
-RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow& window,
-                       const Clock& clock, const Locale& locale, OidLookup& lookup, TrapLog& log)
+TrapRows::TrapRows(const Settings& settings, Table& table, const MainWindow& window,
+                   const Clock& clock, const Locale& locale, OidLookup& lookup, TrapLog& log)
     : settings_(settings),
       table_(table),
       window_(window),
@@ -42,7 +42,7 @@ RowBuilder::RowBuilder(const Settings& settings, Table& table, const MainWindow&
       log_(log),
       selection_(table) {}
 
-void RowBuilder::AddTrap(const ArrivedTrap& trap) {
+void TrapRows::AddTrap(const ArrivedTrap& trap) {
   const PaintingPause pause(table_);
   const bool raw = settings_.Raw();
   selection_.KeepTableSelection(kOneRowDown, Restore::No);
@@ -53,13 +53,12 @@ void RowBuilder::AddTrap(const ArrivedTrap& trap) {
   selection_.KeepTableSelection(kSameRow, Restore::Yes);
 }
 
-void RowBuilder::Log(const ArrivedTrap& trap, bool raw) {
+void TrapRows::Log(const ArrivedTrap& trap, bool raw) {
   trap.Read(logged_);
   log_.WriteToLog(VisibleText(DetailText(logged_, raw, lookup_)).append(kCrLf));
 }
 
-RowContent RowBuilder::Content(const ArrivedTrap& arrived, const LocalTime& arrival,
-                               bool raw) const {
+RowContent TrapRows::Content(const ArrivedTrap& arrived, const LocalTime& arrival, bool raw) const {
   Trap trap;
   arrived.Read(trap);
   TrapTexts texts = DescribeTrap(trap, raw, lookup_);
@@ -73,7 +72,7 @@ RowContent RowBuilder::Content(const ArrivedTrap& arrived, const LocalTime& arri
           .height = height};
 }
 
-int RowBuilder::HeightFor(const std::string& summaryText) const {
+int TrapRows::HeightFor(const std::string& summaryText) const {
   const auto lines = 1 + std::count(summaryText.begin(), summaryText.end(), '\r');
   return RoundHalfEven(static_cast<double>(lines) * window_.TextHeight("X") * 1.25);
 }

@@ -42,7 +42,7 @@ enum class Freshness {
 /// digests, and none older than `floor` passes. So memory is bounded and still nothing repeats.
 ///
 /// Safe among threads: the receiver asks and takes, another thread writes the moments to a file.
-class EngineClocks {
+class ReplayCheck {
  public:
   using Clock = std::chrono::steady_clock;
   /// The bytes of an engine ID.
@@ -56,7 +56,7 @@ class EngineClocks {
 
   /// `ownEngine` is this program's, whose time window the SNMP library checks. Of the engines that
   /// an earlier run heard only later moments are fresh.
-  EngineClocks(EngineId ownEngine, const std::map<EngineId, EngineMoment>& heardBefore);
+  ReplayCheck(EngineId ownEngine, const std::map<EngineId, EngineMoment>& heardBefore);
 
   /// `digest` is msgAuthenticationParameters, as it came.
   Freshness Judge(const EngineId& engine, EngineMoment moment, std::span<const std::uint8_t> digest,

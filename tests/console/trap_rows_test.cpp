@@ -1,4 +1,4 @@
-#include "console/row_builder.h"
+#include "console/trap_rows.h"
 
 #include "common/text.h"
 #include "console/row_record.h"
@@ -18,7 +18,7 @@ Trap LinkDown() {
           {"12345", "1.3.6.1.6.3.1.1.5.3", "1.3.6.1.4.1.9"}};
 }
 
-struct RowBuilderTest : ConsoleTest {
+struct TrapRowsTest : ConsoleTest {
   void AddTraps(int count) {
     for (int i = 0; i < count; ++i) builder.AddTrap(TrapOf({{"1.2", std::to_string(++added)}}));
   }
@@ -29,7 +29,7 @@ struct RowBuilderTest : ConsoleTest {
   int added = 0;
 };
 
-TEST_F(RowBuilderTest, FillsTheCellsAndTheRecord) {
+TEST_F(TrapRowsTest, FillsTheCellsAndTheRecord) {
   settings.SetRaw(true);
   builder.AddTrap(LinkDown());
   clock.now.hour = 3;  // a row tells when its trap came, whenever it is looked at
@@ -42,7 +42,7 @@ TEST_F(RowBuilderTest, FillsTheCellsAndTheRecord) {
             "1.3.6.1.6.3.1.1.4.1.0=6=1.3.6.1.6.3.1.1.5.3::1.3.6.1.6.3.1.1.4.3.0=6=1.3.6.1.4.1.9");
 }
 
-TEST_F(RowBuilderTest, DecodesWhatPeopleReadAndNothingElse) {
+TEST_F(TrapRowsTest, DecodesWhatPeopleReadAndNothingElse) {
   mibs.entries["1.3.6.1.2.1.1.3.0"] = {"sysUpTime.0", {}};
   mibs.entries["1.3.6.1.6.3.1.1.4.1.0"] = {"snmpTrapOID.0", {}};
   mibs.entries["1.3.6.1.6.3.1.1.5.3"] = {"linkDown", {}};
@@ -62,7 +62,7 @@ TEST_F(RowBuilderTest, DecodesWhatPeopleReadAndNothingElse) {
   EXPECT_EQ(Details(1), " = \r\n = ");
 }
 
-TEST_F(RowBuilderTest, RowAndLogShowEveryCharacterAndTheRecordKeepsThem) {
+TEST_F(TrapRowsTest, RowAndLogShowEveryCharacterAndTheRecordKeepsThem) {
   LogTo("a.log");
   settings.SetLoggingEnabled(true);
   Trap trap = TrapOf({{"1.2", "a\u202Eb\r\n\tc"}, {kEnterprise, "e\u2066"}});
@@ -75,7 +75,7 @@ TEST_F(RowBuilderTest, RowAndLogShowEveryCharacterAndTheRecordKeepsThem) {
   EXPECT_EQ(ReadRowRecord(table.RowData(1)).Values, trap.Values);
 }
 
-TEST_F(RowBuilderTest, OctetsThatAreMostLikelyTextAreShownAsText) {
+TEST_F(TrapRowsTest, OctetsThatAreMostLikelyTextAreShownAsText) {
   Trap text = TrapOf({{"1.2", "0x476572E474"},
                       {"1.2", "0x312E332E3900"},
                       {"1.2", "0xE4"},
@@ -91,7 +91,7 @@ TEST_F(RowBuilderTest, OctetsThatAreMostLikelyTextAreShownAsText) {
   EXPECT_NE(RowRecord(text).find("=4=0x476572E474::"), std::string::npos);
 }
 
-TEST_F(RowBuilderTest, LogsOnlyWhileLoggingIsOn) {
+TEST_F(TrapRowsTest, LogsOnlyWhileLoggingIsOn) {
   LogTo("a.log");
   builder.AddTrap(TrapOf({{"1.2", "a"}}));
   EXPECT_TRUE(logFile.contents.empty());
@@ -104,7 +104,7 @@ TEST_F(RowBuilderTest, LogsOnlyWhileLoggingIsOn) {
                 kIndent + "1.2 = a\r\n" + kIndent + "Enterprise = e\r\n\r\n");
 }
 
-TEST_F(RowBuilderTest, LogEntriesFollowInOrderToTheFileOfTheMomentAndMayBeLost) {
+TEST_F(TrapRowsTest, LogEntriesFollowInOrderToTheFileOfTheMomentAndMayBeLost) {
   log.WriteToLog("no name\r\n");
   LogTo("a.log");
   log.WriteToLog("1\r\n");
@@ -121,7 +121,7 @@ TEST_F(RowBuilderTest, LogEntriesFollowInOrderToTheFileOfTheMomentAndMayBeLost) 
   EXPECT_EQ(logFile.contents.size(), 2U);
 }
 
-TEST_F(RowBuilderTest, TheHeightFollowsTheLinesOfTheDetails) {
+TEST_F(TrapRowsTest, TheHeightFollowsTheLinesOfTheDetails) {
   const std::pair<Trap, int> cases[] = {
       {TrapOf({}), 12},  // 12.5 goes to the even number
       {TrapOf({{kEnterprise, "e"}}), 12},
@@ -132,7 +132,7 @@ TEST_F(RowBuilderTest, TheHeightFollowsTheLinesOfTheDetails) {
   }
 }
 
-TEST_F(RowBuilderTest, HoldsTheNewestTrapsAndKeepsTheSelectionOnThoseThatRemain) {
+TEST_F(TrapRowsTest, HoldsTheNewestTrapsAndKeepsTheSelectionOnThoseThatRemain) {
   AddTraps(kMostTraps);
   EXPECT_EQ(table.Rows(), 1000);
   const struct {
@@ -149,7 +149,7 @@ TEST_F(RowBuilderTest, HoldsTheNewestTrapsAndKeepsTheSelectionOnThoseThatRemain)
   }
 }
 
-TEST_F(RowBuilderTest, PaintingResumesAfterAFailure) {
+TEST_F(TrapRowsTest, PaintingResumesAfterAFailure) {
   struct Observer : TableObserver {
     void RowInserted(int) override {}
     void RowRemoved(int) override {}
@@ -159,7 +159,7 @@ TEST_F(RowBuilderTest, PaintingResumesAfterAFailure) {
   struct StoppedClock : Clock {
     LocalTime Now() const override { throw Failure("It has stopped."); }
   } stopped;
-  RowBuilder failing(settings, table, window, stopped, locale, lookup, log);
+  TrapRows failing(settings, table, window, stopped, locale, lookup, log);
   table.SetObserver(&observer);
   EXPECT_THROW(failing.AddTrap(TrapOf({})), Failure);
   table.SetRuleColor(1);
@@ -167,7 +167,7 @@ TEST_F(RowBuilderTest, PaintingResumesAfterAFailure) {
   table.SetObserver(nullptr);
 }
 
-TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
+TEST_F(TrapRowsTest, TellsTheEnterpriseApart) {
   // The detail text without its first line; "|" stands where only decoded traps have a line end.
   const struct {
     Trap trap;
@@ -196,7 +196,7 @@ TEST_F(RowBuilderTest, TellsTheEnterpriseApart) {
 }
 
 /// Every line of the log after the first begins with 18 blanks at a binding, with 22 within one.
-TEST_F(RowBuilderTest, NoTextBeginsAnEntryOrABindingOfTheLog) {
+TEST_F(TrapRowsTest, NoTextBeginsAnEntryOrABindingOfTheLog) {
   const std::string forged = "Dec-05 15:49:37   192.0.2.66";
   // A value and what the log has of it, with "|" before each further line.
   const std::pair<std::string, std::string> cases[] = {
@@ -230,7 +230,7 @@ TEST_F(RowBuilderTest, NoTextBeginsAnEntryOrABindingOfTheLog) {
             entry("name|" + forged + " = up|" + forged));
 }
 
-TEST_F(RowBuilderTest, NothingIsReadBeyondTheShortestList) {
+TEST_F(TrapRowsTest, NothingIsReadBeyondTheShortestList) {
   Trap trap = LinkDown();
   trap.Values.pop_back();
   trap.DataTypes.resize(1);

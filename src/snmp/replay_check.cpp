@@ -1,4 +1,4 @@
-#include "snmp/engine_clocks.h"
+#include "snmp/replay_check.h"
 
 #include <algorithm>
 #include <cstring>
@@ -8,7 +8,7 @@ namespace sentrel {
 namespace {
 
 /// As long as a message can be within its time window: it may have come from a window ahead.
-constexpr std::chrono::seconds kDigestLife{2 * EngineClocks::kTimeWindow};
+constexpr std::chrono::seconds kDigestLife{2 * ReplayCheck::kTimeWindow};
 
 /// Keys make the digest, so its beginning is as good as chance.
 std::uint64_t Beginning(std::span<const std::uint8_t> digest) {
@@ -22,22 +22,22 @@ bool IsLater(EngineMoment a, EngineMoment b) {
 }
 
 /// Seconds that the engine's clock is ahead of the moment by now, where both run alike.
-std::uint64_t Age(EngineMoment moment, EngineMoment newest, EngineClocks::Clock::duration since) {
+std::uint64_t Age(EngineMoment moment, EngineMoment newest, ReplayCheck::Clock::duration since) {
   return newest.time - moment.time +
          std::chrono::duration_cast<std::chrono::seconds>(since).count();
 }
 
 }  // namespace
 
-EngineClocks::EngineClocks(EngineId ownEngine, const std::map<EngineId, EngineMoment>& heardBefore)
+ReplayCheck::ReplayCheck(EngineId ownEngine, const std::map<EngineId, EngineMoment>& heardBefore)
     : ownEngine_(std::move(ownEngine)) {
   for (const auto& [engine, newest] : heardBefore) {
     engines_[engine] = {newest, Clock::now(), newest.time + std::uint64_t{1}};
   }
 }
 
-Freshness EngineClocks::Judge(const EngineId& engine, EngineMoment moment,
-                              std::span<const std::uint8_t> digest, Clock::time_point now) const {
+Freshness ReplayCheck::Judge(const EngineId& engine, EngineMoment moment,
+                             std::span<const std::uint8_t> digest, Clock::time_point now) const {
   const std::lock_guard lock(mutex_);
   if (moment.boots >= kMostBoots) return Freshness::kStale;
   const auto known = engines_.find(engine);
@@ -51,8 +51,8 @@ Freshness EngineClocks::Judge(const EngineId& engine, EngineMoment moment,
   return digests_.contains(Beginning(digest)) ? Freshness::kRepeated : Freshness::kFresh;
 }
 
-void EngineClocks::Take(const EngineId& engine, EngineMoment moment,
-                        std::span<const std::uint8_t> digest, Clock::time_point now) {
+void ReplayCheck::Take(const EngineId& engine, EngineMoment moment,
+                       std::span<const std::uint8_t> digest, Clock::time_point now) {
   const std::lock_guard lock(mutex_);
   const auto [known, isNew] = engines_.try_emplace(engine, Engine{moment, now});
   Engine& told = known->second;
@@ -64,12 +64,12 @@ void EngineClocks::Take(const EngineId& engine, EngineMoment moment,
   DropOldDigests(now);
 }
 
-void EngineClocks::Forget(const EngineId& engine) {
+void ReplayCheck::Forget(const EngineId& engine) {
   const std::lock_guard lock(mutex_);
   if (engine != ownEngine_) engines_.erase(engine);
 }
 
-void EngineClocks::DropOldDigests(Clock::time_point now) {
+void ReplayCheck::DropOldDigests(Clock::time_point now) {
   while (now - taken_.front().at > kDigestLife || taken_.size() > kMostDigests) {
     const Taken& oldest = taken_.front();
     const auto engine = engines_.find(oldest.engine);
@@ -81,7 +81,7 @@ void EngineClocks::DropOldDigests(Clock::time_point now) {
   }
 }
 
-std::map<EngineClocks::EngineId, EngineMoment> EngineClocks::Newest() const {
+std::map<ReplayCheck::EngineId, EngineMoment> ReplayCheck::Newest() const {
   const std::lock_guard lock(mutex_);
   std::map<EngineId, EngineMoment> newest;
   for (const auto& [id, engine] : engines_) {

@@ -1,4 +1,4 @@
-#include "console/selection_html.h"
+#include "console/copied_html.h"
 
 #include <string_view>
 
@@ -20,7 +20,7 @@ std::string CellHtml(const std::string& text) {
 
 }  // namespace
 
-std::string SelectionHtml(const Table& table) {
+std::string CopiedHtml(const Table& table) {
   const TableSelection selection = table.GetSelection();
   std::string html = R"(<meta charset="utf-8"><table>)";
   for (int row = selection.firstRow; row <= selection.lastRow; ++row) {

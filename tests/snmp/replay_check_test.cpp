@@ -1,4 +1,4 @@
-#include "snmp/engine_clocks.h"
+#include "snmp/replay_check.h"
 
 #include <gtest/gtest.h>
 
@@ -22,21 +22,21 @@ std::vector<std::uint8_t> Digest(std::uint32_t number) {
 }
 
 /// Messages of an engine at its time, arriving so long after the first.
-class EngineClocksTest : public testing::Test {
+class ReplayCheckTest : public testing::Test {
  protected:
   Freshness Arrive(EngineMoment moment, std::uint32_t number, std::chrono::seconds after,
                    const std::string& engine = "device") {
     const auto now = start_ + after;
-    const Freshness freshness = clocks_.Judge(engine, moment, Digest(number), now);
-    if (freshness == Freshness::kFresh) clocks_.Take(engine, moment, Digest(number), now);
+    const Freshness freshness = replays_.Judge(engine, moment, Digest(number), now);
+    if (freshness == Freshness::kFresh) replays_.Take(engine, moment, Digest(number), now);
     return freshness;
   }
 
-  const EngineClocks::Clock::time_point start_ = EngineClocks::Clock::now();
-  EngineClocks clocks_{"own", {{"heard before", {3, 500}}}};
+  const ReplayCheck::Clock::time_point start_ = ReplayCheck::Clock::now();
+  ReplayCheck replays_{"own", {{"heard before", {3, 500}}}};
 };
 
-TEST_F(EngineClocksTest, TellsFreshMessagesFromRecordedOnes) {
+TEST_F(ReplayCheckTest, TellsFreshMessagesFromRecordedOnes) {
   const std::map<std::string, Freshness> names = {{"fresh", Freshness::kFresh},
                                                   {"repeated", Freshness::kRepeated},
                                                   {"stale", Freshness::kStale}};
@@ -49,27 +49,27 @@ TEST_F(EngineClocksTest, TellsFreshMessagesFromRecordedOnes) {
               names.at(row.at(4)))
         << row.at(5);
   }
-  const auto newest = clocks_.Newest();
+  const auto newest = replays_.Newest();
   EXPECT_EQ(newest.size(), 2U);
   EXPECT_EQ(newest.at("device").boots, 6U);
 }
 
-TEST_F(EngineClocksTest, EarlierRunLeavesOnlyLaterMomentsFresh) {
+TEST_F(ReplayCheckTest, EarlierRunLeavesOnlyLaterMomentsFresh) {
   EXPECT_EQ(Arrive({3, 500}, 1, 0s, "heard before"), Freshness::kStale);
   EXPECT_EQ(Arrive({2, 900}, 2, 0s, "heard before"), Freshness::kStale);
   EXPECT_EQ(Arrive({3, 501}, 3, 0s, "heard before"), Freshness::kFresh);
 }
 
-TEST_F(EngineClocksTest, SendersToThisEngineMayDisagreeOnItsTime) {
+TEST_F(ReplayCheckTest, SendersToThisEngineMayDisagreeOnItsTime) {
   EXPECT_EQ(Arrive({1, 300}, 1, 0s, "own"), Freshness::kFresh);
   EXPECT_EQ(Arrive({1, 20}, 2, 0s, "own"), Freshness::kFresh);
   EXPECT_EQ(Arrive({1, 20}, 2, 1s, "own"), Freshness::kRepeated);
-  EXPECT_FALSE(clocks_.Newest().contains("own"));
+  EXPECT_FALSE(replays_.Newest().contains("own"));
 }
 
-TEST_F(EngineClocksTest, ForgottenDigestsDoNotPassAgain) {
+TEST_F(ReplayCheckTest, ForgottenDigestsDoNotPassAgain) {
   ASSERT_EQ(Arrive({1, 0}, 0, 0s), Freshness::kFresh);
-  for (std::uint32_t i = 1; i <= EngineClocks::kMostDigests; ++i) {
+  for (std::uint32_t i = 1; i <= ReplayCheck::kMostDigests; ++i) {
     ASSERT_EQ(Arrive({1, i / 10'000}, i, 0s), Freshness::kFresh);
   }
   EXPECT_EQ(Arrive({1, 0}, 0, 0s), Freshness::kStale);
