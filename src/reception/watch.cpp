@@ -63,7 +63,8 @@ WatchedDatagram Watch::Judge(SeenDatagram seen) const {
     judged.cure = cure;
   };
   if (judged.seen.outcome != Outcome::kAccepted) {
-    is(InLowerCase(ReasonText(judged.seen.outcome)),
+    const std::string& hint = judged.seen.hint;
+    is(InLowerCase(ReasonText(judged.seen.outcome)) + (hint.empty() ? "" : ". " + hint),
        IsAboutUsers(judged.seen.outcome) ? Cure::kUsers : Cure::kNone);
   } else if (settings_.Paused()) {
     is("paused", Cure::kNone);

@@ -22,6 +22,7 @@ SeenDatagram Seen(const std::string& sender, const std::string& community,
   seen.sender = sender;
   seen.community = community;
   seen.outcome = outcome;
+  if (outcome == Outcome::kNotSnmp) seen.hint = "A hint.";
   seen.version = 2;
   seen.notification = "1.3.9";
   return seen;
@@ -76,7 +77,8 @@ TEST_F(ReceptionTest, WatchSaysWhatStandsInTheWay) {
       {false, true, true, Seen("10.0.0.1", "public"), "shown", Cure::kNone},
       {true, true, true, Seen("10.9.9.9", "a", Outcome::kWrongDigest),
        "wrong passphrase or algorithm", Cure::kUsers},
-      {false, false, false, Seen("10.9.9.9", "", Outcome::kNotSnmp), "Not SNMP", Cure::kNone},
+      {false, false, false, Seen("10.9.9.9", "", Outcome::kNotSnmp), "Not SNMP. A hint.",
+       Cure::kNone},
   };
   settings.DeviceFilters()->AddFilter("10.0.0.1");
   for (const auto& [paused, filtering, communities, seen, verdict, cure] : cases) {
