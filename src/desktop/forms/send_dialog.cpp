@@ -113,6 +113,7 @@ void SendDialog::ShowMessage(const std::string& caption) {
   message_->setText(QString::fromStdString(caption));
   message_->raise();
   message_->show();
+  message_->repaint();  // what follows may keep the event loop for seconds
 }
 
 void SendDialog::HideMessage() {
