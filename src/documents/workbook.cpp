@@ -1,19 +1,18 @@
 #include "documents/workbook.h"
 
 #include <fmt/format.h>
-#include <sys/mman.h>
-#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <cstring>
+#include <chrono>
+#include <future>
 #include <utility>
 
 #include "common/failure.h"
 #include "common/text.h"
 #include "common/utf8.h"
+#include "documents/memory_file.h"
 #include "documents/unicode.h"
 
 namespace sentrel {
@@ -30,33 +29,8 @@ constexpr double kFilterButton = 4;
 constexpr double kLineHeight = 15;  // in points
 constexpr double kTallest = 409;    // that a row may be, in points
 constexpr std::size_t kMostHeaderUnits = 80;
+constexpr std::chrono::milliseconds kBetweenLooks{10};
 constexpr std::string_view kUnderscore = "_x005F_";  // as an escape
-
-/// A file in memory, because the library writes only to files.
-class MemoryFile {
- public:
-  MemoryFile() : descriptor_(memfd_create("workbook", MFD_CLOEXEC)) {
-    if (descriptor_ < 0) {
-      throw Failure(fmt::format("The workbook cannot be made: {}.", std::strerror(errno)));
-    }
-  }
-  ~MemoryFile() { close(descriptor_); }
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-
-  std::string Path() const { return fmt::format("/proc/self/fd/{}", descriptor_); }
-  std::string Bytes() const {
-    const auto size = lseek(descriptor_, 0, SEEK_END);
-    std::string bytes(static_cast<std::size_t>(std::max<off_t>(size, 0)), '\0');
-    if (pread(descriptor_, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
-      throw Failure("The workbook cannot be read back.");
-    }
-    return bytes;
-  }
-
- private:
-  int descriptor_;
-};
 
 /// Whether a spreadsheet would read the start of the text as the code of a character: "_x000D_".
 bool IsCode(std::string_view text) {
@@ -130,8 +104,7 @@ class SheetWriter {
       WriteRow(content_.rows[row]);
     }
     SetUpSheet();
-    const lxw_error error = workbook_close(std::exchange(book_, nullptr));
-    if (error) throw Failure(fmt::format("The workbook cannot be made: {}.", lxw_strerror(error)));
+    Close(progress);
   }
 
  private:
@@ -226,6 +199,15 @@ class SheetWriter {
     if (Columns() == 0) return;
     const auto lastCol = static_cast<lxw_col_t>(Columns() - 1);
     worksheet_autofilter(sheet_, 0, 0, nextRow_ - 1, lastCol);
+  }
+
+  /// The library does much of its work here and tells nothing of it. Where the user cancels, it
+  /// comes to its end all the same.
+  void Close(Progress& progress) {
+    auto closing = std::async(std::launch::async, workbook_close, std::exchange(book_, nullptr));
+    do progress.Advance(1, 1);
+    while (closing.wait_for(kBetweenLooks) != std::future_status::ready);
+    Check(closing.get());
   }
 
   static void Check(lxw_error error) {

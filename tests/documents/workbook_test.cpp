@@ -1,5 +1,7 @@
 #include "documents/workbook.h"
 
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 #include "fakes/shell.h"
@@ -57,6 +59,28 @@ TEST_F(WorkbookTest, ATextTooLongForACellGoesOnBelowAndNothingOfItIsLost) {
     expected.append(":").append(text);
     EXPECT_TRUE(ReadBack(content, "--first-column") == expected) << text.substr(0, 20);
   }
+}
+
+/// A full disk would leave parts of the workbook empty.
+TEST_F(WorkbookTest, KeepsNothingOfItOnADisk) {
+  const std::filesystem::path temporary = folder_ / "temporary";
+  std::filesystem::create_directory(temporary);
+  const std::filesystem::file_time_type untouched{};
+  std::filesystem::last_write_time(temporary, untouched);
+  setenv("TMPDIR", temporary.c_str(), 1);
+  EXPECT_NE(ReadBack(HardTable()), "");
+  unsetenv("TMPDIR");
+  EXPECT_EQ(std::filesystem::last_write_time(temporary), untouched);
+}
+
+TEST_F(WorkbookTest, CanBeCancelledWhileTheLibraryWritesIt) {
+  struct CancelledAtTheEnd : Progress {
+    void Advance(std::size_t done, std::size_t total) override {
+      if (done == total) throw Cancelled();
+    }
+  };
+  CancelledAtTheEnd progress;
+  EXPECT_THROW(Workbook(HardTable(), progress), Cancelled);
 }
 
 }  // namespace
