@@ -42,16 +42,23 @@ mode_t ModeFor(const std::string& path, mode_t newFileMode) {
   return status.st_mode & (newFileMode | kAnyoneExecutes);
 }
 
-/// A link is followed, so that it goes on pointing to the file.
+/// Links are followed, also one to a file that is still to be made, so that they go on pointing to
+/// the file.
 std::string FileBehind(const std::string& path) {
+  constexpr int kMostLinks = 40;
   std::error_code error;
-  const auto behind = std::filesystem::weakly_canonical(path, error);
+  std::filesystem::path behind = path;
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(behind, error); ++links) {
+    behind = behind.parent_path() / std::filesystem::read_symlink(behind, error);
+  }
+  behind = std::filesystem::weakly_canonical(behind, error);
   return error ? path : behind.string();
 }
 
 int OpenDraft(std::string& name, const std::string& target) {
   const int descriptor = mkostemp(name.data(), O_CLOEXEC);
   if (descriptor < 0 && errno == ENOENT) Refuse(target, "there is no such folder");
+  if (descriptor < 0 && errno == EACCES) Refuse(target, "no file may be made in its folder");
   Check(descriptor >= 0, target);
   return descriptor;
 }

@@ -7,16 +7,19 @@ std::string EmptyTableText(const Settings& settings) {
   const bool devices = settings.DeviceFilterActive();
   const bool communities = settings.CommunityStrings()->Count() > 0;
   if (devices && communities) {
-    return "No traps yet. Device filtering and community filtering are on: only traps from the "
+    return "Waiting for traps. Device filtering and community filtering are on: only traps from "
+           "the "
            "listed devices and with a listed community are shown.";
   }
   if (devices) {
-    return "No traps yet. Device filtering is on: only traps from the listed devices are shown.";
+    return "Waiting for traps. Device filtering is on: only traps from the listed devices are "
+           "shown.";
   }
   if (communities) {
-    return "No traps yet. Community filtering is on: only traps with a listed community are shown.";
+    return "Waiting for traps. Community filtering is on: only traps with a listed community are "
+           "shown.";
   }
-  return "No traps yet";
+  return "Waiting for traps";
 }
 
 }  // namespace sentrel

@@ -6,7 +6,7 @@
 
 namespace sentrel {
 
-/// What a table without traps says: that none has come yet, or which option keeps traps out. While
+/// What a table without traps says: that it waits for them, or which option keeps traps out. While
 /// receiving is paused, the filters make no difference and are not mentioned.
 std::string EmptyTableText(const Settings& settings);
 

@@ -5,6 +5,13 @@
 #include "sending/trap_object.h"
 
 namespace sentrel {
+namespace {
+
+/// A character of a record may take six in the file; a binding, which has names there, eight times
+/// its shortest record.
+constexpr std::uint64_t kMostGrowth = 8;
+
+}  // namespace
 
 void SavedTrapCommand::SaveSelectedTrap() {
   if (table_.Row() < 1) return;
@@ -19,7 +26,7 @@ void SavedTrapCommand::Save(const std::string& record) {
                                   .filter = "SNMP Trap (*.Trap)|*.Trap|All Files (*.*)|*.*",
                                   .fileName = "",
                                   .promptBeforeOverwrite = true,
-                                  .refuseUnwritable = true});
+                                  .roomFor = record.size() * kMostGrowth});
   if (!fileName) return;
   TrapObject object;
   object.SetStationText1(snmp_.LocalText1());

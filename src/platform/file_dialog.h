@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -14,10 +15,10 @@ struct SaveFileRequest {
   std::string fileName;
   /// Ask before a name is taken that a file already has.
   bool promptBeforeOverwrite = false;
-  /// Do not take a name under which no file can be written, because the file is write-protected or
-  /// a folder, its folder is missing or closed to this user, or the disk is full: tell the user
-  /// why, and ask again.
-  bool refuseUnwritable = false;
+  /// Do not take a name under which this many bytes cannot be written, because the file is
+  /// write-protected or a folder, its folder is missing or closed to this user, or the disk has too
+  /// little room: tell the user why, and ask again. Nothing where any name will do.
+  std::optional<std::uint64_t> roomFor = std::nullopt;
 };
 
 /// The system's file dialog.

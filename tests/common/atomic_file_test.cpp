@@ -71,13 +71,14 @@ TEST_F(AtomicFileTest, MakesAFolderOnlyWhenAskedTo) {
   EXPECT_THROW(WriteFile(path + "/below", ""), Failure);
 }
 
-TEST_F(AtomicFileTest, WritesThroughALink) {
-  WriteFile(path_, "old");
+TEST_F(AtomicFileTest, WritesThroughALinkAlsoToAFileThatIsStillToBeMade) {
   const std::string link = folder_ / "link";
   std::filesystem::create_symlink("Traps.csv", link);
-  WriteFile(link, "new");
-  EXPECT_TRUE(std::filesystem::is_symlink(link));
-  EXPECT_EQ(ReadFile(path_), "new");
+  for (const char* text : {"made", "replaced"}) {
+    WriteFile(link, text);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(ReadFile(path_), text);
+  }
 }
 
 TEST_F(AtomicFileTest, AFullDiskLeavesTheOldFileAndNothingElse) {
@@ -97,8 +98,10 @@ TEST_F(AtomicFileTest, AFullDiskLeavesTheOldFileAndNothingElse) {
 TEST_F(AtomicFileTest, RefusesWhatIsNoPlaceForAFile) {
   WriteFile(path_, "old");
   chmod(path_.c_str(), 0444);
+  std::filesystem::create_symlink("loop", folder_ / "loop");
   const std::pair<std::string, const char*> cases[] = {
       {path_, "it is write-protected."},
+      {folder_ / "loop", "Too many levels of symbolic links."},
       {folder_ / "gone/x.csv", "there is no such folder."},
       {folder_ / std::string(300, 'n'), "File name too long."},
       {folder_ / "", "it is a folder."},
@@ -108,7 +111,7 @@ TEST_F(AtomicFileTest, RefusesWhatIsNoPlaceForAFile) {
                 ThrowsMessage<Failure>(EndsWith(refused.second)));
   }
   EXPECT_EQ(ReadFile(path_), "old");
-  EXPECT_EQ(folder_.Files(), 1);
+  EXPECT_EQ(folder_.Files(), 2);
 }
 
 }  // namespace

@@ -116,15 +116,15 @@ TEST_F(ToolDispatchTest, TheEmptyTableTellsAtOnceWhatKeepsTrapsOut) {
   } cases[] = {{true, false, "Device filtering is on"},
                {false, true, "Community filtering is on"},
                {true, true, "Device filtering and community filtering are on"},
-               {false, false, "No traps yet"}};
+               {false, false, "Waiting for traps"}};
   for (const auto& c : cases) {
     settings.SetDeviceFilterActive(c.devices);  // what the user did in the dialog
     settings.CommunityStrings()->Clear();
     if (c.communities) settings.CommunityStrings()->Add("public");
     Choose("Main:Settings");
     EXPECT_THAT(table.EmptyText(), HasSubstr(c.text));
-    EXPECT_THAT(table.EmptyText(), StartsWith("No traps yet"));
-    EXPECT_EQ(table.EmptyText() == "No traps yet", !c.devices && !c.communities);
+    EXPECT_THAT(table.EmptyText(), StartsWith("Waiting for traps"));
+    EXPECT_EQ(table.EmptyText() == "Waiting for traps", !c.devices && !c.communities);
     for (const char* id : {"Edit:Pause", "Edit:Clear"}) {
       Choose(id);
       EXPECT_THAT(table.EmptyText(), StartsWith("Trap receiving is paused")) << id;

@@ -62,7 +62,7 @@ TEST_F(FileDialogTest, AsksBeforeOverwritingWhereWanted) {
 TEST_F(FileDialogTest, RefusesWhereNothingCanBeWrittenAndSaysWhy) {
   MakeFile("locked", QFile::ReadOwner);
   SaveFileRequest request = Request();
-  request.refuseUnwritable = true;
+  request.roomFor = 1;
   const std::pair<std::string, const char*> refused[] = {
       {Path("locked"), "it is write-protected"}, {Path("missing/x"), "there is no such folder"},
       {Path("locked/x"), "Not a directory"},     {"/proc/x", ""},

@@ -1,10 +1,13 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
+#include <QProcess>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
@@ -13,6 +16,7 @@
 #include "desktop/help/help_browser.h"
 #include "desktop/help/help_key.h"
 #include "desktop/help/help_pages.h"
+#include "dialogs.h"
 
 namespace sentrel {
 namespace {
@@ -162,6 +166,28 @@ TEST_F(HelpWindowTest, FollowsLinksWithinTheManualOnly) {
   EXPECT_EQ(Shown(), "default.htm");
   View().setSource(QUrl("one.html"));
   EXPECT_EQ(Shown(), "one.html");
+}
+
+TEST_F(HelpWindowTest, PrintsThePageIntoAFileButIntoNoPipe) {
+  Browse("/one.html");
+  const QString file = folder.filePath("one.pdf");
+  const QString pipe = folder.filePath("pipe");
+  ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
+  User user;
+  user.When("PrintHelp", [&](QWidget& dialog) {
+    auto& name = *dialog.findChild<QLineEdit*>("filename");
+    EXPECT_FALSE(dialog.findChild<QSpinBox*>("copies")->isEnabled()) << "a file has no copies";
+    name.setText(pipe);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible()) << "whoever opens a pipe waits for its reader";
+    name.setText(file);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  Choose("Print");
+  QProcess reader;
+  reader.start("pdftotext", {file, "-"});
+  ASSERT_TRUE(reader.waitForFinished());
+  EXPECT_THAT(reader.readAllStandardOutput().toStdString(), testing::HasSubstr("Subnets and "));
 }
 
 TEST_F(HelpWindowTest, AFailureLeavesTheWindowAsItWas) {

@@ -1,3 +1,5 @@
+#include <sys/resource.h>
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
@@ -5,6 +7,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
+#include <csignal>
 
 #include "common/failure.h"
 #include "desktop/export/column_widths.h"
@@ -147,17 +150,23 @@ void PrintToFile(QWidget& dialog, const QString& file, int from, int to) {
 TEST_F(ExportPaper, PrintToFileTakesTheRangeAndComesBackAsItWasWhenTheFileCannotBeWritten) {
   FillTable();
   user_.Accept("ExportColumns");
-  user_.When("Print", [](QWidget& dialog) { PrintToFile(dialog, "/dev/null", 2, 3); });
-  user_.Press("QMessageBox", "Yes");
-  user_.When("Print", [this](QWidget& dialog) {
-    EXPECT_EQ(messageBox_.text, "Cannot write the file /dev/null: it is not a file.");
-    auto* file = dialog.findChild<QLineEdit*>("filename");
-    EXPECT_EQ(file->text(), "/dev/null");
+  const QString file = folder_.filePath("two.pdf");
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  user_.When("Print", [&](QWidget& dialog) {
+    const rlimit small{1000, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    PrintToFile(dialog, file, 2, 3);
+  });
+  user_.When("Print", [&](QWidget& dialog) {
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(messageBox_.text, "Cannot write the file " + Path("two.pdf") + ": File too large.");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("filename")->text(), file);
     EXPECT_EQ(dialog.findChild<QSpinBox*>("from")->value(), 2);
     EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->value(), 3);
-    file->setText(folder_.filePath("two.pdf"));
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
+  std::signal(SIGXFSZ, SIG_IGN);
   const auto exporter = NewExporter();
   EXPECT_TRUE(exporter->ExportTable(table_, "PRINTER", ""));
   EXPECT_EQ(exporter->TargetFilename(), Path("two.pdf"));

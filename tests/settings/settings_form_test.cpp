@@ -208,7 +208,7 @@ TEST_F(SettingsFormTest, TheLogFileIsChosenInTheFileDialog) {
   EXPECT_EQ(request.title, "Trap Logging File ...");
   EXPECT_EQ(request.filter, "All Files (*.*)|*.*");
   EXPECT_EQ(request.fileName, "old.log");
-  EXPECT_FALSE(request.promptBeforeOverwrite || request.refuseUnwritable) << "a log is appended to";
+  EXPECT_FALSE(request.promptBeforeOverwrite || request.roomFor) << "a log is appended to";
 }
 
 TEST_F(SettingsFormTest, OKWithoutADeviceFilterChangesNothingAndWithoutACommunityTurnsThatOff) {

@@ -20,7 +20,8 @@ constexpr mode_t kOwnerReads = 0400;
 
 bool FileOutput::Save(const FileKind& kind, const FileWriter& writer) {
   if (session_.settings.skipFilenameSelection) {
-    SaveTo(WithExtension(WritablePlace(SuggestedFile(), QDir::tempPath()), kind.extension), writer);
+    const QString place = WritablePlace(SuggestedFile(), QDir::tempPath());
+    Write(WithExtension(place, kind.extension), Bytes(writer));
     return true;
   }
   std::optional<std::string> bytes;
@@ -31,10 +32,6 @@ bool FileOutput::Save(const FileKind& kind, const FileWriter& writer) {
       return true;
     });
   });
-}
-
-void FileOutput::SaveTo(const QString& filename, const FileWriter& writer) {
-  Write(filename, Bytes(writer));
 }
 
 void FileOutput::OpenDirectly(const FileKind& kind, const FileWriter& writer) {

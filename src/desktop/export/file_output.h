@@ -22,7 +22,6 @@ class FileOutput {
 
   /// Asks for the file, unless the settings skip that. False if the user cancels.
   bool Save(const FileKind& kind, const FileWriter& writer);
-  void SaveTo(const QString& filename, const FileWriter& writer);
   /// Writes a file that is removed when Sentrel ends, and opens it in the desktop's program for it.
   /// It is read-only, so that nobody's changes are lost with it.
   void OpenDirectly(const FileKind& kind, const FileWriter& writer);

@@ -2,14 +2,11 @@
 
 #include <QLocale>
 #include <QPageSetupDialog>
-#include <QPrintDialog>
 #include <QPrinterInfo>
 
 #include "common/failure.h"
 #include "common/text.h"
-#include "desktop/export/pdf_file.h"
 #include "desktop/export/preview_window.h"
-#include "desktop/export/progress_dialog.h"
 
 namespace sentrel {
 namespace {
@@ -43,43 +40,28 @@ std::optional<bool> PaperOutput::CarryOut(const std::string& method) {
 bool PaperOutput::SavePdf() {
   const QPageLayout paper(CommonPageSize(), OrientationOf(session_.settings), kMargins,
                           QPageLayout::Millimeter);
-  return files_.Save({"PDF file", "pdf"}, PdfWriter(paper, {}));
+  return files_.Save({"PDF file", "pdf"},
+                     [this, paper](Progress& progress) { return Job().Pdf(paper, {}, progress); });
 }
 
-/// The toolkit's dialog can also choose a PDF file. If that cannot be written, the dialog comes
-/// back with everything as it was chosen.
 bool PaperOutput::Print() {
   QPrinter& printer = Printer();
   if (session_.settings.quiet) {
     if (printer.printerName().isEmpty()) throw Failure("There is no printer on this system.");
-    return PrintOn(printer);
-  }
-  QPrintDialog dialog(&printer, session_.Owner());
-  dialog.setObjectName("Print");
-  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-  while (dialog.exec() == QDialog::Accepted) {
-    if (session_.Succeeds([&] { return PrintOn(printer); })) return true;
-  }
-  return false;
-}
-
-/// A printer cannot be told to forget what it has been given, so only the layout can be cancelled.
-bool PaperOutput::PrintOn(QPrinter& printer) {
-  const QPageLayout paper = printer.pageLayout();
-  if (!printer.outputFileName().isEmpty()) {
-    files_.SaveTo(printer.outputFileName(), PdfWriter(paper, printer.pageRanges()));
+    Job().PrintOn(printer);
     return true;
   }
-  const Pages pages = PagesFor(paper);
-  ProgressDialog progress(session_.Owner(), "Printing ...", CancelButton::Hidden);
-  PaintPages(*pages, printer.pageRanges(), printer, progress);
+  const auto tell = [this](const std::string& failure) { session_.Tell(failure); };
+  if (!AskAndPrint(Job(), printer, session_.Owner(), "Print", tell)) return false;
+  const std::string filename = printer.outputFileName().toStdString();
+  if (!filename.empty()) session_.settings.targetFilename = filename;
   return true;
 }
 
 bool PaperOutput::Preview() {
   QPrinter& printer = Printer();
   PreviewWindow window(session_.Owner(), QString::fromStdString(session_.settings.title));
-  window.ShowPages(PagesFor(printer.pageLayout()));
+  window.ShowPages(Job().LayOut(printer.pageLayout()));
   QObject::connect(&window, &PreviewWindow::PrintAsked, &window, [&] {
     session_.Guarded([&] { return Print(); });
     window.ShowPages(pages_);
@@ -88,7 +70,7 @@ bool PaperOutput::Preview() {
     QPageSetupDialog dialog(&printer, &window);
     dialog.setObjectName("PageSetup");
     if (dialog.exec() != QDialog::Accepted) return;
-    session_.Guarded([&] { return PagesFor(printer.pageLayout()) != nullptr; });
+    session_.Guarded([&] { return Job().LayOut(printer.pageLayout()) != nullptr; });
     window.ShowPages(pages_);
   });
   window.exec();
@@ -110,22 +92,12 @@ QPrinter& PaperOutput::Printer() {
   return *printer_;
 }
 
-PaperOutput::Pages PaperOutput::PagesFor(const QPageLayout& paper, Progress& progress) {
-  if (!pages_ || pages_->Paper() != paper) pages_ = makePages_(paper, progress);
-  return pages_;
-}
-
-PaperOutput::Pages PaperOutput::PagesFor(const QPageLayout& paper) {
-  ProgressDialog progress(session_.Owner(), "Laying out the pages ...");
-  return PagesFor(paper, progress);
-}
-
-FileWriter PaperOutput::PdfWriter(const QPageLayout& paper, const QPageRanges& range) {
-  return [this, paper, range](Progress& progress) {
-    HalfOfWork layingOut(progress, HalfOfWork::First);
-    HalfOfWork painting(progress, HalfOfWork::Second);
-    return PdfFile(*PagesFor(paper, layingOut), range, LabelsOf(session_.settings), painting);
+PrintJob PaperOutput::Job() {
+  const auto pagesFor = [this](const QPageLayout& paper, Progress& progress) {
+    if (!pages_ || pages_->Paper() != paper) pages_ = makePages_(paper, progress);
+    return pages_;
   };
+  return {session_.Owner(), pagesFor, LabelsOf(session_.settings)};
 }
 
 }  // namespace sentrel

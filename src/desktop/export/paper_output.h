@@ -7,7 +7,7 @@
 
 #include "desktop/export/export_session.h"
 #include "desktop/export/file_output.h"
-#include "desktop/export/printable_pages.h"
+#include "desktop/export/print_job.h"
 
 namespace sentrel {
 
@@ -25,21 +25,16 @@ class PaperOutput {
   std::optional<bool> CarryOut(const std::string& method);
 
  private:
-  using Pages = std::shared_ptr<const PrintablePages>;
-
   bool SavePdf();
   bool Print();
-  bool PrintOn(QPrinter& printer);
   bool Preview();
   QPrinter& Printer();
-  Pages PagesFor(const QPageLayout& paper, Progress& progress);
-  Pages PagesFor(const QPageLayout& paper);
-  FileWriter PdfWriter(const QPageLayout& paper, const QPageRanges& range);
+  PrintJob Job();
 
   ExportSession& session_;
   FileOutput& files_;
   PageMaker makePages_;
-  Pages pages_;  // the last that were made
+  std::shared_ptr<const PrintablePages> pages_;  // the last that were made
   std::unique_ptr<QPrinter> printer_;
 };
 

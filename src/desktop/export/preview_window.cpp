@@ -1,8 +1,9 @@
 #include "desktop/export/preview_window.h"
 
 #include <QAction>
-#include <QScreen>
 #include <QVBoxLayout>
+
+#include "desktop/window/window_place.h"
 
 namespace sentrel {
 namespace {
@@ -20,7 +21,7 @@ PreviewWindow::PreviewWindow(QWidget* owner, const QString& title)
   setObjectName("PrintPreview");
   setWindowTitle(title + " - Print Preview");
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  resize(QSize(1000, 800).boundedTo(screen()->availableSize()));
+  ResizeOnScreen(*this, {1000, 800});
   AddTools();
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

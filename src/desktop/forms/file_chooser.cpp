@@ -22,15 +22,17 @@ void SetUp(QFileDialog& dialog, const SaveFileRequest& request) {
   if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
 }
 
-/// Why no file can be written under this name, empty where one can.
-std::string ObstacleAt(const std::string& path) {
+/// Why no file of this many bytes can be written under this name, empty where one can.
+std::string ObstacleAt(const std::string& path, std::uint64_t bytes) {
   try {
     const AtomicFile trial(path);
   } catch (const Failure& failure) {
     return failure.what();
   }
   const QStorageInfo disk(QFileInfo(QString::fromStdString(path)).absolutePath());
-  if (disk.bytesAvailable() > 0) return "";
+  if (disk.bytesAvailable() > 0 && static_cast<std::uint64_t>(disk.bytesAvailable()) >= bytes) {
+    return "";
+  }
   return "Cannot write the file " + path + ": the disk is full.";
 }
 
@@ -63,7 +65,7 @@ std::optional<std::string> FileChooser::ChooseSaveFile(const SaveFileRequest& re
   while (dialog.exec() == QDialog::Accepted) {
     const QString chosen = dialog.selectedFiles().value(0);
     std::string path = chosen.toStdString();
-    const std::string obstacle = request.refuseUnwritable ? ObstacleAt(path) : "";
+    const std::string obstacle = request.roomFor ? ObstacleAt(path, *request.roomFor) : "";
     if (obstacle.empty()) return path;
     Tell(obstacle, OwnerOfNextDialog(window_));
     dialog.selectFile(chosen);

@@ -2,14 +2,16 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QScreen>
 #include <QShortcut>
 #include <QToolBar>
 #include <QWindow>
 
+#include "desktop/export/print_job.h"
+#include "desktop/help/document_pages.h"
+#include "desktop/services/desktop_message_box.h"
 #include "desktop/window/icons.h"
+#include "desktop/window/window_place.h"
 
 namespace sentrel {
 namespace {
@@ -33,7 +35,7 @@ HelpWindow::HelpWindow() : view_(new HelpView(this)), search_(new QLineEdit(this
   AddTools();
   connect(view_, &QTextBrowser::sourceChanged, this, &HelpWindow::PageChanged);
   connect(search_, &QLineEdit::returnPressed, this, &HelpWindow::SearchEntered);
-  resize(QSize(860, 680).boundedTo(screen()->availableSize()));
+  ResizeOnScreen(*this, {860, 680});
 }
 
 QAction* HelpWindow::AddTool(const char* name, const char* iconId, const QString& caption,
@@ -108,9 +110,13 @@ void HelpWindow::PageChanged(const QUrl& page) {
 void HelpWindow::Print() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(windowTitle());
-  QPrintDialog dialog(&printer, this);
-  dialog.setObjectName("PrintHelp");
-  if (dialog.exec() == QDialog::Accepted) view_->print(&printer);
+  const auto pagesFor = [this](const QPageLayout& paper, Progress&) {
+    return std::make_shared<DocumentPages>(*view_->document(), paper);
+  };
+  const PrintJob job(this, pagesFor, {windowTitle().toStdString(), "Sentrel"});
+  AskAndPrint(job, printer, this, "PrintHelp", [this](const std::string& failure) {
+    DesktopMessageBox(*this).Show(failure, MessageIcon::Exclamation, "Sentrel");
+  });
 }
 
 }  // namespace sentrel

@@ -5,10 +5,10 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include "common/visible_text.h"
+#include "desktop/window/window_place.h"
 #include "reception/reception_report.h"
 
 namespace sentrel {
@@ -100,7 +100,7 @@ ReceptionWindow::ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, QWidge
   layout->addWidget(tabs);
   layout->addWidget(buttons);
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-  resize(QSize(900, 560).boundedTo(screen()->availableSize()));
+  ResizeOnScreen(*this, {900, 560});
   timer_.setInterval(kRefresh);
   connect(&timer_, &QTimer::timeout, this, &ReceptionWindow::Refresh);
 }

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QScreen>
 #include <QStatusBar>
 
 #include "common/failure.h"
@@ -41,8 +40,7 @@ TrapWindow::TrapWindow(Table& table, ToolBars& toolBars, StatusBar& status)
   statusBar()->addWidget(statusText, 1);
   status_.SetObserver([this] { ShowStatus(); });
   connect(view_, &TableView::MenuKeyPressed, this, &TrapWindow::PressRightButtonAt);
-  const QSize room = screen()->availableSize();
-  resize(QSize(1100, 640).boundedTo(room));
+  ResizeOnScreen(*this, {1100, 640});
   view_->setFocus();
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/window/window_place.h"
 
 #include <QScreen>
+#include <QStyle>
 
 namespace sentrel {
 namespace {
@@ -14,6 +15,14 @@ void BringIntoView(QWidget& window) {
 }
 
 }  // namespace
+
+/// The window manager's frame is unknown before the window is shown; the style's comes close.
+void ResizeOnScreen(QWidget& window, const QSize& size) {
+  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const int edge = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  const QSize frame(2 * edge, title + 2 * edge);
+  window.resize(size.boundedTo(window.screen()->availableSize() - frame));
+}
 
 QByteArray WindowPlace::Save() const {
   return window_.isVisible() ? window_.saveGeometry() : restored_;

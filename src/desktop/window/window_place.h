@@ -5,6 +5,9 @@
 
 namespace sentrel {
 
+/// Gives a window that is not shown yet a size, or what the screen has room for besides its frame.
+void ResizeOnScreen(QWidget& window, const QSize& size);
+
 /// Where the main window is on the screen, and how large, from one run to the next. Used on the
 /// event loop only.
 class WindowPlace {
