@@ -12,7 +12,6 @@ namespace sentrel {
 namespace {
 
 constexpr std::int32_t kLandscape = 2;
-constexpr QMarginsF kMargins{15, 15, 15, 15};  // millimetres
 
 QPageSize CommonPageSize() {
   const bool letter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
@@ -38,7 +37,7 @@ std::optional<bool> PaperOutput::CarryOut(const std::string& method) {
 }
 
 bool PaperOutput::SavePdf() {
-  const QPageLayout paper(CommonPageSize(), OrientationOf(session_.settings), kMargins,
+  const QPageLayout paper(CommonPageSize(), OrientationOf(session_.settings), kPaperMargins,
                           QPageLayout::Millimeter);
   return files_.Save({"PDF file", "pdf"},
                      [this, paper](Progress& progress) { return Job().Pdf(paper, {}, progress); });
@@ -88,7 +87,7 @@ QPrinter& PaperOutput::Printer() {
   printer_->setCreator(QString::fromStdString(LabelsOf(settings).program));
   if (printer_->printerName().isEmpty()) printer_->setPageSize(CommonPageSize());
   printer_->setPageOrientation(OrientationOf(settings));
-  printer_->setPageMargins(kMargins, QPageLayout::Millimeter);
+  printer_->setPageMargins(kPaperMargins, QPageLayout::Millimeter);
   return *printer_;
 }
 

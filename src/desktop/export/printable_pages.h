@@ -13,6 +13,8 @@ namespace sentrel {
 
 /// All lengths on pages are in this many units per inch, whatever device shows or prints them.
 inline constexpr int kPaperDpi = 600;
+/// At the start, in millimetres.
+inline constexpr QMarginsF kPaperMargins{15, 15, 15, 15};
 
 /// Something laid out on sheets of one kind of paper, the same for preview, printer and PDF file.
 /// Never changes. Used on the event loop.

@@ -110,6 +110,7 @@ void HelpWindow::PageChanged(const QUrl& page) {
 void HelpWindow::Print() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(windowTitle());
+  printer.setPageMargins(kPaperMargins, QPageLayout::Millimeter);
   const auto pagesFor = [this](const QPageLayout& paper, Progress&) {
     return std::make_shared<DocumentPages>(*view_->document(), paper);
   };
