@@ -94,9 +94,11 @@ bool Receiver::WaitForDatagrams() const {
 Outcome Receiver::Handle(NotificationParser& parser, const Datagram& datagram) {
   const Outcome outcome = parser.Parse(datagram);
   counters_.SetAnsweredInforms(parser.AnsweredInforms());
+  if (record_.Wants(outcome)) {
+    const auto hint = [&] { return parser.Hint(outcome); };
+    record_.Note(datagram, outcome, hint, parser.PassedVersion3());
+  }
   counters_.Count(outcome);
-  if (record_.Wants(outcome))
-    record_.Note(datagram, outcome, parser.Hint(outcome), parser.PassedVersion3());
   return outcome;
 }
 

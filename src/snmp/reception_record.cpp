@@ -6,13 +6,14 @@
 
 namespace sentrel {
 
-void ReceptionRecord::Note(const Datagram& datagram, Outcome outcome, std::string_view hint,
+void ReceptionRecord::Note(const Datagram& datagram, Outcome outcome,
+                           const std::function<std::string()>& hint,
                            const Version3Message* decrypted) {
   const bool isWatched = MayWatch();
   const bool isRefused = outcome != Outcome::kAccepted && (MayDescribe() || isWatched);
   std::shared_ptr<const SeenDatagram> refused;
   SeenDatagram watched;
-  if (isWatched || isRefused) watched = DescribeDatagram(datagram, outcome, hint, decrypted);
+  if (isWatched || isRefused) watched = DescribeDatagram(datagram, outcome, hint(), decrypted);
   if (isRefused) refused = std::make_shared<const SeenDatagram>(watched);
   const std::lock_guard lock(mutex_);
   last_[static_cast<std::size_t>(outcome)] = {std::chrono::system_clock::now(), datagram.peer};

@@ -4,10 +4,11 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include "common/coarse_clock.h"
@@ -34,7 +35,8 @@ class ReceptionRecord {
   /// For the receiver thread, as all below it until LastOf. One datagram of a batch says enough of
   /// when the last was accepted.
   void NoteAccepted(const Datagram& datagram);
-  void Note(const Datagram& datagram, Outcome outcome, std::string_view hint,
+  /// The hint is asked for where the datagram is read in detail.
+  void Note(const Datagram& datagram, Outcome outcome, const std::function<std::string()>& hint,
             const Version3Message* decrypted);
 
   std::optional<ReceptionMonitor::LastDatagram> LastOf(Outcome outcome) const;

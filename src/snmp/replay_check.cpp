@@ -81,6 +81,12 @@ void ReplayCheck::DropOldDigests(Clock::time_point now) {
   }
 }
 
+std::optional<EngineMoment> ReplayCheck::NewestOf(const EngineId& engine) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = engines_.find(engine);
+  return found == engines_.end() ? std::nullopt : std::optional(found->second.newest);
+}
+
 std::map<ReplayCheck::EngineId, EngineMoment> ReplayCheck::Newest() const {
   const std::lock_guard lock(mutex_);
   std::map<EngineId, EngineMoment> newest;

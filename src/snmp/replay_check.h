@@ -6,6 +6,7 @@
 #include <deque>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_set>
@@ -68,6 +69,8 @@ class ReplayCheck {
   /// Forgets what the engine has told: its next message is fresh, whatever moment it tells.
   void Forget(const EngineId& engine);
 
+  /// The newest moment that the engine has told; nothing where it is not known.
+  std::optional<EngineMoment> NewestOf(const EngineId& engine) const;
   /// The newest moment of every engine but this program's own.
   std::map<EngineId, EngineMoment> Newest() const;
 

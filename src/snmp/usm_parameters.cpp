@@ -46,6 +46,7 @@ std::optional<UsmParameters> ReadUsmParameters(Bytes bytes) {
                        Text(*user),
                        {*boots, *time},
                        {digest->begin(), digest->end()},
+                       {salt->begin(), salt->end()},
                        static_cast<std::size_t>(digest->data() - bytes.data()),
                        bytes.size() - behind.size()};
 }

@@ -19,6 +19,8 @@ struct UsmParameters {
   EngineMoment moment;
   /// msgAuthenticationParameters.
   std::vector<std::uint8_t> digest;
+  /// msgPrivacyParameters.
+  std::vector<std::uint8_t> salt;
   /// Bytes from msgSecurityParameters up to the digest.
   std::size_t digestOffset;
   /// Bytes from msgSecurityParameters up to msgData.

@@ -8,6 +8,7 @@
 #include "snmp/ber.h"
 #include "snmp/engine_state.h"
 #include "snmp/odd_values.h"
+#include "snmp/version3_decryption.h"
 #include "snmp/version3_hint.h"
 
 namespace sentrel {
@@ -134,9 +135,38 @@ Authentication Version3Guard::AuthenticationOf(const UsmParameters& parameters) 
   return user == nullptr ? Authentication::kNone : user->user.authentication;
 }
 
+std::vector<Version3User> Version3Guard::KnownUsers() const {
+  std::vector<Version3User> users = users_.Descriptions();
+  for (KeyedUser& kept : keeper_.Keyed()) users.push_back(std::move(kept.user));
+  return users;
+}
+
+/// Master keys are known of the keeper's users alone.
+std::string Version3Guard::HintOfDecryption(const UsmParameters& parameters) const {
+  for (const KeyedUser& kept : keeper_.Keyed()) {
+    const Version3User& user = kept.user;
+    if (user.name != parameters.user) continue;
+    if (!user.engine.empty() && user.engine != parameters.engine) continue;
+    return HintOfPrivacy(OtherPrivacyOf(kept, parameters, encrypted_), user.privacy);
+  }
+  return "";
+}
+
 std::string Version3Guard::Hint(Outcome outcome) const {
-  if (outcome != Outcome::kWrongDigest || !refused_) return "";
-  return HintOfDigest(refused_->digest.size(), AuthenticationOf(*refused_));
+  if (!refused_) return "";
+  switch (outcome) {
+    case Outcome::kWrongDigest:
+      return HintOfDigest(refused_->digest.size(), AuthenticationOf(*refused_));
+    case Outcome::kNotDecrypted:
+      return HintOfDecryption(*refused_);
+    case Outcome::kUnknownUser:
+    case Outcome::kUnknownEngine:
+      return HintOfUser(refused_->user, KnownUsers());
+    case Outcome::kNotInTimeWindow:
+      return HintOfMoment(refused_->moment, replays_.NewestOf(refused_->engine));
+    default:
+      return "";
+  }
 }
 
 bool Version3Guard::MayAnswer() {
@@ -149,26 +179,33 @@ int Version3Guard::Refuse(Outcome outcome, int error) {
 }
 
 int Version3Guard::Check(snmp_secmod_incoming_params& message) {
-  auto parameters = ReadUsmParameters(Rest(message));
+  const auto parameters = ReadUsmParameters(Rest(message));
   if (!parameters) return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
-  if (const int error = CheckSender(*parameters, message)) {
-    TellLibrary(message, *parameters);
-    refused_ = std::move(parameters);
+  const int error = CheckParameters(*parameters, message);
+  if (error != SNMPERR_SUCCESS) {
+    refused_ = parameters;
+    const auto data = Rest(message).subspan(parameters->length);
+    encrypted_.assign(data.begin(), data.end());
+  }
+  return error;
+}
+
+int Version3Guard::CheckParameters(const UsmParameters& parameters,
+                                   snmp_secmod_incoming_params& message) {
+  if (const int error = CheckSender(parameters, message)) {
+    TellLibrary(message, parameters);
     return error;
   }
-  if (const int error = original_.decode(&message)) {
-    refused_ = std::move(parameters);
-    return error;
-  }
-  if (!SaysTheSame(message, *parameters)) {
+  if (const int error = original_.decode(&message)) return error;
+  if (!SaysTheSame(message, parameters)) {
     return Refuse(Outcome::kMalformed, SNMPERR_USM_PARSEERROR);
   }
-  const bool isKept = KeepMessage(message, parameters->user);
+  const bool isKept = KeepMessage(message, parameters.user);
   if (!isKept && message.secLevel == SNMP_SEC_LEVEL_AUTHPRIV) {
     return Refuse(Outcome::kNotDecrypted, SNMPERR_USM_DECRYPTIONERROR);
   }
   if (message.secLevel != SNMP_SEC_LEVEL_NOAUTH) {
-    authentic_ = std::move(parameters);
+    authentic_ = parameters;
     if (const int error = CheckFreshness()) return error;
   }
   passed_ = isKept;

@@ -85,14 +85,18 @@ class Version3Guard {
                      int error, netsnmp_pdu* pdu);
 
   int Check(snmp_secmod_incoming_params& message);
+  int CheckParameters(const UsmParameters& parameters, snmp_secmod_incoming_params& message);
   int CheckSender(const UsmParameters& parameters, const snmp_secmod_incoming_params& message);
   int CheckLevel(SecurityLevel least, int level);
   /// Of the keeper's users.
   int CheckKeptUser(const UsmParameters& parameters, const snmp_secmod_incoming_params& message);
   int TryAnyEngine(const KeyedUser& user, const UsmParameters& parameters,
                    const snmp_secmod_incoming_params& message);
+  /// From the files and from the keeper.
+  std::vector<Version3User> KnownUsers() const;
   /// Of the user whom the message names.
   Authentication AuthenticationOf(const UsmParameters& parameters) const;
+  std::string HintOfDecryption(const UsmParameters& parameters) const;
   void Lend(const LocalizedUsers::Entry& entry);
   int CheckFreshness();
   bool KeepMessage(const snmp_secmod_incoming_params& message, const std::string& user);
@@ -115,6 +119,8 @@ class Version3Guard {
   bool repeated_ = false;
   /// Where it was refused for what is in there.
   std::optional<UsmParameters> refused_;
+  /// Its msgData.
+  std::vector<std::uint8_t> encrypted_;
   /// Until the next message, as the answer to an inform needs the keys too.
   std::optional<LentUser> lent_;
   /// Of the user that is lent, as people have told it.

@@ -110,16 +110,17 @@ TEST(DescribeDatagram, SaysWhatABrokenOrForeignDatagramLooksLike) {
 
 TEST(ReceptionRecord, AFloodIsRememberedInSamplesAndInBoundedMemory) {
   ReceptionRecord record;
+  const auto noHint = [] { return std::string(); };
   const std::string bytes = "x";
   for (std::uint32_t i = 0; i < 100'000; ++i) {
     const Datagram datagram{ber::BytesOf(bytes), PeerOf(i, 162)};
-    record.Note(datagram, Outcome::kNotSnmp, "", nullptr);
+    record.Note(datagram, Outcome::kNotSnmp, noHint, nullptr);
   }
   EXPECT_EQ(record.Refused().size(), ReceptionMonitor::kMostRefused);
   EXPECT_EQ(record.LastOf(Outcome::kNotSnmp)->sender, "0.1.134.159") << "is exact all the same";
   record.SetWatching(true);
   for (std::size_t i = 0; i < ReceptionRecord::kMostWatched + 10; ++i) {
-    record.Note({ber::BytesOf(bytes), PeerOf(1, 1)}, Outcome::kAccepted, "", nullptr);
+    record.Note({ber::BytesOf(bytes), PeerOf(1, 1)}, Outcome::kAccepted, noHint, nullptr);
   }
   EXPECT_EQ(record.MissedByWatch(), 10U);
   const auto watched = record.TakeWatched();

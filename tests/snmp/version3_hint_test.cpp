@@ -18,5 +18,22 @@ TEST(Version3HintTest, TheLengthOfADigestTellsTheProtocol) {
   EXPECT_EQ(HintOfDigest(12, Authentication::kNone), "");
 }
 
+TEST(Version3HintTest, KnownUsersTellWhatIsOtherwise) {
+  Version3User fixed;
+  fixed.name = "Ops";
+  fixed.engine = "\x80\x01\x02\x03\xff";
+  const std::vector<Version3User> known = {fixed};
+  EXPECT_EQ(HintOfUser("Ops", known), "This user is known for the engine 0x80010203ff alone.");
+  EXPECT_EQ(HintOfUser("ops", known), "A user \"Ops\" is known: case counts.");
+  EXPECT_EQ(HintOfUser("other", known), "");
+}
+
+TEST(Version3HintTest, MomentsAreToldInPlainWords) {
+  EXPECT_EQ(HintOfMoment({4, 10}, EngineMoment{5, 1'000}),
+            "It says start 4, second 10; this engine has been heard at start 5, second 1000.");
+  EXPECT_EQ(HintOfMoment({4, 10}, std::nullopt), "");
+  EXPECT_NE(HintOfMoment({ReplayCheck::kMostBoots, 10}, std::nullopt), "");
+}
+
 }  // namespace
 }  // namespace sentrel::test

@@ -111,11 +111,43 @@ TEST_F(Version3UsersTest, OnlyARightDigestIsLearnedFrom) {
   ExpectOf(Outcome::kAccepted, At("5,1002", Arguments("any", kEngine)));
 }
 
+TEST_F(Version3UsersTest, ARefusalTellsWhatIsOtherwise) {
+  Start();
+  const std::string right = "The passphrase is right: the message can be read as ";
+  const struct {
+    Privacy ofUser;
+    const char* sentAs;
+    std::string hint;
+  } cases[] = {
+      {Privacy::kAes256C, "AES-256",
+       right + "AES-256, and the user is set to AES-256-C, which makes its key otherwise."},
+      {Privacy::kAes192, "AES-256-C",
+       right + "AES-256-C, and the user is set to AES-192, which makes its key otherwise."},
+      {Privacy::kDes, "AES", right + "AES, and the user is set to DES."},
+      {Privacy::kAes128, "DES", right + "DES, and the user is set to AES."},
+  };
+  const auto lastHint = [&] { return Listener().Refused().front().hint; };
+  for (const auto& c : cases) {
+    Store().Replace({EntryFor("any", Authentication::kSha1, c.ofUser)});
+    ExpectOf(Outcome::kNotDecrypted, Arguments("any", kEngine, "SHA", c.sentAs));
+    EXPECT_EQ(lastHint(), c.hint);
+  }
+  auto entry = EntryFor("fixed", Authentication::kSha1, Privacy::kAes128, kEngineBytes);
+  entry.privPassphrase = "another-phrase";
+  Store().Replace({entry});
+  ExpectOf(Outcome::kNotDecrypted, Arguments("fixed", kEngine, "SHA", "AES"));
+  EXPECT_EQ(lastHint(), "");
+  ExpectOf(Outcome::kUnknownEngine, Arguments("fixed", kOther, "SHA", "AES"));
+  EXPECT_EQ(lastHint(), "This user is known for the engine " + kEngine + " alone.");
+}
+
 TEST_F(Version3UsersTest, AnEngineThatIsForgottenBeginsAnew) {
   Start();
   Store().Replace({EntryFor("any", Authentication::kSha1)});
   ExpectOf(Outcome::kAccepted, At("9,1000", Arguments("any", kEngine)));
   ExpectOf(Outcome::kNotInTimeWindow, At("1,5", Arguments("any", kEngine)));
+  EXPECT_EQ(Listener().Refused().front().hint,
+            "It says start 1, second 5; this engine has been heard at start 9, second 1000.");
   Store().ForgetEngine(kEngineBytes);
   ExpectOf(Outcome::kAccepted, At("1,6", Arguments("any", kEngine)));
 }
