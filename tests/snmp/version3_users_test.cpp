@@ -58,26 +58,32 @@ class Version3UsersTest : public ListenerTest {
   }
 };
 
-TEST_F(Version3UsersTest, EveryPairOfProtocolsPassesFromAnyEngine) {
-  Start();
-  const std::vector<std::pair<std::string, Authentication>> digests = {
-      {"MD5", Authentication::kMd5},        {"SHA", Authentication::kSha1},
-      {"SHA-224", Authentication::kSha224}, {"SHA-256", Authentication::kSha256},
-      {"SHA-384", Authentication::kSha384}, {"SHA-512", Authentication::kSha512}};
-  const std::vector<std::pair<std::string, Privacy>> ciphers = {
-      {"DES", Privacy::kDes},           {"AES", Privacy::kAes128},
-      {"AES-192", Privacy::kAes192},    {"AES-256", Privacy::kAes256},
-      {"AES-192-C", Privacy::kAes192C}, {"AES-256-C", Privacy::kAes256C}};
+const std::vector<std::pair<std::string, Authentication>> kDigests = {
+    {"MD5", Authentication::kMd5},        {"SHA", Authentication::kSha1},
+    {"SHA-224", Authentication::kSha224}, {"SHA-256", Authentication::kSha256},
+    {"SHA-384", Authentication::kSha384}, {"SHA-512", Authentication::kSha512}};
+const std::vector<std::pair<std::string, Privacy>> kCiphers = {
+    {"DES", Privacy::kDes},           {"AES", Privacy::kAes128},
+    {"AES-192", Privacy::kAes192},    {"AES-256", Privacy::kAes256},
+    {"AES-192-C", Privacy::kAes192C}, {"AES-256-C", Privacy::kAes256C}};
+
+/// A user of any engine for each pair, with the name of the pair.
+std::vector<Version3UserEntry> UsersOfEveryPair() {
   std::vector<Version3UserEntry> entries;
-  for (const auto& [digest, authentication] : digests) {
-    for (const auto& [cipher, privacy] : ciphers) {
+  for (const auto& [digest, authentication] : kDigests) {
+    for (const auto& [cipher, privacy] : kCiphers) {
       entries.push_back(EntryFor(std::string(digest).append(cipher), authentication, privacy));
     }
   }
-  Store().Replace(entries);
+  return entries;
+}
+
+TEST_F(Version3UsersTest, EveryPairOfProtocolsPassesFromAnyEngine) {
+  Start();
+  Store().Replace(UsersOfEveryPair());
   std::size_t arrived = 0;
-  for (const auto& [digest, authentication] : digests) {
-    for (const auto& [cipher, privacy] : ciphers) {
+  for (const auto& [digest, authentication] : kDigests) {
+    for (const auto& [cipher, privacy] : kCiphers) {
       const std::string user = std::string(digest).append(cipher);
       EXPECT_EQ(Send(SNMPTRAP, Arguments(user, kEngine, digest, cipher)), 0) << user;
       EXPECT_TRUE(WaitForTraps(++arrived)) << user;
@@ -85,6 +91,25 @@ TEST_F(Version3UsersTest, EveryPairOfProtocolsPassesFromAnyEngine) {
   }
   EXPECT_EQ(Send(SNMPINFORM, Arguments("SHA-256AES-256", "", "SHA-256", "AES-256")), 0);
   EXPECT_TRUE(WaitForTraps(++arrived));
+}
+
+/// It makes the keys by itself, also the longer ones of AES.
+TEST_F(Version3UsersTest, EveryPairOfASenderOfAnotherMakePasses) {
+  Start();
+  const auto users = UsersOfEveryPair();
+  Store().Replace(users);
+  QProcess sender;
+  sender.setProcessChannelMode(QProcess::ForwardedChannels);
+  sender.start(PYTHON3, {PYSNMP_SENDER, QString::number(Listener().Port()),
+                         QString::fromStdString(kPhrase), QString::fromStdString(kPrivPhrase)});
+  EXPECT_TRUE(WaitForTraps(users.size()));
+  EXPECT_TRUE(sender.waitForFinished());
+  EXPECT_EQ(sender.exitCode(), 0);
+  std::vector<std::string> senders;
+  for (const Trap& trap : traps_) senders.push_back(trap.Community);
+  std::vector<std::string> names;
+  for (const auto& entry : users) names.push_back(entry.user.name);
+  EXPECT_EQ(senders, names);
 }
 
 TEST_F(Version3UsersTest, OnlyARightDigestIsLearnedFrom) {
