@@ -11,7 +11,14 @@
 namespace sentrel::bench {
 namespace {
 
-const std::string kEngine = "0x8000000001020304";
+const std::string kAuthPhrase = "auth-pass-phrase";
+const std::string kPrivPhrase = "priv-pass-phrase";
+
+std::string EngineOf(std::uint32_t number) {
+  char hex[32];
+  std::snprintf(hex, sizeof hex, "0x8000000001%08x", number);
+  return hex;
+}
 
 /// A socket that nothing answers on, and its port.
 int Catcher(std::uint16_t& port) {
@@ -30,19 +37,26 @@ int Catcher(std::uint16_t& port) {
 
 }  // namespace
 
-std::string GenuineUser() {
-  return "createUser -e " + kEngine + " ann SHA-256 auth-pass-phrase AES priv-pass-phrase\n";
+Version3UserEntry GenuineUser() {
+  Version3UserEntry entry;
+  entry.user.name = "ann";
+  entry.user.authentication = Authentication::kSha256;
+  entry.user.privacy = Privacy::kAes128;
+  entry.authPassphrase = kAuthPhrase;
+  entry.privPassphrase = kPrivPhrase;
+  return entry;
 }
 
-Datagrams GenuineVersion3(std::uint32_t count) {
+Datagrams GenuineVersion3(std::uint32_t count, Engines engines) {
   std::uint16_t port = 0;
   const int catcher = Catcher(port);
   Datagrams traps;
   for (std::uint32_t i = 1; i <= count; ++i) {
     const std::string command =
-        "MIBS= snmptrap -v3 -e " + kEngine + " -Z 1," + std::to_string(i) +
-        " -u ann -l authPriv -a SHA-256 -A auth-pass-phrase -x AES -X priv-pass-phrase localhost:" +
-        std::to_string(port) + " 1 1.3.6.1.6.3.1.1.5.3 1.3.6.1.2.1.2.2.1.1.7 i 7";
+        "MIBS= snmptrap -v3 -e " + EngineOf(engines == Engines::One ? 0 : i) + " -Z 1," +
+        std::to_string(i) + " -u ann -l authPriv -a SHA-256 -A " + kAuthPhrase + " -x AES -X " +
+        kPrivPhrase + " localhost:" + std::to_string(port) +
+        " 1 1.3.6.1.6.3.1.1.5.3 1.3.6.1.2.1.2.2.1.1.7 i 7";
     if (std::system(command.c_str()) != 0) {
       std::fprintf(stderr, "snmptrap is missing or fails\n");
       std::exit(1);

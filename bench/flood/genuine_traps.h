@@ -4,14 +4,17 @@
 #include <string>
 
 #include "datagrams.h"
+#include "platform/version3_user_store.h"
 
 namespace sentrel::bench {
 
-/// The line of sentrel.conf that lets the version 3 traps in.
-std::string GenuineUser();
+/// The user of the traps, of any engine.
+Version3UserEntry GenuineUser();
 
-/// So many traps of a version 3 user, signed and encrypted by snmptrap, each later than the one
-/// before. Ends the program where snmptrap is not installed.
-Datagrams GenuineVersion3(std::uint32_t count);
+enum class Engines { One, OneForEach };
+
+/// So many traps of the user, signed and encrypted by snmptrap, each later than the one before.
+/// Ends the program where snmptrap is not installed.
+Datagrams GenuineVersion3(std::uint32_t count, Engines engines);
 
 }  // namespace sentrel::bench

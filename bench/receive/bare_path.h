@@ -24,6 +24,7 @@ class BarePath {
   BarePath& operator=(const BarePath&) = delete;
 
   std::uint16_t Port() const { return listener_.Port(); }
+  Version3UserStore& Users() { return listener_.Version3UsersKept(); }
   std::uint64_t Accepted() const { return listener_.Counters().Of(Outcome::kAccepted); }
   /// Waits until nothing more arrives.
   void Settle() const;
