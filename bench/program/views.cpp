@@ -36,13 +36,20 @@ struct FilledTable {
   }
   void AddTrap(int lines) {
     table.SetRedraw(0);
-    table.AddItem([this, lines] { return Content(lines); }, 1);
+    table.AddItem(std::make_shared<Row>(*this, lines), 1);
     while (table.Rows() > kMostTraps + 1) table.RemoveItem(kMostTraps + 1);
     table.SetRedraw(1);
   }
   void AddTraps(int count) {
     for (int i = 0; i < count; ++i) AddTrap(1 + i % kMostLinesOfRow);
   }
+  struct Row : RowSource {
+    Row(FilledTable& owner, int count) : table(owner), lines(count) {}
+    RowContent Make() const override { return table.Content(lines); }
+
+    FilledTable& table;
+    const int lines;
+  };
   RowContent Content(int lines) {
     ++made;
     std::string details = "ifOperStatus.1 = down(2)";

@@ -1,6 +1,7 @@
 #include "console/trap_rows.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "common/dates.h"
@@ -8,6 +9,7 @@
 #include "common/text.h"
 #include "common/visible_text.h"
 #include "console/row_record.h"
+#include "console/trap_row.h"
 #include "console/trap_texts.h"
 
 namespace sentrel {
@@ -31,6 +33,19 @@ class PaintingPause {
 
 }  // namespace
 
+/// As the options were when the trap arrived.
+class TrapRows::Row : public TrapRow {
+ public:
+  Row(const TrapRows& rows, const ArrivedTrap& trap, const LocalTime& arrival, bool raw)
+      : TrapRow(trap), rows_(rows), arrival_(arrival), raw_(raw) {}
+  RowContent Make() const override { return rows_.Content(Trap(), arrival_, raw_); }
+
+ private:
+  const TrapRows& rows_;
+  const LocalTime arrival_;
+  const bool raw_;
+};
+
 TrapRows::TrapRows(const Settings& settings, Table& table, const MainWindow& window,
                    const Clock& clock, const Locale& locale, OidLookup& lookup, TrapLog& log)
     : settings_(settings),
@@ -47,8 +62,7 @@ void TrapRows::AddTrap(const ArrivedTrap& trap) {
   const bool raw = settings_.Raw();
   selection_.KeepTableSelection(kOneRowDown, Restore::No);
   if (settings_.LoggingEnabled()) Log(trap, raw);
-  table_.AddItem([this, trap, arrival = clock_.Now(), raw] { return Content(trap, arrival, raw); },
-                 kNewest);
+  table_.AddItem(std::make_shared<Row>(*this, trap, clock_.Now(), raw), kNewest);
   while (table_.Rows() > kMostTraps + 1) table_.RemoveItem(table_.Rows() - 1);
   selection_.KeepTableSelection(kSameRow, Restore::Yes);
 }

@@ -27,10 +27,11 @@ class TrapRows {
   /// afterwards, also after a failure.
   /// Row and log show every character (VisibleText); the row's data keeps what came.
   /// What the row shows is worked out when it is first looked at, raw or decoded as Settings.Raw
-  /// is now.
+  /// is now. The row keeps the trap as it came (TrapOf).
   void AddTrap(const ArrivedTrap& trap);
 
  private:
+  class Row;
   void Log(const ArrivedTrap& trap, bool raw);
   RowContent Content(const ArrivedTrap& arrived, const LocalTime& arrival, bool raw) const;
   int HeightFor(const std::string& summaryText) const;

@@ -152,9 +152,10 @@ void Table::AddItem(const std::string& text, int index) {
   Insert(std::move(row), index);
 }
 
-void Table::AddItem(RowMaker make, int index) {
+void Table::AddItem(std::shared_ptr<const RowSource> source, int index) {
   TableRow row;
-  row.make = std::move(make);
+  row.source = std::move(source);
+  row.isMade = false;
   Insert(std::move(row), index);
 }
 
@@ -183,8 +184,8 @@ const Table::TableRow& Table::RowAt(int row) const {
 
 const RowContent& Table::ContentAt(int row) const {
   const TableRow& found = RowAt(row);
-  if (const RowMaker make = std::exchange(found.make, nullptr)) {
-    Attempt([&] { found.content = make(); });
+  if (!std::exchange(found.isMade, true)) {
+    Attempt([&] { found.content = found.source->Make(); });
     found.content.cells.resize(columns_.size());
   }
   return found.content;

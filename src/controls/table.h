@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <deque>
-#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -53,9 +53,14 @@ struct RowContent {
   int height = 0;
 };
 
-/// Makes what a row holds. Runs at most once, on the event loop, and must not touch the table; a
-/// failure leaves the row empty.
-using RowMaker = std::function<RowContent()>;
+/// What a row is made of. Used on the event loop only.
+class RowSource {
+ public:
+  virtual ~RowSource() = default;
+  /// What the row holds. Called at most once; must not touch the table. A failure leaves the row
+  /// empty.
+  virtual RowContent Make() const = 0;
+};
 
 /// A grid of texts whose row 0 is the header. It holds rows, sizes and the selection, and knows no
 /// toolkit: a view paints from it. Used on the event loop only.
@@ -135,15 +140,17 @@ class Table {
   void AddItem(const std::string& text, int index);
   /// Inserts a row at the index, 1 to Rows(), that is made when something of it is first asked for:
   /// in a storm most rows fall out before anyone has seen them.
-  void AddItem(RowMaker make, int index);
+  void AddItem(std::shared_ptr<const RowSource> source, int index);
+  /// What the row was added with; null for a row of texts.
+  const std::shared_ptr<const RowSource>& Source(int row) const { return RowAt(row).source; }
   /// Removes the row at the index, 1 to Rows() - 1; the rows below move up by one, and with them
   /// the ends of the selection that lie there.
   void RemoveItem(int index);
 
  private:
   struct TableRow {
-    /// Empty once the content is made.
-    mutable RowMaker make;
+    std::shared_ptr<const RowSource> source;
+    mutable bool isMade = true;
     mutable RowContent content;
     std::uint64_t version = 0;
   };

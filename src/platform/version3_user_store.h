@@ -5,10 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace sentrel {
+#include "trap/security_level.h"
 
-/// How a version 3 message is protected (RFC 3411, section 3.4.3).
-enum class SecurityLevel { kNoAuthNoPriv = 1, kAuthNoPriv = 2, kAuthPriv = 3 };
+namespace sentrel {
 
 /// RFC 3414 and RFC 7860.
 enum class Authentication { kNone, kMd5, kSha1, kSha224, kSha256, kSha384, kSha512 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <span>
 
@@ -11,6 +12,8 @@ namespace sentrel {
 struct Datagram {
   std::span<const std::uint8_t> bytes;
   Peer peer;
+  /// By the clock of the system, which takes the time when the datagram comes in.
+  std::chrono::sys_time<std::chrono::nanoseconds> receivedAt{};
 };
 
 }  // namespace sentrel

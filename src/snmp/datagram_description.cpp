@@ -29,7 +29,7 @@ std::string NotificationOf(Bytes encodedPdu, const Peer& peer) {
   const auto pdu = ReadPdu(encodedPdu);
   if (!pdu) return "";
   ArrivedTrap arrived;
-  AssignTrap(*pdu, peer, "", arrived);
+  AssignTrap(*pdu, peer, "", encodedPdu, {}, arrived);
   Trap trap;
   arrived.Read(trap);
   const auto found = std::ranges::find(trap.OIDs, kTrapOid);
@@ -171,7 +171,7 @@ SeenDatagram DescribeDatagram(const Datagram& datagram, Outcome outcome, std::st
     Bytes pdu;
     if (frame.version == MessageFrame::kVersion3) {
       pdu = PduInClear(DescribeVersion3(frame.behindVersion, seen));
-      if (decrypted != nullptr) pdu = decrypted->pdu;
+      if (decrypted != nullptr) pdu = decrypted->Pdu();
     } else if (const auto community = ber::TakeElement(frame.behindVersion)) {
       seen.community = OctetText(community->content);
       pdu = frame.behindVersion;

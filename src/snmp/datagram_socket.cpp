@@ -4,6 +4,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstring>
 
 namespace sentrel {
@@ -12,8 +13,8 @@ namespace {
 /// Room for the largest datagram, and a little more: were it a power of two, the beginnings of all
 /// slots would compete for the same lines of the processor's cache.
 constexpr std::size_t kSlot = 65'536 + 320;
-constexpr std::size_t kControl =
-    CMSG_SPACE(sizeof(std::uint32_t)) + CMSG_SPACE(sizeof(in6_pktinfo));
+constexpr std::size_t kControl = CMSG_SPACE(sizeof(timespec)) + CMSG_SPACE(sizeof(std::uint32_t)) +
+                                 CMSG_SPACE(sizeof(in6_pktinfo));
 /// Of a socket's buffer the system takes this much for a small datagram.
 constexpr std::size_t kSmallDatagram = 1'280;
 
@@ -27,6 +28,7 @@ void Prepare(int socket, int bufferBytes) {
     SetOption(socket, SOL_SOCKET, SO_RCVBUF, bufferBytes);
   }
   SetOption(socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
+  SetOption(socket, SOL_SOCKET, SO_TIMESTAMPNS, 1);
   // Where the socket has both families, this tells of IPv4 too.
   if (!SetOption(socket, IPPROTO_IPV6, IPV6_RECVPKTINFO, 1)) {
     SetOption(socket, IPPROTO_IP, IP_PKTINFO, 1);
@@ -38,6 +40,11 @@ T Payload(const cmsghdr& header) {
   T value;
   std::memcpy(&value, CMSG_DATA(&header), sizeof value);
   return value;
+}
+
+std::chrono::sys_time<std::chrono::nanoseconds> TimeOf(const timespec& stamp) {
+  return std::chrono::sys_time<std::chrono::nanoseconds>(std::chrono::seconds(stamp.tv_sec) +
+                                                         std::chrono::nanoseconds(stamp.tv_nsec));
 }
 
 template <typename T>
@@ -111,7 +118,7 @@ std::span<const Datagram> DatagramSocket::ReadBatch() {
     datagram.bytes = {slots_->bytes[i].data(), received.msg_len};
     datagram.peer.remote = slots_->remotes[i];
     datagram.peer.remoteLength = received.msg_hdr.msg_namelen;
-    TakeControl(received.msg_hdr, datagram.peer);
+    TakeControl(received.msg_hdr, datagram);
   }
   return batch_;
 }
@@ -123,13 +130,17 @@ void DatagramSocket::Shut() {
   setsockopt(descriptor_, SOL_SOCKET, SO_ATTACH_FILTER, &program, sizeof program);
 }
 
-void DatagramSocket::TakeControl(const msghdr& message, Peer& peer) {
+void DatagramSocket::TakeControl(const msghdr& message, Datagram& datagram) {
+  Peer& peer = datagram.peer;
   peer.localLength = 0;
+  datagram.receivedAt = {};
   auto* whole = const_cast<msghdr*>(&message);
   for (cmsghdr* header = CMSG_FIRSTHDR(whole); header != nullptr;
        header = CMSG_NXTHDR(whole, header)) {
     if (header->cmsg_level == SOL_SOCKET && header->cmsg_type == SO_RXQ_OVFL) {
       systemDrops_ = Payload<std::uint32_t>(*header);
+    } else if (header->cmsg_level == SOL_SOCKET && header->cmsg_type == SCM_TIMESTAMPNS) {
+      datagram.receivedAt = TimeOf(Payload<timespec>(*header));
     } else if (header->cmsg_level == IPPROTO_IPV6 && header->cmsg_type == IPV6_PKTINFO) {
       auto info = Payload<in6_pktinfo>(*header);
       info.ipi6_ifindex = 0;
@@ -140,6 +151,8 @@ void DatagramSocket::TakeControl(const msghdr& message, Peer& peer) {
       StoreLocal(IPPROTO_IP, IP_PKTINFO, info, peer);
     }
   }
+  const bool isStamped = datagram.receivedAt.time_since_epoch().count() != 0;
+  if (!isStamped) datagram.receivedAt = std::chrono::system_clock::now();
 }
 
 bool DatagramSocket::Send(const Peer& peer, std::span<const std::uint8_t> bytes) const {

@@ -47,7 +47,7 @@ class DatagramSocket {
 
  private:
   struct Slots;
-  void TakeControl(const msghdr& message, Peer& peer);
+  void TakeControl(const msghdr& message, Datagram& datagram);
 
   const int descriptor_;
   std::unique_ptr<Slots> slots_;

@@ -24,16 +24,22 @@ Outcome NotificationParser::Parse(const Datagram& datagram) {
   const Outcome framed = ReadFrame(datagram.bytes, frame);
   if (framed != Outcome::kAccepted) return framed;
   if (frame.version == MessageFrame::kVersion3) {
-    return ParseVersion3({.bytes = frame.whole, .peer = datagram.peer});
+    return ParseVersion3(
+        {.bytes = frame.whole, .peer = datagram.peer, .receivedAt = datagram.receivedAt});
   }
   CommunityMessage message;
   const Outcome read = ReadCommunityMessage(frame, message);
-  return read == Outcome::kAccepted ? TakeCommunityMessage(message, datagram.peer) : read;
+  return read == Outcome::kAccepted ? TakeCommunityMessage(frame, message, datagram) : read;
 }
 
-Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message,
-                                                 const Peer& peer) {
-  AssignTrap(message.pdu, peer, OctetText(message.community), trap_);
+Outcome NotificationParser::TakeCommunityMessage(const MessageFrame& frame,
+                                                 const CommunityMessage& message,
+                                                 const Datagram& datagram) {
+  const Peer& peer = datagram.peer;
+  const TrapEnvelope envelope{.version = static_cast<SnmpVersion>(frame.version),
+                              .level = SecurityLevel::kNoAuthNoPriv,
+                              .receivedAt = datagram.receivedAt};
+  AssignTrap(message.pdu, peer, OctetText(message.community), message.whole, envelope, trap_);
   if (!message.pdu.IsInform()) return HandOn(sink_, trap_);
   const InformIdentity identity{.peer = peer,
                                 .engine = {},
@@ -48,17 +54,20 @@ Outcome NotificationParser::TakeCommunityMessage(const CommunityMessage& message
 }
 
 Outcome NotificationParser::ParseVersion3(const Datagram& datagram) {
-  peer_ = &datagram.peer;
+  datagram_ = &datagram;
   isVersion3_ = true;
   return session_.Parse(datagram);
 }
 
 Outcome NotificationParser::TakeVersion3Message(const Version3Message& message,
                                                 netsnmp_pdu* answerable) {
-  const auto pdu = ReadPdu(message.pdu);
+  const auto pdu = ReadPdu(message.Pdu());
   if (!pdu || pdu->tag == ber::kTrapV1) return Outcome::kUnsupportedPdu;
-  AssignTrap(*pdu, *peer_, OctetText(ber::BytesOf(message.user)), trap_);
-  const InformIdentity identity{.peer = *peer_,
+  const TrapEnvelope envelope{
+      .version = SnmpVersion::k3, .level = message.level, .receivedAt = datagram_->receivedAt};
+  AssignTrap(*pdu, datagram_->peer, OctetText(ber::BytesOf(message.user)), message.scopedPdu,
+             envelope, trap_);
+  const InformIdentity identity{.peer = datagram_->peer,
                                 .engine = message.contextEngine,
                                 .user = message.user,
                                 .requestId = ber::TextOf(pdu->requestId),

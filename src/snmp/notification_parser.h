@@ -33,7 +33,8 @@ class NotificationParser {
   }
 
  private:
-  Outcome TakeCommunityMessage(const CommunityMessage& message, const Peer& peer);
+  Outcome TakeCommunityMessage(const MessageFrame& frame, const CommunityMessage& message,
+                               const Datagram& datagram);
   Outcome ParseVersion3(const Datagram& datagram);
   Outcome TakeVersion3Message(const Version3Message& message, netsnmp_pdu* answerable);
 
@@ -42,7 +43,7 @@ class NotificationParser {
   const AnswerSender reply_;
   Version3Session session_;
   /// Of the version 3 message in hand.
-  const Peer* peer_ = nullptr;
+  const Datagram* datagram_ = nullptr;
   /// Whether the last datagram was one.
   bool isVersion3_ = false;
   ArrivedTrap trap_;

@@ -53,11 +53,15 @@ std::optional<NotificationPdu> ReadPdu(std::span<const std::uint8_t> pdu) {
 }
 
 void AssignTrap(const NotificationPdu& pdu, const Peer& peer, std::string_view community,
-                ArrivedTrap& trap) {
+                Bytes message, const TrapEnvelope& envelope, ArrivedTrap& trap) {
   std::string sourceAddress;
   AddressText(peer, sourceAddress);
-  trap.Assign(sourceAddress, community, ber::TextOf(pdu.bindings),
-              pdu.tag == ber::kTrapV1 ? &ReadVersion1Pdu : &ReadBindings);
+  trap.Assign({.sourceAddress = sourceAddress,
+               .community = community,
+               .message = ber::TextOf(message),
+               .bindings = ber::TextOf(pdu.bindings),
+               .readBindings = pdu.tag == ber::kTrapV1 ? &ReadVersion1Pdu : &ReadBindings,
+               .envelope = envelope});
 }
 
 }  // namespace sentrel

@@ -31,9 +31,9 @@ struct NotificationPdu {
 /// they are not looked at.
 std::optional<NotificationPdu> ReadPdu(std::span<const std::uint8_t> pdu);
 
-/// Makes the trap of a notification, using its memory again. The community is a text already; the
-/// security name in version 3.
+/// Makes the trap of a notification, using its memory again. The PDU points into the message
+/// (ReceivedMessage); the community is a text already, the security name in version 3.
 void AssignTrap(const NotificationPdu& pdu, const Peer& peer, std::string_view community,
-                ArrivedTrap& trap);
+                ber::Bytes message, const TrapEnvelope& envelope, ArrivedTrap& trap);
 
 }  // namespace sentrel

@@ -273,8 +273,10 @@ bool Version3Guard::KeepMessage(const snmp_secmod_incoming_params& message,
   if (!engine || !ber::TakeContent(ber::kOctets, *scoped)) return false;
   message_.user = user;
   message_.contextEngine = ber::TextOf(*engine);
-  message_.pdu.assign(scoped->begin(), scoped->end());
-  u_char* const begin = *message.scopedPdu + (scoped->data() - *message.scopedPdu);
+  message_.level = static_cast<SecurityLevel>(message.secLevel);
+  message_.pduOffset = scoped->data() - *message.scopedPdu;
+  u_char* const begin = *message.scopedPdu + message_.pduOffset;
+  message_.scopedPdu.assign(*message.scopedPdu, begin + scoped->size());
   NeutralizeOddValues({begin, scoped->size()});
   return true;
 }

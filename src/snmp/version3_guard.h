@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "snmp/answer_limit.h"
+#include "snmp/ber.h"
 #include "snmp/datagram.h"
 #include "snmp/listener_counters.h"
 #include "snmp/localized_users.h"
@@ -22,8 +23,14 @@ namespace sentrel {
 struct Version3Message {
   std::string user;
   std::string contextEngine;
-  /// The PDU in clear, with bytes of no meaning behind it.
-  std::vector<std::uint8_t> pdu;
+  SecurityLevel level = SecurityLevel::kNoAuthNoPriv;
+  /// In clear, from its tag to its end (RFC 3412, section 6).
+  std::vector<std::uint8_t> scopedPdu;
+  /// Where in it the PDU begins.
+  std::size_t pduOffset = 0;
+
+  /// The PDU, with bytes of no meaning behind it.
+  ber::Bytes Pdu() const { return ber::Bytes(scopedPdu).subspan(pduOffset); }
 };
 
 /// Stands before and behind the SNMP library's security model (USM, RFC 3414), which decrypts and

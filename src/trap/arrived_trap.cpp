@@ -6,13 +6,16 @@ namespace sentrel {
 
 ArrivedTrap::ArrivedTrap(Trap read) : read_(std::make_shared<Trap>(std::move(read))) {}
 
-void ArrivedTrap::Assign(std::string_view sourceAddress, std::string_view community,
-                         std::string_view bindings, BindingReader readBindings) {
+void ArrivedTrap::Assign(const ReceivedMessage& received) {
+  const auto narrow = [](std::size_t size) { return static_cast<std::uint32_t>(size); };
   read_.reset();
-  text_.assign(sourceAddress).append(community).append(bindings);
-  communityAt_ = static_cast<std::uint32_t>(sourceAddress.size());
-  bindingsAt_ = static_cast<std::uint32_t>(communityAt_ + community.size());
-  readBindings_ = readBindings;
+  text_.assign(received.sourceAddress).append(received.community).append(received.message);
+  communityAt_ = narrow(received.sourceAddress.size());
+  messageAt_ = communityAt_ + narrow(received.community.size());
+  bindingsAt_ = messageAt_ + narrow(received.bindings.data() - received.message.data());
+  bindingsSize_ = narrow(received.bindings.size());
+  readBindings_ = received.readBindings;
+  envelope_ = received.envelope;
 }
 
 std::string_view ArrivedTrap::SourceAddress() const {
@@ -21,7 +24,11 @@ std::string_view ArrivedTrap::SourceAddress() const {
 
 std::string_view ArrivedTrap::Community() const {
   return read_ ? read_->Community
-               : std::string_view(text_).substr(communityAt_, bindingsAt_ - communityAt_);
+               : std::string_view(text_).substr(communityAt_, messageAt_ - communityAt_);
+}
+
+std::string_view ArrivedTrap::Message() const {
+  return std::string_view(text_).substr(messageAt_);
 }
 
 void ArrivedTrap::Read(Trap& trap) const {
@@ -31,7 +38,7 @@ void ArrivedTrap::Read(Trap& trap) const {
   }
   trap.SourceAddress = SourceAddress();
   trap.Community = Community();
-  readBindings_(std::string_view(text_).substr(bindingsAt_), trap);
+  readBindings_(std::string_view(text_).substr(bindingsAt_, bindingsSize_), trap);
 }
 
 std::size_t ArrivedTrap::Memory() const {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "common/failure.h"
 
 namespace sentrel {
@@ -14,6 +16,15 @@ class MockObserver : public TableObserver {
   MOCK_METHOD(void, RowInserted, (int), (override));
   MOCK_METHOD(void, RowRemoved, (int), (override));
   MOCK_METHOD(void, TableChanged, (), (override));
+};
+
+class MadeRow : public RowSource {
+ public:
+  explicit MadeRow(std::function<RowContent()> make) : make_(std::move(make)) {}
+  RowContent Make() const override { return make_(); }
+
+ private:
+  const std::function<RowContent()> make_;
 };
 
 /// A header and the rows "0" to "3".
@@ -132,11 +143,13 @@ TEST_F(TableTest, TellsOfRowsAtOnceAndOfPaintingOnlyWhileItIsOn) {
 TEST_F(TableTest, ARowIsMadeOnceAndOnlyWhenItIsLookedAt) {
   table.SetRows(1);
   int made = 0;
-  const RowMaker make = [&made] {
-    ++made;
-    return RowContent{.cells = {"a"}, .data = "d", .height = 7};
+  const auto added = [&] {
+    return std::make_shared<MadeRow>([&made] {
+      ++made;
+      return RowContent{.cells = {"a"}, .data = "d", .height = 7};
+    });
   };
-  for (int i = 0; i < 3; ++i) table.AddItem(make, 1);
+  for (int i = 0; i < 3; ++i) table.AddItem(added(), 1);
   table.RemoveItem(3);
   EXPECT_EQ(made, 0);
   EXPECT_EQ(table.RowHeight(2), 7);
@@ -147,7 +160,9 @@ TEST_F(TableTest, ARowIsMadeOnceAndOnlyWhenItIsLookedAt) {
   table.SetCell(1, 0, "b");
   EXPECT_EQ(table.RowData(1), "d") << "what is written stands upon what was made";
   EXPECT_EQ(table.Cell(1, 0), "b");
-  table.AddItem([]() -> RowContent { throw Failure("no"); }, 1);
+  EXPECT_NE(table.Source(1), table.Source(2));
+  EXPECT_EQ(table.Source(0), nullptr);
+  table.AddItem(std::make_shared<MadeRow>([]() -> RowContent { throw Failure("no"); }), 1);
   EXPECT_EQ(table.Cell(1, 1), "") << "a failure leaves the row empty";
 }
 

@@ -56,11 +56,16 @@ class ListenerTest : public testing::Test, public TrapObserver {
   /// The datagram of a sender that is started with these arguments; it goes nowhere else.
   std::string Caught(const char* tool, const std::vector<std::string>& arguments);
 
-  void OnTrap(const ArrivedTrap& trap) override { trap.Read(traps_.emplace_back()); }
+  void OnTrap(const ArrivedTrap& trap) override {
+    trap.Read(traps_.emplace_back());
+    last_ = trap;
+  }
 
   const QTemporaryDir temporary_;
   const std::filesystem::path folder_ = temporary_.path().toStdString();
   std::vector<Trap> traps_;
+  /// The last of them as it came.
+  ArrivedTrap last_;
   /// Called on the receiver thread when traps have begun to wait. To be set before Start.
   std::function<void()> onWake_ = [] {};
 

@@ -59,7 +59,7 @@ Trap Read(const std::string& pdu) {
     return trap;
   }
   ArrivedTrap arrived;
-  AssignTrap(*read, datagram.peer, "public", arrived);
+  AssignTrap(*read, datagram.peer, "public", datagram.bytes, {}, arrived);
   arrived.Read(trap);
   return trap;
 }

@@ -9,7 +9,7 @@ namespace {
 
 ArrivedTrap Named(const std::string& community) {
   ArrivedTrap trap;
-  trap.Assign("192.0.2.7", community, "", nullptr);
+  trap.Assign({.sourceAddress = "192.0.2.7", .community = community});
   return trap;
 }
 
@@ -100,7 +100,7 @@ TEST_F(TrapQueueTest, GivesUsedMemoryToTheNextTrapsWithinReason) {
       queue.Publish();
       queue.Take(batch);
       seen = seen || trap.Memory() > size;
-      trap.Assign("", "", "", nullptr);
+      trap.Assign({});
     }
     return seen;
   };

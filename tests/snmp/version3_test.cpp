@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <sstream>
 
+#include "encoded_message.h"
 #include "listener_fixture.h"
+#include "udp_socket.h"
 
 namespace sentrel::test {
 namespace {
@@ -89,6 +91,31 @@ TEST_F(Version3Test, TrapsAndInformsOfEveryLevelArrive) {
     }
   }
   EXPECT_EQ(Listener().Counters().answeredInforms, 3U);
+}
+
+TEST_F(Version3Test, HowATrapCameTravelsWithIt) {
+  Start(kSignedUser + "createUser -e " + kEngine +
+        " both SHA auth-pass-phrase AES priv-pass-phrase\n");
+  const auto before = std::chrono::system_clock::now();
+  const std::string name = "from both";
+  EXPECT_EQ(SendAs(SNMPTRAP, "both", kBoth, {"-e", kEngine}), 0);
+  ASSERT_TRUE(WaitForTraps(1));
+  EXPECT_EQ(last_.Envelope().version, SnmpVersion::k3);
+  EXPECT_EQ(last_.Envelope().level, SecurityLevel::kAuthPriv);
+  EXPECT_GE(last_.Envelope().receivedAt, before);
+  EXPECT_LE(last_.Envelope().receivedAt, std::chrono::system_clock::now());
+  EXPECT_EQ(last_.Message()[0], '\x30');
+  EXPECT_EQ(std::size_t(last_.Message()[1]) + 2, last_.Message().size()) << "the scoped PDU alone";
+  EXPECT_NE(last_.Message().find(name), std::string::npos) << "it is decrypted";
+  SendTrapAs("sha", kSigned);
+  ASSERT_TRUE(WaitForTraps(2));
+  EXPECT_EQ(last_.Envelope().level, SecurityLevel::kAuthNoPriv);
+  const std::string message = Message(1, Pdu(0xA7, ""));
+  UdpSocket(Listener().Port()).Send(message + "behind it");
+  ASSERT_TRUE(WaitForTraps(3));
+  EXPECT_EQ(last_.Envelope().version, SnmpVersion::k2c);
+  EXPECT_EQ(last_.Envelope().level, SecurityLevel::kNoAuthNoPriv);
+  EXPECT_EQ(last_.Message(), message);
 }
 
 TEST_F(Version3Test, RefusalsAreCountedByReason) {
