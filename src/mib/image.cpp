@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 
 #include "common/failure.h"
 
@@ -156,6 +157,22 @@ const format::EntryRecord& Image::EntryOf(std::uint32_t node) const {
 const format::EntryRecord& Image::EntryAt(std::uint32_t index) const {
   static constexpr format::EntryRecord kNone = {kNothing, kNothing, kNothing, 0, 0, 0};
   return index < entries_.size() ? Sound(entries_[index]) : kNone;
+}
+
+std::string_view Image::ModuleOf(const format::EntryRecord& entry) const {
+  const bool isOwn = std::less_equal<>()(entries_.data(), &entry) &&
+                     std::less<>()(&entry, entries_.data() + entries_.size());
+  if (!isOwn) return {};
+  const auto index = static_cast<std::uint32_t>(&entry - entries_.data());
+  const auto modules = Modules();
+  const auto behind =
+      std::upper_bound(modules.begin(), modules.end(), index,
+                       [](std::uint32_t at, const format::ModuleRecord& module) {
+                         return at < module.firstEntry;
+                       });
+  if (behind == modules.begin()) return {};
+  const format::ModuleRecord& module = *(behind - 1);
+  return index - module.firstEntry < module.entryCount ? Text(module.name) : std::string_view();
 }
 
 std::string_view Image::Text(std::uint32_t offset) const {

@@ -55,6 +55,8 @@ class Image {
   const format::EntryRecord& EntryOf(std::uint32_t node) const;
   /// The definition at this place in the list; an empty one where there is none.
   const format::EntryRecord& EntryAt(std::uint32_t index) const;
+  /// The name of the module that an entry of this image belongs to; empty where none says so.
+  std::string_view ModuleOf(const format::EntryRecord& entry) const;
   std::string_view Text(std::uint32_t offset) const;
   const format::TypeRecord& Type(std::uint32_t index) const;
   /// The nodes of the objects that a notification carries, or of the indexes of a row; the row

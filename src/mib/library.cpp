@@ -4,6 +4,7 @@
 
 #include "common/failure.h"
 #include "mib/lookup.h"
+#include "mib/object_facts.h"
 
 namespace sentrel::mib {
 namespace {
@@ -70,6 +71,12 @@ Library::~Library() {
 
 std::shared_ptr<OIDObject> Library::MakeOIDObject() {
   return std::make_shared<DatabaseObject>(database_);
+}
+
+ObjectFacts Library::FactsOf(std::span<const std::uint32_t> oid) const {
+  ObjectFacts facts;
+  Attempt([&] { facts = mib::FactsOf(*database_, oid); });
+  return facts;
 }
 
 void Library::Adopt() {

@@ -12,6 +12,7 @@
 #include "mib/database.h"
 #include "mib/image_cache.h"
 #include "mib/sources.h"
+#include "platform/mib_facts.h"
 #include "platform/oid_object.h"
 
 namespace sentrel::mib {
@@ -32,7 +33,7 @@ struct LibrarySetup {
 /// The MIB database of the program. It knows the built-in modules at once. A thread of its own
 /// compiles the user's modules over them, at the start and whenever one of the files changes; the
 /// outcome is used from the call of Adopt on.
-class Library : public MibLibrary {
+class Library : public MibLibrary, public MibFacts {
  public:
   /// `onNewImage` is called on the library's own thread whenever there is something to adopt. It
   /// must not call back into the library, throw, or wait for the event loop.
@@ -44,6 +45,7 @@ class Library : public MibLibrary {
 
   /// Called on the event loop.
   std::shared_ptr<OIDObject> MakeOIDObject() override;
+  ObjectFacts FactsOf(std::span<const std::uint32_t> oid) const override;
   /// Lets new objects use the newest image. Called on the event loop; those who keep objects drop
   /// them afterwards. Never throws.
   void Adopt();

@@ -44,15 +44,6 @@ bool IsBarelyKnown(std::span<const std::uint32_t> oid, size_t depth) {
          std::ranges::equal(oid.first(depth), std::span(kDod).first(depth));
 }
 
-/// Where the answers for an OID are, and how many of its numbers they stand for.
-Match MatchOf(const Database& database, std::span<const std::uint32_t> oid) {
-  const Match match = database.Find(oid);
-  if (match.depth == oid.size()) return match;
-  const Match notification = OtherFormOf(database, oid);
-  if (notification.depth > 0) return {notification.image, notification.node, oid.size()};
-  return IsBarelyKnown(oid, match.depth) ? Match() : match;
-}
-
 /// The name of the entry and the rest of the OID behind it.
 std::string NameOf(const Image& image, const format::EntryRecord& entry, std::string_view suffix) {
   const std::string_view known = image.Text(entry.name);
@@ -81,6 +72,14 @@ std::span<const format::ValueRecord> ValuesOf(const ValueType& type) {
 }
 
 }  // namespace
+
+Database::Match MatchOf(const Database& database, std::span<const std::uint32_t> oid) {
+  const Match match = database.Find(oid);
+  if (match.depth == oid.size()) return match;
+  const Match notification = OtherFormOf(database, oid);
+  if (notification.depth > 0) return {notification.image, notification.node, oid.size()};
+  return IsBarelyKnown(oid, match.depth) ? Match() : match;
+}
 
 Lookup LookUp(const Database& database, std::string_view text) {
   const OidText oid(text);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +16,10 @@ struct ValueType {
   /// Null where nothing is known.
   const format::TypeRecord* record = nullptr;
 };
+
+/// Where the answers for an OID are, and how many of its numbers they stand for; a match of depth 0
+/// where LookUp gives the text itself. Throws Failure where it meets damage.
+Database::Match MatchOf(const Database& database, std::span<const std::uint32_t> oid);
 
 /// What a database tells of one OID text.
 struct Lookup {

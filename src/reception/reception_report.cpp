@@ -1,8 +1,8 @@
 #include "reception/reception_report.h"
 
-#include <fmt/chrono.h>
 #include <fmt/format.h>
 
+#include "common/moment_text.h"
 #include "common/visible_text.h"
 
 namespace sentrel {
@@ -32,18 +32,6 @@ std::string Line(const SeenDatagram& seen, const std::string& notification,
 }
 
 }  // namespace
-
-std::string TimeText(std::chrono::system_clock::time_point moment) {
-  const std::tm local = fmt::localtime(std::chrono::system_clock::to_time_t(moment));
-  return fmt::format("{:%Y-%m-%d} {}", local, TimeOfDayText(moment));
-}
-
-std::string TimeOfDayText(std::chrono::system_clock::time_point moment) {
-  const auto milliseconds =
-      std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()).count();
-  const std::tm local = fmt::localtime(std::chrono::system_clock::to_time_t(moment));
-  return fmt::format("{:%H:%M:%S}.{:03}", local, milliseconds % 1000);
-}
 
 std::string VersionText(const SeenDatagram& seen) {
   if (!seen.version) return "";

@@ -20,9 +20,4 @@ std::string ReceptionReport(const std::vector<Reason>& reasons,
                             const std::vector<SeenDatagram>& refused,
                             const std::deque<WatchedDatagram>& watched);
 
-/// "2026-11-23 15:49:37.125", in local time.
-std::string TimeText(std::chrono::system_clock::time_point moment);
-/// "15:49:37.125", in local time.
-std::string TimeOfDayText(std::chrono::system_clock::time_point moment);
-
 }  // namespace sentrel

@@ -157,6 +157,10 @@ void ReadBindings(std::string_view encoded, Trap& trap) {
   PutBindings(ber::BytesOf(encoded), 0, trap);
 }
 
+std::optional<std::string> Version1TrapOid(std::string_view encoded) {
+  return TrapOid(PartsOf(ber::BytesOf(encoded)));
+}
+
 void ReadVersion1Pdu(std::string_view encoded, Trap& trap) {
   const Bytes pdu = ber::BytesOf(encoded);
   const Parts parts = PartsOf(pdu);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "trap/trap.h"
@@ -20,5 +22,9 @@ void ReadBindings(std::string_view encoded, Trap& trap);
 /// snmpTrapAddress.0 (if the agent's address is known and is not the source) and
 /// snmpTrapEnterprise.0. A PDU whose numbers name no trap has itself for snmpTrapOID.0.
 void ReadVersion1Pdu(std::string_view encoded, Trap& trap);
+
+/// The snmpTrapOID.0 that a version 1 trap gets (RFC 3584, section 3.1); nothing where the numbers
+/// of its PDU, which is encoded as above, name no trap.
+std::optional<std::string> Version1TrapOid(std::string_view encoded);
 
 }  // namespace sentrel

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include "common/moment_text.h"
 #include "common/visible_text.h"
 #include "desktop/window/window_place.h"
 #include "reception/reception_report.h"
