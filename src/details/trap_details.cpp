@@ -23,8 +23,8 @@ constexpr auto kTrapAddress = "\x2B\x06\x01\x06\x03\x12\x01\x03\x00"sv;
 constexpr std::array<std::uint32_t, 6> kEnterprises = {1, 3, 6, 1, 4, 1};
 
 constexpr std::array kGenericTraps = {
-    "coldStart", "warmStart", "linkDown", "linkUp", "authenticationFailure", "egpNeighborLoss",
-    "enterpriseSpecific"};
+    "coldStart",       "warmStart",         "linkDown", "linkUp", "authenticationFailure",
+    "egpNeighborLoss", "enterpriseSpecific"};
 
 /// Of what is not looked up in the MIB database.
 std::string Plain(const ber::Element& value) {
@@ -247,9 +247,8 @@ std::string TrapDetails::WholeValue(std::size_t line) const {
 }
 
 std::optional<std::size_t> TrapDetails::LineAt(std::size_t byte) const {
-  const auto behind =
-      std::ranges::upper_bound(parts_.bindings, byte, {},
-                               [](const BindingPart& part) { return part.bytes.begin; });
+  const auto behind = std::ranges::upper_bound(
+      parts_.bindings, byte, {}, [](const BindingPart& part) { return part.bytes.begin; });
   if (behind != parts_.bindings.begin() && (behind - 1)->bytes.Holds(byte)) {
     return head_.size() + static_cast<std::size_t>(behind - 1 - parts_.bindings.begin());
   }

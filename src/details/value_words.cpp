@@ -103,8 +103,7 @@ std::string ValueWords::OfInteger(std::int64_t number, const NodeFacts& object) 
     });
     if (label != kUnnamed) return label;
   }
-  const auto byHint =
-      object.hint.empty() ? std::nullopt : IntegerByHint(object.hint, number);
+  const auto byHint = object.hint.empty() ? std::nullopt : IntegerByHint(object.hint, number);
   std::string text = byHint.value_or(std::to_string(number));
   if (!object.units.empty()) text.append(" ").append(object.units);
   return text;
@@ -199,12 +198,11 @@ std::string DateAndTimeWords(std::span<const std::uint8_t> octets) {
   const bool isInRange = octets[2] >= 1 && octets[2] <= 12 && octets[3] >= 1 && octets[3] <= 31 &&
                          octets[4] <= 23 && octets[5] <= 59 && octets[6] <= 60 && octets[7] <= 9;
   if (!isInRange) return "";
-  std::string text = fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{}",
-                                 octets[0] << 8 | octets[1], octets[2], octets[3], octets[4],
-                                 octets[5], octets[6], octets[7]);
+  std::string text =
+      fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{}", octets[0] << 8 | octets[1], octets[2],
+                  octets[3], octets[4], octets[5], octets[6], octets[7]);
   if (octets.size() == kWithoutZone) return text;
-  const bool isZone =
-      (octets[8] == '+' || octets[8] == '-') && octets[9] <= 14 && octets[10] <= 59;
+  const bool isZone = (octets[8] == '+' || octets[8] == '-') && octets[9] <= 14 && octets[10] <= 59;
   if (!isZone) return "";
   fmt::format_to(std::back_inserter(text), " UTC{}{:02}:{:02}", static_cast<char>(octets[8]),
                  octets[9], octets[10]);

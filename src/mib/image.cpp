@@ -165,11 +165,9 @@ std::string_view Image::ModuleOf(const format::EntryRecord& entry) const {
   if (!isOwn) return {};
   const auto index = static_cast<std::uint32_t>(&entry - entries_.data());
   const auto modules = Modules();
-  const auto behind =
-      std::upper_bound(modules.begin(), modules.end(), index,
-                       [](std::uint32_t at, const format::ModuleRecord& module) {
-                         return at < module.firstEntry;
-                       });
+  const auto behind = std::upper_bound(
+      modules.begin(), modules.end(), index,
+      [](std::uint32_t at, const format::ModuleRecord& module) { return at < module.firstEntry; });
   if (behind == modules.begin()) return {};
   const format::ModuleRecord& module = *(behind - 1);
   return index - module.firstEntry < module.entryCount ? Text(module.name) : std::string_view();

@@ -92,6 +92,7 @@ Program::Program(const ProgramOptions& options)
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
       watch_(listener_, settings_, mibs_),
       reception_(listener_, watch_, &window_),
+      details_(window_, table_, mibs_, mibs_, registry_),
       pauseAndRaw_(settings_, table_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
       tableCommands_(table_, clipboard_, toolBars_),
@@ -123,6 +124,7 @@ Program::Program(const ProgramOptions& options)
 void Program::AddViewCommands() {
   const auto showReception = [this] { ShowReception(); };
   window_.Menus().AddViewCommand("&Reception ...", QKeySequence("Ctrl+R"), showReception);
+  details_.Start();
   window_.View().AddEmptyAction("Where is my trap?", showReception);
   window_.View().AddEmptyAction("Send a test trap", [this] { testTrap_.SendTestTrap(); });
   QObject::connect(&reception_, &ReceptionWindow::CureWanted, &window_,

@@ -17,6 +17,7 @@
 #include "controls/table.h"
 #include "controls/tool_bars.h"
 #include "decoding/decoder.h"
+#include "desktop/details/details_pane.h"
 #include "desktop/event_loop.h"
 #include "desktop/export/document_exporter.h"
 #include "desktop/forms/file_chooser.h"
@@ -122,6 +123,7 @@ class Program {
   NetSnmpListener listener_;
   Watch watch_;
   ReceptionWindow reception_;
+  DetailsPane details_;
   PauseAndRaw pauseAndRaw_;
   ToolbarLayout layout_;
   TableCommands tableCommands_;

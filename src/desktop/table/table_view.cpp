@@ -101,7 +101,15 @@ void TableView::RunFrame() {
   SyncScrollBars();
   SyncDescription();
   SyncEmptyActions();
+  TellChosenRow();
   viewport()->update();
+}
+
+void TableView::TellChosenRow() {
+  const int row = table_.RowSel();
+  if (chosen_.lock() == table_.Source(row)) return;
+  chosen_ = table_.Source(row);
+  emit RowChosen(row);
 }
 
 void TableView::SyncTitles() {
@@ -288,6 +296,8 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
     return PressMenuKey();
   }
+  const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (opens && table_.RowSel() > 0) return emit RowOpened(table_.RowSel());
   const int target = KeyTarget(event->key());
   if (target < 1) return QAbstractScrollArea::keyPressEvent(event);
   MoveCursorTo(target, event->modifiers().testFlag(Qt::ShiftModifier));
@@ -367,6 +377,12 @@ void TableView::mouseMoveEvent(QMouseEvent* event) {
 
 void TableView::mouseReleaseEvent(QMouseEvent*) {
   dragScroll_.stop();
+}
+
+void TableView::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+  const int row = RowAt(event->pos().y());
+  if (event->button() == Qt::LeftButton && row > 0) emit RowOpened(row);
 }
 
 void TableView::DragTo(int y) {

@@ -5,6 +5,7 @@
 #include <QStandardItemModel>
 #include <QTimer>
 #include <functional>
+#include <memory>
 
 #include "controls/table.h"
 #include "desktop/table/frame_pacer.h"
@@ -41,6 +42,10 @@ class TableView : public QAbstractScrollArea, private TableObserver {
  signals:
   /// The user asks for the context menu by key; it belongs at this place of the viewport.
   void MenuKeyPressed(const QPoint& place);
+  /// The user wants to see a row whole, by double click or Enter.
+  void RowOpened(int row);
+  /// Another row is selected, or none; comes with a frame, and not when the same row has moved.
+  void RowChosen(int row);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -51,6 +56,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
   /// The titles are row 0 of the table: a button pressed on them is reported to the table as well.
@@ -68,6 +74,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   void SyncScrollBars();
   void SyncDescription();
   void SyncEmptyActions();
+  void TellChosenRow();
   /// Has the view painted in the next turn of the event loop. What the user does asks for it
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
@@ -92,6 +99,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   QTimer dragScroll_;
   /// Holds the buttons of the empty table.
   QWidget* emptyActions_;
+  /// What the selected row was made of when RowChosen told of it.
+  std::weak_ptr<const RowSource> chosen_;
   bool syncing_ = false;
 };
 

@@ -48,6 +48,19 @@ TrapWindow::~TrapWindow() {
   status_.SetObserver(nullptr);
 }
 
+QSplitter& TrapWindow::ShowBeside(QWidget& widget) {
+  const bool hadFocus = view_->hasFocus();
+  auto* panes = new QSplitter;
+  panes->setObjectName("Panes");
+  panes->setChildrenCollapsible(false);
+  panes->addWidget(takeCentralWidget());
+  panes->addWidget(&widget);
+  panes->setStretchFactor(0, 1);
+  setCentralWidget(panes);
+  if (hadFocus) view_->setFocus();
+  return *panes;
+}
+
 void TrapWindow::ShowStatus() {
   statusBar()->findChild<QLabel*>()->setText(QString::fromStdString(status_.Text()));
 }

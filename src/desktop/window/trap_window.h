@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QSplitter>
 
 #include "controls/status_bar.h"
 #include "controls/tool_bars.h"
@@ -24,6 +25,8 @@ class TrapWindow : public QMainWindow, public MainWindow {
 
   MenusAndToolbar& Menus() { return *tools_; }
   TableView& View() { return *view_; }
+  /// Puts a widget beside the table, which gives it room as long as it is shown. At most one.
+  QSplitter& ShowBeside(QWidget& widget);
 
   void SetCaption(const std::string& caption) override;
   void SetHelpContext(int number) override;
