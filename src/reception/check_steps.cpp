@@ -94,12 +94,12 @@ struct Loss {
 };
 
 constexpr Loss kLosses[] = {
-    {"Other ports", &LostDatagrams::noPort,
+    {"Closed ports", &LostDatagrams::noPort,
      "came for a port that no program has open. Does a device send to another port than 162?",
      "sudo tcpdump -ni any udp and dst port not 162"},
-    {"Way back", &LostDatagrams::wrongWay,
-     "came another way than answers to their senders would go, and were dropped. Where that is "
-     "right in this network, let the system take them.",
+    {"Reverse path", &LostDatagrams::wrongWay,
+     "came by another interface than answers to their senders would take, and the reverse path "
+     "filter dropped them. Mend the route, or make the filter loose.",
      "sudo sysctl -w net.ipv4.conf.all.rp_filter=2"},
     {"Fragments", &LostDatagrams::notReassembled,
      "were large and lost a part on their way. Look for a firewall or a tunnel that drops "
@@ -108,7 +108,7 @@ constexpr Loss kLosses[] = {
     {"Checksums", &LostDatagrams::wrongChecksum,
      "had a wrong checksum. Look at the sender, or at the network card's offloading.",
      "sudo tcpdump -vv -ni any udp port 162"},
-    {"Full buffer", &LostDatagrams::fullBuffer,
+    {"Full buffers", &LostDatagrams::fullBuffer,
      "found the buffer of their program full. Give it more, then restart Sentrel.",
      "sudo sysctl -w net.core.rmem_max=16777216"},
 };
@@ -146,13 +146,15 @@ CheckStep Version3Step(const CheckFacts& facts) {
   if (!facts.users) {
     step.verdict = kCannotTell;
     step.finding = "The users cannot be read: the page of the settings tells why.";
-  } else if (*facts.users == 0) {
-    step.verdict = kLookHere;
-    step.finding =
-        "There is no version 3 user, so traps of version 3 are refused. Settings, "
-        "Version 3 users.";
   } else {
     step.finding = fmt::format("{} users are known.", *facts.users);
+  }
+  if (facts.refusedVersion3 > 0) {
+    step.verdict = kLookHere;
+    step.finding += fmt::format(
+        " {} messages of version 3 were refused since the start: the page Refused tells why, and "
+        "the users are in the settings.",
+        facts.refusedVersion3);
   }
   if (!facts.listening.engine.empty()) {
     std::string hex;

@@ -44,6 +44,8 @@ struct CheckFacts {
   LostDatagrams lostNow;
   /// Users of version 3; nothing where they cannot be read.
   std::optional<std::size_t> users;
+  /// Messages of version 3, since the start.
+  std::uint64_t refusedVersion3 = 0;
 };
 
 /// The steps in the order of a datagram's way.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/failure.h"
+#include "reception/reasons.h"
 
 namespace sentrel {
 namespace {
@@ -17,6 +18,15 @@ std::optional<std::size_t> CountOf(const Version3UserStore& users) {
   std::optional<std::size_t> count;
   Attempt([&] { count = users.Users().size(); });
   return count;
+}
+
+std::uint64_t RefusedVersion3(const ListenerCounters& counters) {
+  std::uint64_t sum = 0;
+  for (std::size_t i = 0; i < kOutcomes; ++i) {
+    const auto outcome = static_cast<Outcome>(i);
+    if (IsAboutUsers(outcome)) sum += counters.Of(outcome);
+  }
+  return sum;
 }
 
 }  // namespace
@@ -53,6 +63,7 @@ void SelfCheck::Look(Clock::time_point now) {
   facts_.listening = monitor_.Listening();
   facts_.lostNow = network_.Lost();
   facts_.users = CountOf(users_);
+  facts_.refusedVersion3 = RefusedVersion3(monitor_.Counters());
   LookForTestTrap(now);
   const bool isRead =
       firewall_.valid() && firewall_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;

@@ -98,20 +98,20 @@ TEST_F(NetworkNamespaceTest, NamesAFirewallThatKeepsThePortOut) {
 
 TEST_F(NetworkNamespaceTest, NamesAPortThatNobodyHasOpen) {
   SendTo(1162, 3);
-  EXPECT_THAT(AwaitLookHere(), ElementsAre("Other ports"));
+  EXPECT_THAT(AwaitLookHere(), ElementsAre("Closed ports"));
 }
 
 TEST_F(NetworkNamespaceTest, NamesABufferThatIsTooSmall) {
   const int tiny = 1;
   setsockopt(socket_.Descriptor(), SOL_SOCKET, SO_RCVBUF, &tiny, sizeof tiny);
   SendTo(kTrapPort, 100);
-  EXPECT_THAT(AwaitLookHere(), ElementsAre("Full buffer"));
+  EXPECT_THAT(AwaitLookHere(), ElementsAre("Full buffers"));
 }
 
 TEST_F(NetworkNamespaceTest, NamesAWayBackThatIsAnother) {
   Shell("echo 1 > /proc/sys/net/ipv4/conf/near/rp_filter");
   SendFrame("sender");
-  EXPECT_THAT(AwaitLookHere(), ElementsAre("Way back"));
+  EXPECT_THAT(AwaitLookHere(), ElementsAre("Reverse path"));
   Shell("echo 0 > /proc/sys/net/ipv4/conf/near/rp_filter");
 }
 

@@ -87,17 +87,17 @@ TEST_F(SelfCheckTest, NamesWhatKeepsTrapsOut) {
   settings.SetDeviceFilterActive(true);
   monitor.listening.hasIpv6 = false;
   monitor.listening.bufferedTraps = 10;
-  users.users.clear();
+  monitor.Count(Outcome::kUnknownUser, 3);
   check.Start(start);
   network.firewall.set_value(FirewallVerdict::kBlocks);
   TestTrapArrives();
   network.lost.noPort = 4;
   LookAfter(1s);
   EXPECT_THAT(With(CheckVerdict::kLookHere),
-              ElementsAre("Addresses", "Firewall", "Receive buffer", "Other ports", "Version 3",
+              ElementsAre("Addresses", "Firewall", "Receive buffer", "Closed ports", "Version 3",
                           "Pause", "Device filter", "Community filter"));
   EXPECT_THAT(Finding("Test trap"), HasSubstr("has arrived: paused."));
-  EXPECT_THAT(Finding("Other ports"), HasSubstr("4 datagrams"));
+  EXPECT_THAT(Finding("Closed ports"), HasSubstr("4 datagrams"));
   for (const CheckStep& step : check.Steps())
     EXPECT_EQ(step.finding.find("secret"), std::string::npos);
 }
@@ -111,8 +111,8 @@ TEST_F(SelfCheckTest, SaysWhatItCannotTell) {
   network.firewall.set_value(FirewallVerdict::kUnreadable);
   LookAfter(1s);
   EXPECT_THAT(With(CheckVerdict::kCannotTell),
-              ElementsAre("Firewall", "Test trap", "Other ports", "Way back", "Fragments",
-                          "Checksums", "Full buffer", "Version 3"));
+              ElementsAre("Firewall", "Test trap", "Closed ports", "Reverse path", "Fragments",
+                          "Checksums", "Full buffers", "Version 3"));
   EXPECT_THAT(Finding("Test trap"), HasSubstr("No way."));
 }
 
