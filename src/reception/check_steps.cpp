@@ -147,13 +147,13 @@ CheckStep Version3Step(const CheckFacts& facts) {
     step.verdict = kCannotTell;
     step.finding = "The users cannot be read: the page of the settings tells why.";
   } else {
-    step.finding = fmt::format("{} users are known.", *facts.users);
+    step.finding = fmt::format("Users that are known: {}.", *facts.users);
   }
   if (facts.refusedVersion3 > 0) {
     step.verdict = kLookHere;
     step.finding += fmt::format(
-        " {} messages of version 3 were refused since the start: the page Refused tells why, and "
-        "the users are in the settings.",
+        " Messages of version 3 that were refused since the start: {}. The page Refused tells why, "
+        "and the users are in the settings.",
         facts.refusedVersion3);
   }
   if (!facts.listening.engine.empty()) {
