@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "common/failure.h"
-#include "common/readable_octets.h"
 #include "common/text.h"
 #include "console/row_record.h"
+#include "trap/readable_value.h"
 
 namespace sentrel {
 namespace {
@@ -20,8 +20,6 @@ constexpr std::string_view kIndent = "                  ";
 /// Wider than that: no line of a binding but its first can be taken for a binding, or for an entry.
 constexpr std::string_view kFurtherIndent = "                      ";
 
-constexpr std::string_view kHexMark = "0x";
-
 /// Room for most lines.
 constexpr size_t kUsualLine = 64;
 
@@ -29,13 +27,6 @@ std::string EnterpriseText(const std::string& value, bool raw, OidLookup& lookup
   std::string text = value;
   if (!raw) Attempt([&] { text = lookup.LookupOIDValue(value); });
   return text;
-}
-
-/// The text of an OCTET STRING that came in hexadecimal; nothing where it is no text.
-std::optional<std::string> ReadableValue(const Trap& trap, size_t i) {
-  if (!std::binary_search(trap.HexOctets.begin(), trap.HexOctets.end(), i)) return std::nullopt;
-  const auto octets = FromHex(std::string_view(trap.Values[i]).substr(kHexMark.size()));
-  return octets ? ReadableOctets(*octets) : std::nullopt;
 }
 
 void AppendBinding(const Trap& trap, size_t i, bool raw, OidLookup& lookup, std::string& text) {
