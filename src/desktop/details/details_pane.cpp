@@ -1,6 +1,7 @@
 #include "desktop/details/details_pane.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include "console/trap_row.h"
 
@@ -78,7 +79,10 @@ void DetailsPane::Toggle(bool shown) {
   panel_->setVisible(shown);
   if (hadFocus) window_.View().setFocus();
   Store(kShown, shown ? kTrue : kFalse);
-  if (shown) Follow(table_.RowSel());
+  if (!shown) return;
+  Follow(table_.RowSel());
+  // When the table has its new size.
+  QTimer::singleShot(0, this, [this] { window_.View().Reveal(table_.RowSel()); });
 }
 
 void DetailsPane::Open() {

@@ -39,6 +39,7 @@ class DetailsPanel : public QWidget {
   void AddCommands();
   QAction* AddCommand(const QString& name, const QString& caption, std::function<void()> run);
   void AddSeparator();
+  void OpenMenu();
   void Copy(const QString& text) const;
   void CopyColumn(DetailsModel::Column column) const;
   /// Says in the captions what is secret in a copy.
