@@ -77,7 +77,7 @@ int StartProgram() {
   bool told = false;
   // Told with the first of the window's events, which come when the program listens.
   application.delivered = [&](const QObject&, QEvent::Type, bool) {
-    if (std::exchange(told, program.Listener().Listening()) || !told) return;
+    if (std::exchange(told, program.Listener().IsListening()) || !told) return;
     std::puts("listening");
   };
   const bool started = program.Start();

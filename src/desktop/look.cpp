@@ -9,6 +9,7 @@ namespace {
 
 /// Of 255 steps of grey.
 constexpr int kReadable = 80;
+constexpr double kBandShare = 0.06;
 constexpr int kHalfOpaque = 128;
 
 bool StandsOut(const QColor& color, const QColor& page) {
@@ -26,6 +27,15 @@ class PlainButtons : public QProxyStyle {
   }
 };
 
+/// The page with a little of the text in it, as every other row of a list has.
+QColor Blend(const QColor& page, const QColor& text, double share) {
+  const auto mix = [share](float of, float with) {
+    return static_cast<float>(of + (with - of) * share);
+  };
+  return QColor::fromRgbF(mix(page.redF(), text.redF()), mix(page.greenF(), text.greenF()),
+                          mix(page.blueF(), text.blueF()));
+}
+
 }  // namespace
 
 QPalette ReadableColors(const QPalette& desktop) {
@@ -41,6 +51,10 @@ QPalette ReadableColors(const QPalette& desktop) {
   mend(QPalette::PlaceholderText, faint);
   mend(QPalette::Link, link);
   mend(QPalette::LinkVisited, link);
+  const QColor text = desktop.color(QPalette::Text);
+  if (!StandsOut(desktop.color(QPalette::AlternateBase), text)) {
+    missing.setColor(QPalette::AlternateBase, Blend(page, text, kBandShare));
+  }
   return missing;
 }
 

@@ -78,6 +78,20 @@ struct SeenDatagram {
   std::string notification;
 };
 
+/// How the listener listens.
+struct ListeningFacts {
+  /// 0 while it does not listen; all else is of no meaning then.
+  std::uint16_t port = 0;
+  /// Whether it hears IPv6 too, and not IPv4 alone.
+  bool hasIpv6 = false;
+  /// Small traps for which the socket's buffer has room.
+  std::size_t bufferedTraps = 0;
+  /// This program's own engine (RFC 3411, section 5), and how often it has started: for senders of
+  /// informs. Empty until it is known, a moment after the start.
+  std::string engine;
+  std::uint32_t engineBoots = 0;
+};
+
 /// What the listener knows of its own work. A trap that it has taken and that pause or a filter
 /// refuses later is none of its business. Called on the event loop; never throws.
 class ReceptionMonitor {
@@ -91,6 +105,7 @@ class ReceptionMonitor {
   };
 
   virtual ~ReceptionMonitor() = default;
+  virtual ListeningFacts Listening() const = 0;
   /// Since the program started.
   virtual ListenerCounters Counters() const = 0;
   /// The last datagram that ended so; nothing where none has.

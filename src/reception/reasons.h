@@ -18,6 +18,11 @@ std::string_view ReasonText(Outcome outcome);
 /// What to do about datagrams that end so, in a sentence or two; empty where nothing is wrong.
 std::string_view RemedyText(Outcome outcome);
 
+/// Whether the way out is among the users of version 3.
+inline bool IsAboutUsers(Outcome outcome) {
+  return outcome >= Outcome::kUnknownEngine && outcome <= Outcome::kNotInTimeWindow;
+}
+
 /// A line of the table of counts.
 struct Reason {
   std::string text;

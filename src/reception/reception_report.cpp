@@ -56,13 +56,18 @@ std::string RefusalText(const SeenDatagram& seen) {
 
 std::string ReceptionReport(const std::vector<Reason>& reasons,
                             const std::vector<SeenDatagram>& refused,
-                            const std::deque<WatchedDatagram>& watched) {
+                            const std::deque<WatchedDatagram>& watched,
+                            const std::vector<CheckStep>& check) {
   std::string text = CountLines(reasons);
   if (!refused.empty()) text += "\nRefused, the newest first\n";
   for (const SeenDatagram& seen : refused) text += Line(seen, "", RefusalText(seen));
   if (!watched.empty()) text += "\nWatched, the oldest first\n";
   for (const WatchedDatagram& datagram : watched) {
     text += Line(datagram.seen, datagram.notification, datagram.verdict);
+  }
+  if (!check.empty()) text += "\nThe check\n";
+  for (const CheckStep& step : check) {
+    text += fmt::format("{}: {}. {}\n", step.name, VerdictText(step.verdict), step.finding);
   }
   return text;
 }

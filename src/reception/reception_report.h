@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "reception/check_steps.h"
 #include "reception/reasons.h"
 #include "reception/watch.h"
 
@@ -18,6 +19,7 @@ std::string RefusalText(const SeenDatagram& seen);
 /// without the names of users.
 std::string ReceptionReport(const std::vector<Reason>& reasons,
                             const std::vector<SeenDatagram>& refused,
-                            const std::deque<WatchedDatagram>& watched);
+                            const std::deque<WatchedDatagram>& watched,
+                            const std::vector<CheckStep>& check);
 
 }  // namespace sentrel

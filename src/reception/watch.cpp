@@ -9,10 +9,6 @@
 namespace sentrel {
 namespace {
 
-bool IsAboutUsers(Outcome outcome) {
-  return outcome >= Outcome::kUnknownEngine && outcome <= Outcome::kNotInTimeWindow;
-}
-
 std::string InLowerCase(std::string_view reason) {
   std::string text(reason);
   if (text != ReasonText(Outcome::kNotSnmp)) text[0] = static_cast<char>(text[0] | 0x20);

@@ -35,6 +35,13 @@ void Prepare(int socket, int bufferBytes) {
   }
 }
 
+Peer::Address OwnAddress(int socket) {
+  Peer::Address address{};
+  socklen_t length = sizeof address;
+  getsockname(socket, &address.any, &length);
+  return address;
+}
+
 template <typename T>
 T Payload(const cmsghdr& header) {
   T value;
@@ -91,10 +98,11 @@ DatagramSocket::~DatagramSocket() {
 }
 
 std::uint16_t DatagramSocket::Port() const {
-  Peer::Address address{};
-  socklen_t length = sizeof address;
-  getsockname(descriptor_, &address.any, &length);
-  return PortOf(address);
+  return PortOf(OwnAddress(descriptor_));
+}
+
+bool DatagramSocket::HasIpv6() const {
+  return OwnAddress(descriptor_).any.sa_family == AF_INET6;
 }
 
 std::size_t DatagramSocket::Room() const {

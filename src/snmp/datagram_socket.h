@@ -25,6 +25,8 @@ class DatagramSocket {
   int Descriptor() const { return descriptor_; }
   /// The port that the socket is bound to, in host order.
   std::uint16_t Port() const;
+  /// Whether it hears IPv6 too, and not IPv4 alone.
+  bool HasIpv6() const;
 
   /// Datagrams of up to 500 bytes that the socket's buffer holds at least.
   std::size_t Room() const;

@@ -147,6 +147,10 @@ std::string OwnEngineId() {
   return id;
 }
 
+std::uint32_t OwnBoots() {
+  return static_cast<std::uint32_t>(snmpv3_local_snmpEngineBoots());
+}
+
 void SetUpEngineIdAfterReading() {
   snmp_register_callback(SNMP_CALLBACK_LIBRARY, SNMP_CALLBACK_POST_PREMIB_READ_CONFIG,
                          SetUpEngineId, nullptr);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 
@@ -25,6 +26,8 @@ HeardEngines HeardBefore();
 
 /// The ID of this program's engine.
 std::string OwnEngineId();
+/// How often it has started (RFC 3414, section 2.2.2).
+std::uint32_t OwnBoots();
 /// Gives the engine a random ID: one that does not know its boots count, or cannot keep it, must
 /// not be taken for the engine that it was (RFC 3414, section 2.2.2).
 void TakeNewEngineId();

@@ -44,7 +44,7 @@ int NetSnmpListener::OpenSocket() const {
 }
 
 std::int16_t NetSnmpListener::StartListening() {
-  if (Listening()) return 0;
+  if (IsListening()) return 0;
   // The socket first: a second copy of the program must not touch the first one's state.
   const int socket = OpenSocket();
   if (socket < 0) {
@@ -110,6 +110,13 @@ bool NetSnmpListener::Deliver(std::chrono::milliseconds budget) {
     if (CoarseClock::now() >= end) break;
   }
   return Waiting() > 0;
+}
+
+ListeningFacts NetSnmpListener::Listening() const {
+  if (!receiver_) return {};
+  ListeningFacts facts = receiver_->Listening();
+  record_.TellEngine(facts);
+  return facts;
 }
 
 std::uint16_t NetSnmpListener::Port() const {

@@ -75,10 +75,11 @@ class NetSnmpListener final : public SNMP, public ReceptionMonitor {
   std::size_t Waiting() const { return taken_.Size() - next_ + queue_.Size(); }
 
   /// Whether traps that arrive now are received.
-  bool Listening() const { return receiver_ != nullptr; }
+  bool IsListening() const { return receiver_ != nullptr; }
   /// The port that is bound, 0 while not listening.
   std::uint16_t Port() const;
 
+  ListeningFacts Listening() const override;
   /// Since this object was made.
   ListenerCounters Counters() const override { return counters_.Read(); }
   std::optional<LastDatagram> LastOf(Outcome outcome) const override {

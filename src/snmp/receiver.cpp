@@ -11,6 +11,8 @@
 #include <system_error>
 #include <utility>
 
+#include "snmp/engine_state.h"
+
 namespace sentrel {
 namespace {
 
@@ -44,8 +46,11 @@ Receiver::Receiver(int descriptor, int bufferBytes, TrapQueue& queue, SharedCoun
       record_(record),
       setUpLibrary_(std::move(setUpLibrary)),
       wake_(std::move(wake)),
-      port_(socket_.Port()),
-      mayRest_(socket_.Room() > kMostInRest),
+      listening_{.port = socket_.Port(),
+                 .hasIpv6 = socket_.HasIpv6(),
+                 .bufferedTraps = socket_.Room(),
+                 .engine = {}},
+      mayRest_(listening_.bufferedTraps > kMostInRest),
       stop_(MakeStopEvent()) {
   sigset_t before;
   BlockSignals(before);
@@ -61,6 +66,7 @@ Receiver::~Receiver() {
 
 void Receiver::Run() {
   Version3Guard& guard = setUpLibrary_().Guard();
+  record_.NoteEngine(OwnEngineId(), OwnBoots());
   NotificationParser parser(
       guard, [this](ArrivedTrap& trap) { return queue_.Push(trap); },
       [this](const Peer& peer, std::span<const std::uint8_t> bytes) {

@@ -35,7 +35,9 @@ class Receiver {
   Receiver(const Receiver&) = delete;
   Receiver& operator=(const Receiver&) = delete;
 
-  std::uint16_t Port() const { return port_; }
+  std::uint16_t Port() const { return listening_.port; }
+  /// Without the engine.
+  const ListeningFacts& Listening() const { return listening_; }
 
  private:
   void Run();
@@ -54,7 +56,7 @@ class Receiver {
   ReceptionRecord& record_;
   const std::function<SnmpLibrary&()> setUpLibrary_;
   const std::function<void()> wake_;
-  const std::uint16_t port_;
+  const ListeningFacts listening_;
   const bool mayRest_;
   const int stop_;
   std::thread thread_;

@@ -6,6 +6,18 @@
 
 namespace sentrel {
 
+void ReceptionRecord::NoteEngine(std::string engine, std::uint32_t boots) {
+  const std::lock_guard lock(mutex_);
+  engine_ = std::move(engine);
+  engineBoots_ = boots;
+}
+
+void ReceptionRecord::TellEngine(ListeningFacts& facts) const {
+  const std::lock_guard lock(mutex_);
+  facts.engine = engine_;
+  facts.engineBoots = engineBoots_;
+}
+
 void ReceptionRecord::Note(const Datagram& datagram, Outcome outcome,
                            const std::function<std::string()>& hint,
                            const Version3Message* decrypted) {

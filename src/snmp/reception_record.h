@@ -28,17 +28,21 @@ class ReceptionRecord {
   static constexpr int kMostDetailsInSecond = 1'000;
   static constexpr std::size_t kMostWatched = 5'000;
 
+  /// The engine of this run is known now.
+  void NoteEngine(std::string engine, std::uint32_t boots);
   /// Whether Note wants to hear of a datagram.
   bool Wants(Outcome outcome) const {
     return outcome != Outcome::kAccepted || watching_.load(std::memory_order_relaxed);
   }
-  /// For the receiver thread, as all below it until LastOf. One datagram of a batch says enough of
-  /// when the last was accepted.
+  /// For the receiver thread, as all below it until TellEngine, and NoteEngine. One datagram of a
+  /// batch says enough of when the last was accepted.
   void NoteAccepted(const Datagram& datagram);
   /// The hint is asked for where the datagram is read in detail.
   void Note(const Datagram& datagram, Outcome outcome, const std::function<std::string()>& hint,
             const Version3Message* decrypted);
 
+  /// Puts in what NoteEngine has told.
+  void TellEngine(ListeningFacts& facts) const;
   std::optional<ReceptionMonitor::LastDatagram> LastOf(Outcome outcome) const;
   std::vector<SeenDatagram> Refused() const;
   void SetWatching(bool watching);
@@ -63,6 +67,8 @@ class ReceptionRecord {
 
   mutable std::mutex mutex_;
   // All of these are guarded by mutex_.
+  std::string engine_;
+  std::uint32_t engineBoots_ = 0;
   std::array<Last, kOutcomes> last_;
   /// The newest comes last.
   std::deque<std::shared_ptr<const SeenDatagram>> refused_;

@@ -16,7 +16,7 @@ struct EndTest : ProgramFixture {
     for (int i = 0; i < kTraps; ++i) SendText("last");
   }
   void AwaitEnd() {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !program.Listener().Listening(); }, 10'000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !program.Listener().IsListening(); }, 10'000));
   }
   QString Log() const { return state.filePath("traps.log"); }
   qsizetype Logged() const {

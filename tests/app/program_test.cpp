@@ -66,10 +66,10 @@ TEST_F(ProgramTest, TheHelpPageAndTheListenerCloseWithTheWindow) {
   QTest::keyClick(&View(), Qt::Key_F1);
   ASSERT_NE(helpWindow(), nullptr);
   EXPECT_EQ(helpWindow()->windowTitle(), "The window - Sentrel Help");
-  EXPECT_TRUE(program.Listener().Listening());
+  EXPECT_TRUE(program.Listener().IsListening());
   program.Window().close();
   EXPECT_EQ(helpWindow(), nullptr);
-  EXPECT_FALSE(program.Listener().Listening());
+  EXPECT_FALSE(program.Listener().IsListening());
 }
 
 TEST_F(ProgramTest, AboutTellsTheVersionOfTheProgramFile) {

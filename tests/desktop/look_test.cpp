@@ -23,6 +23,7 @@ TEST(Look, MendsWhatADarkDesktopLeavesAsItIsOnALightOneAndNothingElse) {
       EXPECT_TRUE(mended.isBrushSet(QPalette::Active, role)) << dark << role;
       EXPECT_GT(mended.color(role).lightness(), 180) << dark << role;
     }
+    EXPECT_LT(mended.color(QPalette::AlternateBase).lightness(), 100) << dark;
     EXPECT_FALSE(mended.isBrushSet(QPalette::Active, QPalette::Text)) << dark;
   }
 }

@@ -6,9 +6,12 @@
 #include <QGuiApplication>
 #include <QTest>
 
+#include "fakes/fake_console.h"
 #include "fakes/fake_mib_library.h"
+#include "fakes/fake_network_facts.h"
 #include "fakes/fake_reception_monitor.h"
 #include "fakes/fake_registry.h"
+#include "fakes/fake_version3_users.h"
 
 namespace sentrel {
 namespace {
@@ -54,7 +57,12 @@ struct ReceptionWindowTest : testing::Test {
   FakeMibLibrary mibs;
   Watch watch{monitor, settings, mibs};
   QWidget owner;
-  ReceptionWindow window{monitor, watch, &owner};
+  FakeNetworkFacts network;
+  CallLog calls;
+  FakeSNMP snmp{calls};
+  FakeVersion3Users users;
+  SelfCheck check{monitor, network, settings, users, snmp, watch};
+  ReceptionWindow window{monitor, watch, check, &owner};
 };
 
 TEST_F(ReceptionWindowTest, CountsAndTheRemedyOfTheChosenLine) {
@@ -108,6 +116,20 @@ TEST_F(ReceptionWindowTest, WatchLeadsToWhatKeepsADatagramOutAndEndsWithTheWindo
   EXPECT_THAT(wanted, ElementsAre("10.0.0.1"));
   QTest::keyClick(&window, Qt::Key_Escape);
   EXPECT_FALSE(window.isVisible() || monitor.watching);
+}
+
+TEST_F(ReceptionWindowTest, TheCheckTellsItsStepsAndGivesACommandToCopy) {
+  Open(3);
+  EXPECT_EQ(List("Check").rowCount(), 0);
+  Click("RunCheck");
+  EXPECT_TRUE(watch.IsOn());
+  EXPECT_THAT(Column("Check", 1), testing::Contains("Look here"));
+  ClickRow("Check", 0);
+  EXPECT_EQ(window.findChild<QLineEdit*>("Command")->text(), "sudo ss -lunp 'sport = :162'");
+  Click("CopyCommand");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "sudo ss -lunp 'sport = :162'");
+  Click("CopyAll");
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("Port: Look here. Sentrel does not"));
 }
 
 }  // namespace

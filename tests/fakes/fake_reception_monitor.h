@@ -10,6 +10,7 @@ namespace sentrel {
 /// A listener that has seen what a test says.
 class FakeReceptionMonitor : public ReceptionMonitor {
  public:
+  ListeningFacts Listening() const override { return listening; }
   ListenerCounters Counters() const override { return counters; }
   std::optional<LastDatagram> LastOf(Outcome outcome) const override {
     const auto found = last.find(outcome);
@@ -24,6 +25,7 @@ class FakeReceptionMonitor : public ReceptionMonitor {
     counters.outcomes[static_cast<std::size_t>(outcome)] += more;
   }
 
+  ListeningFacts listening;
   ListenerCounters counters;
   std::map<Outcome, LastDatagram> last;
   std::vector<SeenDatagram> refused;

@@ -125,7 +125,7 @@ TEST_F(ReceptionTest, TheReportHoldsNoCommunityAndObeysNoText) {
   watch.Start(now);
   monitor.watched = {Seen("10.0.0.1", "secret")};
   watch.Look(now);
-  const std::string report = ReceptionReport(Reasons(monitor).List(), {refused}, watch.Seen());
+  const std::string report = ReceptionReport(Reasons(monitor).List(), {refused}, watch.Seen(), {});
   EXPECT_THAT(report, Not(HasSubstr("secret")));
   EXPECT_THAT(report, HasSubstr("           7  Unknown user\n"));
   EXPECT_THAT(report,

@@ -24,13 +24,13 @@ TEST_F(ListenFailureTest, SecondListenerIsToldWhoHoldsThePort) {
   const ListenerOptions options{.port = Listener().Port(), .stateFolder = folder_ / "second"};
   NetSnmpListener second(options, *this, [] {});
   EXPECT_GT(second.StartListening(), 0);
-  EXPECT_FALSE(second.Listening());
+  EXPECT_FALSE(second.IsListening());
   EXPECT_EQ(second.WhyNotListening().reason, "UDP port " + std::to_string(options.port) +
                                                  " is in use by test_snmp (process " +
                                                  std::to_string(getpid()) + ").");
   EXPECT_THAT(second.WhyNotListening().remedy, HasSubstr("Another copy"));
   EXPECT_FALSE(std::filesystem::exists(options.stateFolder)) << "a failed start leaves no trace";
-  EXPECT_TRUE(Listener().Listening());
+  EXPECT_TRUE(Listener().IsListening());
 }
 
 TEST_F(ListenFailureTest, PortOfAnotherProgramIsTracedToIt) {

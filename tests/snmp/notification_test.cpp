@@ -118,7 +118,7 @@ TEST_F(NotificationTest, NothingArrivesAfterStopUntilItStartsAgain) {
   EXPECT_EQ(traps_.size(), 1U) << "what had arrived is handed on first";
   EXPECT_FALSE(Listener().Deliver(std::chrono::milliseconds(1)));
   EXPECT_EQ(traps_.size(), 1U);
-  EXPECT_FALSE(Listener().Listening());
+  EXPECT_FALSE(Listener().IsListening());
   EXPECT_NE(port, Listener().Port());
   ASSERT_EQ(Listener().StartListening(), 0);
   EXPECT_EQ(Arrives({"-v2c", "-c", "again", "HOST", "1", kVendor}).Community, "again");

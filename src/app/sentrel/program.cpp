@@ -91,7 +91,8 @@ Program::Program(const ProgramOptions& options)
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
       watch_(listener_, settings_, mibs_),
-      reception_(listener_, watch_, &window_),
+      check_(listener_, network_, settings_, listener_.Version3UsersKept(), listener_, watch_),
+      reception_(listener_, watch_, check_, &window_),
       details_(window_, table_, mibs_, mibs_, registry_),
       pauseAndRaw_(settings_, table_, toolBars_, statusBar_),
       layout_(application_, files_, toolBars_),
@@ -125,7 +126,10 @@ void Program::AddViewCommands() {
   const auto showReception = [this] { ShowReception(); };
   window_.Menus().AddViewCommand("&Reception ...", QKeySequence("Ctrl+R"), showReception);
   details_.Start();
-  window_.View().AddEmptyAction("Where is my trap?", showReception);
+  window_.View().AddEmptyAction("I see nothing", [this] {
+    reception_.ShowCheck();
+    ShowReception();
+  });
   window_.View().AddEmptyAction("Send a test trap", [this] { testTrap_.SendTestTrap(); });
   QObject::connect(&reception_, &ReceptionWindow::CureWanted, &window_,
                    [this](const WatchedDatagram& datagram) { ShowCure(datagram); });

@@ -41,7 +41,9 @@
 #include "export/stored_export_memory.h"
 #include "export/trap_export.h"
 #include "mib/library.h"
+#include "network/system_network.h"
 #include "program_file/elf_version_reader.h"
+#include "reception/self_check.h"
 #include "reception/watch.h"
 #include "sending/test_trap.h"
 #include "settings/settings.h"
@@ -122,6 +124,8 @@ class Program {
   Wakeup newTraps_;
   NetSnmpListener listener_;
   Watch watch_;
+  SystemNetwork network_;
+  SelfCheck check_;
   ReceptionWindow reception_;
   DetailsPane details_;
   PauseAndRaw pauseAndRaw_;

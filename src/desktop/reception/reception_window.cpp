@@ -80,17 +80,24 @@ const char* CureText(Cure cure) {
 
 }  // namespace
 
-ReceptionWindow::ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, QWidget* owner)
-    : QDialog(owner), monitor_(monitor), watch_(watch), reasons_(monitor) {
+ReceptionWindow::ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, SelfCheck& check,
+                                 QWidget* owner)
+    : QDialog(owner),
+      monitor_(monitor),
+      watch_(watch),
+      reasons_(monitor),
+      pages_(new QTabWidget),
+      check_(new CheckPage(check)) {
   setObjectName("Reception");
   setWindowTitle("Reception");
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   setProperty("helpTopic", "Reception");
-  auto* tabs = new QTabWidget;
-  tabs->setObjectName("Pages");
-  tabs->addTab(MakeReasonsPage(), "&Counts");
-  tabs->addTab(MakeRefusedPage(), "&Refused");
-  tabs->addTab(MakeWatchPage(), "&Watch");
+  pages_->setObjectName("Pages");
+  pages_->addTab(MakeReasonsPage(), "&Counts");
+  pages_->addTab(MakeRefusedPage(), "Re&fused");
+  pages_->addTab(MakeWatchPage(), "&Watch");
+  pages_->addTab(check_, "&I See Nothing");
+  connect(check_, &CheckPage::Started, this, &ReceptionWindow::EmptyWatch);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   auto* copy = buttons->addButton("C&opy All as Text", QDialogButtonBox::ActionRole);
   copy->setObjectName("CopyAll");
@@ -98,7 +105,7 @@ ReceptionWindow::ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, QWidge
   connect(copy, &QPushButton::clicked, this, &ReceptionWindow::CopyAll);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(tabs);
+  layout->addWidget(pages_);
   layout->addWidget(buttons);
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   ResizeOnScreen(*this, {900, 560});
@@ -173,6 +180,7 @@ void ReceptionWindow::Refresh() {
   RefreshReasons();
   RefreshRefused();
   RefreshWatch();
+  check_->Refresh();
 }
 
 void ReceptionWindow::RefreshReasons() {
@@ -265,16 +273,20 @@ void ReceptionWindow::StartOrStop() {
   if (watch_.IsOn()) {
     watch_.Stop();
   } else {
-    watchList_->setRowCount(0);
-    forgottenRows_ = 0;
+    EmptyWatch();
     watch_.Start(Watch::Clock::now());
   }
   RefreshWatch();
 }
 
+void ReceptionWindow::EmptyWatch() {
+  watchList_->setRowCount(0);
+  forgottenRows_ = 0;
+}
+
 void ReceptionWindow::CopyAll() const {
   QGuiApplication::clipboard()->setText(
-      Text(ReceptionReport(reasons_.List(), monitor_.Refused(), watch_.Seen())));
+      Text(ReceptionReport(reasons_.List(), monitor_.Refused(), watch_.Seen(), check_->Steps())));
 }
 
 }  // namespace sentrel

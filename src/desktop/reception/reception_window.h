@@ -6,6 +6,7 @@
 #include <QTabWidget>
 #include <QTimer>
 
+#include "desktop/reception/check_page.h"
 #include "desktop/reception/list_view.h"
 #include "reception/reasons.h"
 #include "reception/watch.h"
@@ -17,8 +18,11 @@ namespace sentrel {
 class ReceptionWindow : public QDialog {
   Q_OBJECT
  public:
-  /// The first two must outlive the window.
-  ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, QWidget* owner);
+  /// The first three must outlive the window.
+  ReceptionWindow(ReceptionMonitor& monitor, Watch& watch, SelfCheck& check, QWidget* owner);
+
+  /// Brings the page of the check to the front.
+  void ShowCheck() { pages_->setCurrentWidget(check_); }
 
  signals:
   /// The user wants to change what keeps this datagram out: nothing else happens by itself.
@@ -40,6 +44,7 @@ class ReceptionWindow : public QDialog {
   void ShowRefusal();
   void ShowCure();
   void StartOrStop();
+  void EmptyWatch();
   void CopyAll() const;
 
   ReceptionMonitor& monitor_;
@@ -50,6 +55,8 @@ class ReceptionWindow : public QDialog {
   /// Rows of the watch that have been taken out of its list.
   std::size_t forgottenRows_ = 0;
   QTimer timer_;
+  QTabWidget* pages_;
+  CheckPage* check_;
   ListView* reasonsList_;
   ListView* refusedList_;
   ListView* watchList_;
