@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <algorithm>
 
 #include "console/trap_row.h"
 
@@ -64,10 +65,11 @@ void DetailsPane::Make() {
 
 void DetailsPane::PutRight(bool right) {
   panes_->setOrientation(right ? Qt::Horizontal : Qt::Vertical);
-  panel_->Arrange(right ? Qt::Vertical : Qt::Horizontal);
   const int stored = QString::fromStdString(Stored(kSize)).toInt();
   const int share = stored > 0 && stored < 100 ? stored : kFirstShare;
-  panes_->setSizes({100 - share, share});
+  const int length = std::max(Length(*panes_), 100);
+  panes_->setSizes({length * (100 - share) / 100, length * share / 100});
+  panel_->Arrange(right ? Qt::Vertical : Qt::Horizontal);
 }
 
 void DetailsPane::Toggle(bool shown) {

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -123,6 +124,15 @@ void DetailsPanel::Show(std::shared_ptr<const TrapDetails> details) {
   NameSecrets();
   const auto same = model_->match(model_->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly);
   tree_->setCurrentIndex(same.isEmpty() ? model_->index(0, 0) : same.front());
+}
+
+void DetailsPanel::Arrange(Qt::Orientation orientation) {
+  panes_->setOrientation(orientation);
+  if (!isVisible()) return;
+  const bool isRow = orientation == Qt::Horizontal;
+  const int bytes = isRow ? bytes_->sizeHint().width() : bytes_->sizeHint().height();
+  panes_->setSizes({std::max((isRow ? width() : height()) - bytes, 1), bytes});
+  tree_->scrollTo(tree_->currentIndex());
 }
 
 void DetailsPanel::ShowBytesOf(const QModelIndex& index) {

@@ -21,7 +21,7 @@ class DetailsPanel : public QWidget {
   /// Null for no trap. A line that was chosen stays chosen by its name, where there is one.
   void Show(std::shared_ptr<const TrapDetails> details);
   /// Puts the bytes beside the tree, or below it.
-  void Arrange(Qt::Orientation orientation) { panes_->setOrientation(orientation); }
+  void Arrange(Qt::Orientation orientation);
   QTreeView& Tree() { return *tree_; }
 
  signals:
