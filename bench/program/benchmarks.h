@@ -17,6 +17,8 @@ int RunBurst();
 int RunResponse();
 /// The longest that painting a new row holds up the window, for ordinary and for hostile traps.
 int RunPainting();
+/// The longest that choosing a trap holds up the window while its details are shown.
+int RunDetails();
 /// The table's view against the toolkit's own on the same rows: a storm, a single trap, scrolling,
 /// rows taller than the window, memory, and rows made that nobody looked at.
 int RunViews();

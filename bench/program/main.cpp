@@ -12,15 +12,18 @@
 int main(int argc, char** argv) {
   using namespace sentrel::bench;
   const std::map<std::string, int (*)()> benchmarks = {
-      {"cost", RunCost},          {"rate", RunRate},         {"burst", RunBurst},
-      {"response", RunResponse},  {"painting", RunPainting}, {"views", RunViews},
-      {"growth", RunGrowth},      {"start", RunStart},       {"start-program", StartProgram},
+      {"cost", RunCost},          {"rate", RunRate},
+      {"burst", RunBurst},        {"response", RunResponse},
+      {"painting", RunPainting},  {"views", RunViews},
+      {"details", RunDetails},    {"growth", RunGrowth},
+      {"start", RunStart},        {"start-program", StartProgram},
       {"bare-cost", RunBareCost},
   };
   const auto found = benchmarks.find(argc == 2 ? argv[1] : "");
   if (found == benchmarks.end()) {
-    std::fprintf(stderr,
-                 "usage: bench_program cost|rate|burst|response|painting|views|growth|start\n");
+    std::fprintf(
+        stderr,
+        "usage: bench_program cost|rate|burst|response|painting|details|views|growth|start\n");
     return EXIT_FAILURE;
   }
   WatchedApplication application(argc, argv);

@@ -10,6 +10,8 @@
 namespace sentrel {
 namespace {
 
+constexpr int kUsualLines = 12;
+
 /// What is set while this lives is undone afterwards.
 class Change {
  public:
@@ -69,6 +71,15 @@ void ByteView::Reveal(const ByteRange& bytes) {
     setTextCursor(cursor);
   }
   Mark(bytes);
+}
+
+QSize ByteView::sizeHint() const {
+  const QFontMetrics metrics(document()->defaultFont());
+  const auto characters = static_cast<int>(CharacterOf(kBytesOfLine - 1)) + 2;
+  const int around = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+  return {characters * metrics.horizontalAdvance('0') + around +
+              verticalScrollBar()->sizeHint().width(),
+          kUsualLines * metrics.lineSpacing() + around};
 }
 
 QPoint ByteView::PlaceOf(std::size_t byte) const {

@@ -21,6 +21,8 @@ class ByteView : public QPlainTextEdit {
   const ByteRange& Marked() const { return marked_; }
   /// Where the view shows a byte, in the viewport.
   QPoint PlaceOf(std::size_t byte) const;
+  /// Wide enough for whole lines.
+  QSize sizeHint() const override;
 
  signals:
   /// The user has put the cursor on a byte.

@@ -1,6 +1,8 @@
 #include "desktop/details/details_pane.h"
 
 #include <QApplication>
+#include <QTimer>
+#include <algorithm>
 
 #include "console/trap_row.h"
 
@@ -63,10 +65,11 @@ void DetailsPane::Make() {
 
 void DetailsPane::PutRight(bool right) {
   panes_->setOrientation(right ? Qt::Horizontal : Qt::Vertical);
-  panel_->Arrange(right ? Qt::Vertical : Qt::Horizontal);
   const int stored = QString::fromStdString(Stored(kSize)).toInt();
   const int share = stored > 0 && stored < 100 ? stored : kFirstShare;
-  panes_->setSizes({100 - share, share});
+  const int length = std::max(Length(*panes_), 100);
+  panes_->setSizes({length * (100 - share) / 100, length * share / 100});
+  panel_->Arrange(right ? Qt::Vertical : Qt::Horizontal);
 }
 
 void DetailsPane::Toggle(bool shown) {
@@ -78,7 +81,10 @@ void DetailsPane::Toggle(bool shown) {
   panel_->setVisible(shown);
   if (hadFocus) window_.View().setFocus();
   Store(kShown, shown ? kTrue : kFalse);
-  if (shown) Follow(table_.RowSel());
+  if (!shown) return;
+  Follow(table_.RowSel());
+  // When the table has its new size.
+  QTimer::singleShot(0, this, [this] { window_.View().Reveal(table_.RowSel()); });
 }
 
 void DetailsPane::Open() {

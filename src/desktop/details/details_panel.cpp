@@ -5,7 +5,10 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -14,12 +17,8 @@
 namespace sentrel {
 namespace {
 
-constexpr int kTreeShare = 3;
-constexpr int kBytesShare = 2;
-
 void SetWidths(QTreeView& tree) {
-  constexpr std::array kSamples = {"ifOperStatus.1000000 ..", "1.3.6.1.2.1.2.2.1.8.1000000",
-                                   "OBJECT IDENTIFIER"};
+  constexpr std::array kSamples = {"ifOperStatus.1000", "1.3.6.1.2.1.2.2", "OCTET STRING"};
   for (int col = 0; col < static_cast<int>(kSamples.size()); ++col) {
     tree.setColumnWidth(
         col, tree.fontMetrics().horizontalAdvance(kSamples[static_cast<std::size_t>(col)]) + 20);
@@ -52,8 +51,7 @@ DetailsPanel::DetailsPanel(QWidget* parent)
   panes_->setObjectName("DetailsPanes");
   panes_->addWidget(tree_);
   panes_->addWidget(bytes_);
-  panes_->setStretchFactor(0, kTreeShare);
-  panes_->setStretchFactor(1, kBytesShare);
+  panes_->setStretchFactor(0, 1);
   panes_->setChildrenCollapsible(false);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -83,6 +81,17 @@ void DetailsPanel::AddCommands() {
   AddCommand("ShowRight", tr("Show on the &Right"), [this] { emit PlaceWanted(true); });
   AddCommand("ShowBelow", tr("Show &Below"), [this] { emit PlaceWanted(false); });
   NameSecrets();
+  auto* menuKey = new QShortcut(QKeySequence("Shift+F10"), tree_);
+  menuKey->setContext(Qt::WidgetShortcut);
+  connect(menuKey, &QShortcut::activated, this, &DetailsPanel::OpenMenu);
+}
+
+void DetailsPanel::OpenMenu() {
+  auto* menu = new QMenu(tree_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addActions(tree_->actions());
+  const QRect line = tree_->visualRect(tree_->currentIndex());
+  menu->popup(tree_->viewport()->mapToGlobal(line.bottomLeft()));
 }
 
 QAction* DetailsPanel::AddCommand(const QString& name, const QString& caption,
@@ -115,6 +124,15 @@ void DetailsPanel::Show(std::shared_ptr<const TrapDetails> details) {
   NameSecrets();
   const auto same = model_->match(model_->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly);
   tree_->setCurrentIndex(same.isEmpty() ? model_->index(0, 0) : same.front());
+}
+
+void DetailsPanel::Arrange(Qt::Orientation orientation) {
+  panes_->setOrientation(orientation);
+  if (!isVisible()) return;
+  const bool isRow = orientation == Qt::Horizontal;
+  const int bytes = isRow ? bytes_->sizeHint().width() : bytes_->sizeHint().height();
+  panes_->setSizes({std::max((isRow ? width() : height()) - bytes, 1), bytes});
+  tree_->scrollTo(tree_->currentIndex());
 }
 
 void DetailsPanel::ShowBytesOf(const QModelIndex& index) {

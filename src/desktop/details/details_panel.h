@@ -21,7 +21,7 @@ class DetailsPanel : public QWidget {
   /// Null for no trap. A line that was chosen stays chosen by its name, where there is one.
   void Show(std::shared_ptr<const TrapDetails> details);
   /// Puts the bytes beside the tree, or below it.
-  void Arrange(Qt::Orientation orientation) { panes_->setOrientation(orientation); }
+  void Arrange(Qt::Orientation orientation);
   QTreeView& Tree() { return *tree_; }
 
  signals:
@@ -39,6 +39,7 @@ class DetailsPanel : public QWidget {
   void AddCommands();
   QAction* AddCommand(const QString& name, const QString& caption, std::function<void()> run);
   void AddSeparator();
+  void OpenMenu();
   void Copy(const QString& text) const;
   void CopyColumn(DetailsModel::Column column) const;
   /// Says in the captions what is secret in a copy.

@@ -333,6 +333,11 @@ void TableView::MoveCursorTo(int row, bool extend) {
   } else {
     table_.SetRow(row);
   }
+  Reveal(row);
+}
+
+void TableView::Reveal(int row) {
+  if (row < 1) return;
   scroller_.MakeVisible(row);
   RunFrame();
 }

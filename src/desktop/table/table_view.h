@@ -37,6 +37,8 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   QRect CellRect(int row, int col);
   /// The data row at a height of the viewport, the nearest where there is none; 0 without rows.
   int RowAt(int y) const { return scroller_.RowAt(y); }
+  /// Scrolls a row into view.
+  void Reveal(int row);
   int BottomRow() const { return scroller_.BottomRow(); }
 
  signals:

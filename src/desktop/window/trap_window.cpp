@@ -55,7 +55,6 @@ QSplitter& TrapWindow::ShowBeside(QWidget& widget) {
   panes->setChildrenCollapsible(false);
   panes->addWidget(takeCentralWidget());
   panes->addWidget(&widget);
-  panes->setStretchFactor(0, 1);
   setCentralWidget(panes);
   if (hadFocus) view_->setFocus();
   return *panes;
