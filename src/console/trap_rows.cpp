@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "common/visible_text.h"
 #include "console/row_record.h"
+#include "console/table_filter.h"
 #include "console/trap_row.h"
 #include "console/trap_texts.h"
 
@@ -60,10 +61,16 @@ TrapRows::TrapRows(const Settings& settings, Table& table, const MainWindow& win
 void TrapRows::AddTrap(const ArrivedTrap& trap) {
   const PaintingPause pause(table_);
   const bool raw = settings_.Raw();
-  selection_.KeepTableSelection(kOneRowDown, Restore::No);
+  const bool isHidden = filter_ != nullptr && filter_->Hides(trap);
+  selection_.KeepTableSelection(isHidden ? kSameRow : kOneRowDown, Restore::No);
   if (settings_.LoggingEnabled()) Log(trap, raw);
-  table_.AddItem(std::make_shared<Row>(*this, trap, clock_.Now(), raw), kNewest);
-  while (table_.Rows() > kMostTraps + 1) table_.RemoveItem(table_.Rows() - 1);
+  auto row = std::make_shared<Row>(*this, trap, clock_.Now(), raw);
+  if (isHidden) {
+    table_.AddShelved(std::move(row));
+  } else {
+    table_.AddItem(std::move(row), kNewest);
+  }
+  while (table_.Rows() + table_.Shelved() > kMostTraps + 1) table_.RemoveLowest();
   selection_.KeepTableSelection(kSameRow, Restore::Yes);
 }
 

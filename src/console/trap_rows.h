@@ -11,7 +11,10 @@
 
 namespace sentrel {
 
-/// The table holds this many traps at most; the oldest goes first.
+class TableFilter;
+
+/// The table holds this many traps at most, those that a filter hides included; the oldest goes
+/// first.
 inline constexpr int kMostTraps = 999;
 
 /// Turns an accepted trap into the newest row of the table, which never holds more than kMostTraps.
@@ -21,6 +24,10 @@ class TrapRows {
   /// All of these must outlive the builder, and the builder must outlive the use of the table.
   TrapRows(const Settings& settings, Table& table, const MainWindow& window, const Clock& clock,
            const Locale& locale, OidLookup& lookup, TrapLog& log);
+
+  /// While the filter is on, it decides which traps become shelved rows. It must outlive this;
+  /// null for none.
+  void SetFilter(TableFilter* filter) { filter_ = filter; }
 
   /// Inserts the trap as row 1, logs it where Settings.LoggingEnabled is set, drops what is beyond
   /// kMostTraps and keeps the selection on the same traps. Painting is off meanwhile and on again
@@ -44,6 +51,7 @@ class TrapRows {
   OidLookup& lookup_;
   TrapLog& log_;
   SelectionKeeper selection_;
+  TableFilter* filter_ = nullptr;
   /// The trap that was logged last, for its memory.
   Trap logged_;
 };

@@ -24,6 +24,7 @@ void Table::SetRows(int rows) {
   TableRow empty;
   empty.content.cells.resize(columns_.size());
   rows_.resize(static_cast<size_t>(rows), empty);
+  if (rows == 1) shelf_.clear();
   KeepSelectionInside();
   Changed();
 }
@@ -162,19 +163,97 @@ void Table::AddItem(std::shared_ptr<const RowSource> source, int index) {
 void Table::Insert(TableRow row, int index) {
   Require("row", index, 1, Rows() + 1);
   row.version = ++lastVersion_;
+  if (row.id == 0) row.id = index == 1 ? ++lastId_ : IdOf(index - 1);
   rows_.insert(rows_.begin() + index, std::move(row));
   if (observer_) observer_->RowInserted(index);
   Changed();
 }
 
 void Table::RemoveItem(int index) {
+  Taken(index);
+}
+
+Table::TableRow Table::Taken(int index) {
   Require("row", index, 1, Rows());
+  TableRow taken = std::move(rows_[static_cast<size_t>(index)]);
   rows_.erase(rows_.begin() + index);
   if (row_ > index) --row_;
   if (rowSel_ > index) --rowSel_;
   KeepSelectionInside();
   if (observer_) observer_->RowRemoved(index);
   Changed();
+  return taken;
+}
+
+namespace {
+
+/// The first of the rows, from `begin` on, that is not above the one with this ID.
+template <typename Iterator>
+Iterator NotAbove(Iterator begin, Iterator end, Table::RowId id) {
+  return std::partition_point(begin, end, [id](const auto& row) { return row.id > id; });
+}
+
+}  // namespace
+
+int Table::RowOf(RowId id) const {
+  const auto found = NotAbove(rows_.begin() + 1, rows_.end(), id);
+  const bool isThere = id != 0 && found != rows_.end() && found->id == id;
+  return isThere ? static_cast<int>(found - rows_.begin()) : 0;
+}
+
+bool Table::IsShelved(RowId id) const {
+  const auto found = NotAbove(shelf_.begin(), shelf_.end(), id);
+  return found != shelf_.end() && found->id == id;
+}
+
+std::deque<Table::TableRow>::iterator Table::OnShelf(RowId id) {
+  const auto found = NotAbove(shelf_.begin(), shelf_.end(), id);
+  if (found == shelf_.end() || found->id != id) throw Failure("There is no such shelved row.");
+  return found;
+}
+
+std::vector<Table::RowId> Table::ShelvedIds() const {
+  std::vector<RowId> ids;
+  for (const TableRow& row : shelf_) ids.push_back(row.id);
+  return ids;
+}
+
+const std::shared_ptr<const RowSource>& Table::ShelvedSource(RowId id) const {
+  return const_cast<Table*>(this)->OnShelf(id)->source;
+}
+
+void Table::ShelveRow(int index) {
+  TableRow row = Taken(index);
+  const auto place = NotAbove(shelf_.begin(), shelf_.end(), row.id);
+  shelf_.insert(place, std::move(row));
+}
+
+void Table::UnshelveRow(RowId id) {
+  const auto shelved = OnShelf(id);
+  TableRow row = std::move(*shelved);
+  shelf_.erase(shelved);
+  const auto place = NotAbove(rows_.begin() + 1, rows_.end(), id);
+  const int index = static_cast<int>(place - rows_.begin());
+  if (row_ >= index) ++row_;
+  if (rowSel_ >= index) ++rowSel_;
+  Insert(std::move(row), index);
+}
+
+void Table::AddShelved(std::shared_ptr<const RowSource> source) {
+  TableRow row;
+  row.id = ++lastId_;
+  row.source = std::move(source);
+  row.isMade = false;
+  shelf_.push_front(std::move(row));
+}
+
+void Table::RemoveLowest() {
+  const bool isShown = shelf_.empty() || (Rows() > 1 && IdOf(Rows() - 1) < shelf_.back().id);
+  if (isShown) {
+    RemoveItem(Rows() - 1);
+  } else {
+    shelf_.pop_back();
+  }
 }
 
 const Table::TableRow& Table::RowAt(int row) const {

@@ -147,8 +147,38 @@ class Table {
   /// the ends of the selection that lie there.
   void RemoveItem(int index);
 
+  /// What a row is known by as long as it is in the table: those above have greater ones, as rows
+  /// come in at the top. 0 for the header, and for rows that SetRows has made.
+  using RowId = std::uint64_t;
+  RowId IdOf(int row) const { return RowAt(row).id; }
+  /// 0 where no row has it.
+  int RowOf(RowId id) const;
+
+  // Shelved rows keep their place among the others and come back as they were, but are no rows
+  // meanwhile. SetRows(1), which drops all rows, drops them too.
+
+  int Shelved() const { return static_cast<int>(shelf_.size()); }
+  /// From above to below.
+  std::vector<RowId> ShelvedIds() const;
+  bool IsShelved(RowId id) const;
+  /// What the row was added with. It must be shelved.
+  const std::shared_ptr<const RowSource>& ShelvedSource(RowId id) const;
+  /// As RemoveItem.
+  void ShelveRow(int index);
+  /// The row must be shelved. Rows below it move down, and with them the ends of the selection.
+  void UnshelveRow(RowId id);
+  /// Adds a row on top of all others and shelves it at once.
+  void AddShelved(std::shared_ptr<const RowSource> source);
+  /// Removes the lowest row of all, shelved or not. There must be one.
+  void RemoveLowest();
+
+  /// What is said of the choice of rows that is not shelved; empty while all rows are there.
+  const std::string& ChoiceText() const { return choiceText_; }
+  void SetChoiceText(std::string text) { choiceText_ = std::move(text); }
+
  private:
   struct TableRow {
+    RowId id = 0;
     std::shared_ptr<const RowSource> source;
     mutable bool isMade = true;
     mutable RowContent content;
@@ -167,6 +197,8 @@ class Table {
     return const_cast<RowContent&>(std::as_const(*this).ContentAt(row));
   }
   void Insert(TableRow row, int index);
+  TableRow Taken(int index);
+  std::deque<TableRow>::iterator OnShelf(RowId id);
   Column& ColumnAt(int col) { return const_cast<Column&>(std::as_const(*this).ColumnAt(col)); }
   void KeepSelectionInside();
   void Changed();
@@ -174,6 +206,10 @@ class Table {
   TableObserver* observer_ = nullptr;
   TableEvents* events_ = nullptr;
   std::deque<TableRow> rows_;
+  /// IDs go down here as they do in rows_.
+  std::deque<TableRow> shelf_;
+  RowId lastId_ = 0;
+  std::string choiceText_;
   std::vector<Column> columns_;
   std::uint64_t lastVersion_ = 0;
   int fixedCols_ = 0;

@@ -87,6 +87,8 @@ Program::Program(const ProgramOptions& options)
       trapExport_(table_, mousePointer_,
                   {exportEngines_, application_, messageBox_, printers_, ThisProgram()}),
       rows_(settings_, table_, window_, clock_, locale_, lookup_, log_),
+      filter_(table_, mibs_),
+      filterBar_(new FilterBar(table_, filter_, window_.View(), &window_)),
       gate_(settings_, rows_, decoder_, resetTimer_),
       newTraps_([this] { return listener_.Deliver(kDeliveryBudget); }, kDeliveryRest),
       listener_(ListenerSetup(options, application_), gate_, [this] { newTraps_.Wake(); }),
@@ -124,7 +126,10 @@ Program::Program(const ProgramOptions& options)
 
 void Program::AddViewCommands() {
   const auto showReception = [this] { ShowReception(); };
+  window_.Menus().AddViewCommand("&Filter", QKeySequence::Find, [this] { filterBar_->Open(); });
   window_.Menus().AddViewCommand("&Reception ...", QKeySequence("Ctrl+R"), showReception);
+  rows_.SetFilter(&filter_);
+  window_.ShowAbove(*filterBar_);
   details_.Start();
   window_.View().AddEmptyAction("I see nothing", [this] {
     reception_.ShowCheck();
@@ -184,6 +189,7 @@ bool Program::Start() {
 bool Program::AdoptMibs() {
   mibs_.Adopt();
   decoder_.Forget();
+  filter_.ForgetNames();
   return false;
 }
 

@@ -20,6 +20,7 @@
 #include "desktop/details/details_pane.h"
 #include "desktop/event_loop.h"
 #include "desktop/export/document_exporter.h"
+#include "desktop/filter/filter_bar.h"
 #include "desktop/forms/file_chooser.h"
 #include "desktop/forms/toolkit_dialogs.h"
 #include "desktop/help/about_window.h"
@@ -120,6 +121,9 @@ class Program {
   TrapExport trapExport_;
   DesktopTimer resetTimer_;
   TrapRows rows_;
+  TableFilter filter_;
+  /// The window's, in which it is shown.
+  FilterBar* filterBar_;
   TrapGate gate_;
   Wakeup newTraps_;
   NetSnmpListener listener_;

@@ -35,6 +35,13 @@ std::string ReadTextFile(const std::string& filename) {
   throw Failure(fmt::format("There is no export of the kind \"{}\" for this.", method));
 }
 
+/// Rows that a filter leaves out are not missed.
+void NameChoice(const Table& table, TableContent& content) {
+  const std::string choice = VisibleText(table.ChoiceText());
+  if (!content.subTitle.empty() && !choice.empty()) content.subTitle += " - ";
+  content.subTitle += choice;
+}
+
 }  // namespace
 
 bool DocumentExporter::ExportTable(const Table& table, const std::string& method,
@@ -42,6 +49,7 @@ bool DocumentExporter::ExportTable(const Table& table, const std::string& method
   return session_.Guarded([&] {
     TableContent content = Texts();
     TakeTable(table, content);
+    NameChoice(table, content);
     return ChooseColumns(content) && ExportContent(content, method);
   });
 }

@@ -66,6 +66,13 @@ void RowScroller::Measure() {
   maximum_ = lastRow_ == 0 ? 0 : ValueOf(Lowest());
 }
 
+void RowScroller::GoTo(int row, int pixelsAbove) {
+  if (lastRow_ == 0) return;
+  top_ = std::clamp(row, 1, lastRow_);
+  above_ = pixelsAbove;
+  Clamp();
+}
+
 void RowScroller::SetValue(int value) {
   if (lastRow_ == 0) return;
   if (value > 0 && value >= maximum_) return ScrollToEnd();

@@ -32,6 +32,8 @@ class RowScroller {
 
   /// Moves by pixels, down where positive, without leaving the rows.
   void ScrollBy(int pixels);
+  /// Puts a row at the top edge, so many of its pixels above it.
+  void GoTo(int row, int pixelsAbove);
   /// Moves as little as shows the row whole, or its top where it is taller than the view.
   void MakeVisible(int row);
   /// Takes the size of things into account: number of the last row (0 for none), height of the

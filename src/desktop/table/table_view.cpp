@@ -15,6 +15,7 @@
 namespace sentrel {
 namespace {
 
+constexpr int kMarkAlpha = 110;
 constexpr int kDragScrollMilliseconds = 30;
 /// Blank pixels at either side of the text of an empty table.
 constexpr int kEmptyMargin = 12;
@@ -172,6 +173,22 @@ void TableView::SyncDescription() {
                                               : QString());
 }
 
+void TableView::SetMarks(std::vector<QString> words) {
+  std::erase(words, QString());
+  marks_ = std::move(words);
+  viewport()->update();
+}
+
+TableView::Place TableView::TopPlace() const {
+  const int top = scroller_.TopRow();
+  return {top < table_.Rows() ? table_.IdOf(top) : 0, scroller_.PixelsAbove()};
+}
+
+void TableView::ReturnTo(const Place& place) {
+  if (const int row = table_.RowOf(place.row)) scroller_.GoTo(row, place.pixelsAbove);
+  RunFrame();
+}
+
 void TableView::AddEmptyAction(const QString& caption, std::function<void()> run) {
   auto* button = new QPushButton(caption);
   button->setAutoDefault(false);
@@ -181,7 +198,8 @@ void TableView::AddEmptyAction(const QString& caption, std::function<void()> run
 }
 
 void TableView::SyncEmptyActions() {
-  emptyActions_->setVisible(table_.Rows() == 1 && emptyActions_->layout()->count() > 0);
+  emptyActions_->setVisible(table_.Rows() == 1 && table_.Shelved() == 0 &&
+                            emptyActions_->layout()->count() > 0);
   const QSize size = emptyActions_->sizeHint();
   const QPoint middle = viewport()->rect().center();
   const int below = kLinesOfEmptyText * fontMetrics().lineSpacing();
@@ -227,6 +245,23 @@ void TableView::PaintRow(QPainter& painter, int row, int top) {
   painter.drawLine(0, top + layout.height - 1, width, top + layout.height - 1);
 }
 
+/// Behind the text, in the colour of a selection, half mixed in; on selected rows in that of the
+/// text.
+void TableView::PaintMarks(QPainter& painter, const QString& line, const QPoint& topLeft) const {
+  const QFontMetrics metrics = painter.fontMetrics();
+  const bool isOnPage = painter.pen().color() == palette().color(QPalette::Text);
+  QColor color = isOnPage ? palette().color(QPalette::Highlight) : painter.pen().color();
+  color.setAlpha(kMarkAlpha);
+  for (const QString& word : marks_) {
+    for (auto at = line.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
+         at = line.indexOf(word, at + word.size(), Qt::CaseInsensitive)) {
+      const int left = metrics.horizontalAdvance(line.left(at));
+      const int width = metrics.horizontalAdvance(line.left(at + word.size())) - left;
+      painter.fillRect(topLeft.x() + left, topLeft.y(), width, metrics.height(), color);
+    }
+  }
+}
+
 void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vector<CellLine>& lines,
                           Alignment alignment) {
   const QFontMetrics metrics = painter.fontMetrics();
@@ -242,9 +277,11 @@ void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vecto
     if (top + pitch >= 0) {
       const int slack = room.width() - advance;
       const bool centered = alignment == Alignment::Center && slack > 0;
-      painter.drawText(centered ? room.left() + slack / 2 : room.left(),
-                       top + lead + metrics.ascent(),
-                       slack < 0 ? metrics.elidedText(text, Qt::ElideRight, room.width()) : text);
+      const int left = centered ? room.left() + slack / 2 : room.left();
+      const QString line =
+          slack < 0 ? metrics.elidedText(text, Qt::ElideRight, room.width()) : text;
+      PaintMarks(painter, line, {left, top + lead});
+      painter.drawText(left, top + lead + metrics.ascent(), line);
     }
     top += pitch;
   }
@@ -253,7 +290,9 @@ void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vecto
 void TableView::PaintEmpty(QPainter& painter) {
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(viewport()->rect().adjusted(kEmptyMargin, 0, -kEmptyMargin, 0),
-                   Qt::AlignCenter | Qt::TextWordWrap, QString::fromStdString(table_.EmptyText()));
+                   Qt::AlignCenter | Qt::TextWordWrap,
+                   table_.Shelved() > 0 ? "No trap fits the filter."
+                                        : QString::fromStdString(table_.EmptyText()));
 }
 
 bool TableView::IsSelected(int row) const {

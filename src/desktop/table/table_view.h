@@ -31,6 +31,18 @@ class TableView : public QAbstractScrollArea, private TableObserver {
 
   const Table& Content() const { return table_; }
   QHeaderView* Header() const { return header_; }
+  /// Marks these words, folded to one case, wherever they are shown; none removes all marks.
+  void SetMarks(std::vector<QString> words);
+  /// What is at the top edge, however rows come and go.
+  struct Place {
+    Table::RowId row = 0;
+    int pixelsAbove = 0;
+  };
+  Place TopPlace() const;
+  /// A row that is gone leaves the view where it is.
+  void ReturnTo(const Place& place);
+  /// Selects a row, or extends the selection to it, and brings it into view.
+  void MoveCursorTo(int row, bool extend);
   /// Adds a button below the text of the empty table.
   void AddEmptyAction(const QString& caption, std::function<void()> run);
   /// Where a cell is in the viewport; a rectangle outside it for a row that is not seen.
@@ -81,11 +93,11 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
   void PaintRow(QPainter& painter, int row, int top);
+  void PaintMarks(QPainter& painter, const QString& line, const QPoint& topLeft) const;
   void PaintCell(QPainter& painter, const QRect& cell, const std::vector<CellLine>& lines,
                  Alignment alignment);
   void PaintEmpty(QPainter& painter);
   bool IsSelected(int row) const;
-  void MoveCursorTo(int row, bool extend);
   int KeyTarget(int key) const;
   void PressMenuKey();
   void DragTo(int y);
@@ -103,6 +115,7 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   QWidget* emptyActions_;
   /// What the selected row was made of when RowChosen told of it.
   std::weak_ptr<const RowSource> chosen_;
+  std::vector<QString> marks_;
   bool syncing_ = false;
 };
 

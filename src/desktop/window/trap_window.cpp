@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 #include "common/failure.h"
 #include "desktop/window/icons.h"
@@ -46,6 +47,17 @@ TrapWindow::TrapWindow(Table& table, ToolBars& toolBars, StatusBar& status)
 
 TrapWindow::~TrapWindow() {
   status_.SetObserver(nullptr);
+}
+
+void TrapWindow::ShowAbove(QWidget& widget) {
+  auto* column = new QWidget;
+  auto* layout = new QVBoxLayout(column);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(&widget);
+  layout->addWidget(takeCentralWidget(), 1);
+  setCentralWidget(column);
+  view_->setFocus();
 }
 
 QSplitter& TrapWindow::ShowBeside(QWidget& widget) {

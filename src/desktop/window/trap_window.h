@@ -26,6 +26,8 @@ class TrapWindow : public QMainWindow, public MainWindow {
   MenusAndToolbar& Menus() { return *tools_; }
   TableView& View() { return *view_; }
   /// Puts a widget beside the table, which gives it room as long as it is shown. At most one.
+  /// Puts a widget above the table. To be called before ShowBeside.
+  void ShowAbove(QWidget& widget);
   QSplitter& ShowBeside(QWidget& widget);
 
   void SetCaption(const std::string& caption) override;
