@@ -1,5 +1,7 @@
 #include "details/trap_details.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -180,7 +182,10 @@ void TrapDetails::AddVersion1Head() {
   if (!parts_.timeStamp) return;
   std::string generic = Plain(parts_.genericTrap->element);
   for (std::size_t i = 0; i < kGenericTraps.size(); ++i) {
-    if (generic == std::to_string(i)) generic = std::string(kGenericTraps[i]) + "(" + generic + ")";
+    if (generic == std::to_string(i)) {
+      generic = fmt::format("{}({})", kGenericTraps[i], generic);
+      break;
+    }
   }
   Add("Generic trap", generic, parts_.genericTrap);
   Add("Specific trap", Plain(parts_.specificTrap->element), parts_.specificTrap);

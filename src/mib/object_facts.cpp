@@ -53,6 +53,7 @@ std::vector<NodeFacts> IndexesOf(const Database& database, const Match& row) {
     indexes = RelatedTo(database, indexes[0]);
   }
   std::vector<NodeFacts> facts;
+  facts.reserve(indexes.size());
   for (const Match& index : indexes) facts.push_back(FactsOfMatch(index));
   return facts;
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kUsualLines = 12;
 
-/// What is set while this lives is undone afterwards.
+/// Says that the program, and not the user, moves the cursor as long as this lives.
 class Change {
  public:
   explicit Change(bool& changing) : changing_(changing) { changing_ = true; }

@@ -101,8 +101,7 @@ void DetailsPane::Follow(int row) {
 
 void DetailsPane::StoreSize() {
   if (panel_ == nullptr || panel_->isHidden() || Length(*panes_) <= 0) return;
-  const int length = panel_->parentWidget() == panes_ ? panes_->sizes().value(1) : 0;
-  Store(kSize, std::to_string(100 * length / Length(*panes_)));
+  Store(kSize, std::to_string(100 * panes_->sizes().value(1) / Length(*panes_)));
 }
 
 }  // namespace sentrel

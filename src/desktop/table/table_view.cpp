@@ -367,11 +367,7 @@ int TableView::KeyTarget(int key) const {
 
 void TableView::MoveCursorTo(int row, bool extend) {
   if (row < 1) return;
-  if (extend) {
-    table_.SetRowSel(row);
-  } else {
-    table_.SetRow(row);
-  }
+  extend ? table_.SetRowSel(row) : table_.SetRow(row);
   Reveal(row);
 }
 
