@@ -30,7 +30,7 @@ void TableFilter::Begin(query::Query query, const std::string& text) {
   if (!IsOn()) atBegin_ = left_ = Selected();
   query_ = std::move(query);
   text_ = text;
-  table_.SetChoiceText("Filter: " + text);
+  table_.SetChoiceText(std::string("Filter: ").append(text));
   std::vector<Table::RowId> shown;
   for (int row = table_.Rows() - 1; row > 0; --row) shown.push_back(table_.IdOf(row));
   auto shelved = table_.ShelvedIds();

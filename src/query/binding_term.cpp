@@ -1,5 +1,7 @@
 #include "query/binding_term.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <compare>
 #include <string>
@@ -72,8 +74,9 @@ class Binding : public Node {
 
   bool IsEqual(const NamedValue& binding) const {
     return pattern_.Fits(binding.value) ||
-           (!binding.label.empty() && (pattern_.Fits(binding.label) ||
-                                       pattern_.Fits(binding.label + "(" + binding.value + ")")));
+           (!binding.label.empty() &&
+            (pattern_.Fits(binding.label) ||
+             pattern_.Fits(fmt::format("{}({})", binding.label, binding.value))));
   }
 
   std::string name_;
@@ -115,7 +118,7 @@ std::variant<std::unique_ptr<const Node>, QueryError> BindingTerm(const Token& t
   }
   if (isOrder && !NumberOf(value)) {
     return QueryError{token.at, token.length,
-                      "\"" + std::string(value) + "\" is not a whole number to compare with."};
+                      fmt::format("\"{}\" is not a whole number to compare with.", value)};
   }
   return std::make_unique<Binding>(name, comparison.sign, value);
 }

@@ -1,5 +1,7 @@
 #include "query/completion.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <set>
 
@@ -35,8 +37,8 @@ std::vector<std::string> ValuesOf(Key key, const KnownNames& known) {
 
 std::vector<std::string> Starts(const KnownNames& known) {
   std::vector<std::string> starts;
-  for (const KeyWords& key : AllKeys()) starts.push_back(std::string(key.name) + ":");
-  for (const std::string& binding : known.bindings) starts.push_back(binding + "=");
+  for (const KeyWords& key : AllKeys()) starts.push_back(fmt::format("{}:", key.name));
+  for (const std::string& binding : known.bindings) starts.push_back(fmt::format("{}=", binding));
   return starts;
 }
 

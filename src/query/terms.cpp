@@ -1,5 +1,7 @@
 #include "query/terms.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -92,9 +94,8 @@ OwnedNode Level(const std::string& value) {
 }
 
 OwnedNode Type(const std::string& value) {
-  return Make(Cost::kNotification, [pattern = Pattern("*" + value + "*")](const Subject& s) {
-    return pattern.Fits(s.DeviceType());
-  });
+  return Make(Cost::kNotification, [pattern = Pattern(fmt::format("*{}*", value))](
+                                       const Subject& s) { return pattern.Fits(s.DeviceType()); });
 }
 
 OwnedNode When(const std::string& value, const TermContext& context, bool isSince) {
@@ -192,14 +193,16 @@ std::variant<OwnedNode, QueryError> TermOf(const Token& token, const TermContext
     const std::string value = token.text.substr(*length + 1);
     const auto key = KeyNamed(name);
     if (!key) {
-      return ErrorOf(token, "There is no key \"" + name +
-                                "\". To look for the text itself, put it "
-                                "in quotes.");
+      return ErrorOf(
+          token,
+          fmt::format("There is no key \"{}\". To look for the text itself, put it in quotes.",
+                      name));
     }
     const KeyWords& words = WordsOf(*key);
-    if (value.empty()) return ErrorOf(token, "Behind \"" + name + ":\" comes " + words.value + ".");
+    if (value.empty())
+      return ErrorOf(token, fmt::format("Behind \"{}:\" comes {}.", name, words.value));
     if (auto term = ByKey(*key, value, context)) return term;
-    return ErrorOf(token, "\"" + value + "\" is not " + words.value + ".");
+    return ErrorOf(token, fmt::format("\"{}\" is not {}.", value, words.value));
   }
   if (const auto comparison = ComparisonIn(token)) return BindingTerm(token, *comparison);
   return FreeWord(token.text);

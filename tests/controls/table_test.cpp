@@ -166,5 +166,43 @@ TEST_F(TableTest, ARowIsMadeOnceAndOnlyWhenItIsLookedAt) {
   EXPECT_EQ(table.Cell(1, 1), "") << "a failure leaves the row empty";
 }
 
+TEST_F(TableTest, ShelvedRowsKeepTheirPlaceAndComeBackAsTheyWere) {
+  table.SetRows(1);
+  for (const char* name : {"a", "b", "c", "d"}) table.AddItem(name, 1);
+  const auto names = [&] {
+    std::string all;
+    for (int row = 1; row < table.Rows(); ++row) all += table.Cell(row, 0);
+    return all;
+  };
+  table.SetRow(3);  // b
+  table.SetRowHeight(2, 77);
+  const auto c = table.IdOf(2);
+  const auto a = table.IdOf(4);
+  table.ShelveRow(4);
+  table.ShelveRow(2);
+  EXPECT_EQ(names(), "db");
+  EXPECT_EQ(table.Row(), 2);
+  EXPECT_EQ(table.RowOf(c), 0);
+  EXPECT_THAT(table.ShelvedIds(), testing::ElementsAre(c, a));
+  table.AddItem("e", 1);
+  table.AddShelved(std::make_shared<MadeRow>(
+      [] { return RowContent{.cells = {"f"}, .data = "", .height = 1}; }));
+  EXPECT_EQ(names(), "edb");
+  table.UnshelveRow(c);
+  EXPECT_EQ(names(), "edcb");
+  EXPECT_EQ(table.RowHeight(table.RowOf(c)), 77);
+  table.RemoveLowest();
+  EXPECT_FALSE(table.IsShelved(a));
+  table.RemoveLowest();
+  EXPECT_EQ(names(), "edc");
+  table.UnshelveRow(table.ShelvedIds()[0]);
+  EXPECT_EQ(names(), "fedc");
+  EXPECT_EQ(table.Row(), 3) << "the selection moves down with its row";
+  EXPECT_THROW(table.UnshelveRow(a), Failure);
+  table.ShelveRow(1);
+  table.SetRows(1);
+  EXPECT_EQ(table.Shelved(), 0);
+}
+
 }  // namespace
 }  // namespace sentrel

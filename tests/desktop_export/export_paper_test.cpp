@@ -75,9 +75,11 @@ class ExportPaper : public ExporterFixture {
 
 TEST_F(ExportPaper, EveryPageOfAPdfBearsTitleDateTitlesOfColumnsAndItsNumber) {
   FillTable();
+  table_.SetChoiceText("Filter: from:192.0.2.1");
   SavePdf();
   const QStringList pages = PdfPages("Traps.pdf");
   ASSERT_GT(pages.size(), 5);
+  EXPECT_TRUE(pages[0].contains("Filter: from:192.0.2.1"));
   for (int page = 0; page < pages.size(); ++page) {
     for (const QString& text :
          {QString("SNMP Traps"), QString("05-Dec-26 03:49 PM"), QString("Trap Details"),
