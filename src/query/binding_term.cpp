@@ -36,7 +36,7 @@ std::strong_ordering Order(const Number& a, const Number& b) {
   const Number& low = a.isNegative ? b : a;
   const Number& high = a.isNegative ? a : b;
   if (low.digits.size() != high.digits.size()) return low.digits.size() <=> high.digits.size();
-  return low.digits.compare(high.digits) <=> 0;
+  return low.digits <=> high.digits;
 }
 
 class Binding : public Node {
@@ -68,8 +68,8 @@ class Binding : public Node {
     if (!wanted || !found) return false;
     const auto order = Order(*found, *wanted);
     const bool isStrict = sign_.size() == 1;
-    if (order == 0) return !isStrict;
-    return sign_[0] == '<' ? order < 0 : order > 0;
+    if (std::is_eq(order)) return !isStrict;
+    return sign_[0] == '<' ? std::is_lt(order) : std::is_gt(order);
   }
 
   bool IsEqual(const NamedValue& binding) const {

@@ -76,6 +76,10 @@ FilterBar::FilterBar(Table& table, TableFilter& filter, TableView& view, QWidget
           &QShortcut::activated, this, [this] { Step(-1); });
   auto* slash = new QShortcut(Qt::Key_Slash, &view_, nullptr, nullptr, Qt::WidgetShortcut);
   connect(slash, &QShortcut::activated, this, &FilterBar::Open);
+  auto* escape = new QShortcut(Qt::Key_Escape, &view_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(escape, &QShortcut::activated, this, [this] {
+    if (isVisible()) Close();
+  });
   hide();
 }
 

@@ -235,10 +235,13 @@ void TableView::PaintRow(QPainter& painter, int row, int top) {
     painter.fillRect(0, top, width, layout.height, palette().brush(group, QPalette::Highlight));
   }
   painter.setPen(palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+  QColor marks = selected ? painter.pen().color() : palette().color(group, QPalette::Highlight);
+  marks.setAlpha(kMarkAlpha);
   for (int col = 0; col < table_.Cols(); ++col) {
     const QRect cell(header_->sectionViewportPosition(col), top, header_->sectionSize(col),
                      layout.height);
-    PaintCell(painter, cell, layout.cells[static_cast<size_t>(col)], table_.ColAlignment(col));
+    PaintCell(painter, cell, layout.cells[static_cast<size_t>(col)], table_.ColAlignment(col),
+              marks);
   }
   painter.setClipping(false);
   painter.setPen(QColor::fromRgb(table_.RuleColor()));
@@ -247,11 +250,9 @@ void TableView::PaintRow(QPainter& painter, int row, int top) {
 
 /// Behind the text, in the colour of a selection, half mixed in; on selected rows in that of the
 /// text.
-void TableView::PaintMarks(QPainter& painter, const QString& line, const QPoint& topLeft) const {
+void TableView::PaintMarks(QPainter& painter, const QString& line, const QPoint& topLeft,
+                           const QColor& color) const {
   const QFontMetrics metrics = painter.fontMetrics();
-  const bool isOnPage = painter.pen().color() == palette().color(QPalette::Text);
-  QColor color = isOnPage ? palette().color(QPalette::Highlight) : painter.pen().color();
-  color.setAlpha(kMarkAlpha);
   for (const QString& word : marks_) {
     for (auto at = line.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
          at = line.indexOf(word, at + word.size(), Qt::CaseInsensitive)) {
@@ -263,7 +264,7 @@ void TableView::PaintMarks(QPainter& painter, const QString& line, const QPoint&
 }
 
 void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vector<CellLine>& lines,
-                          Alignment alignment) {
+                          Alignment alignment, const QColor& marks) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int pitch = layouts_.LinePitch();
   const int lead = (pitch - metrics.height()) / 2;
@@ -280,7 +281,7 @@ void TableView::PaintCell(QPainter& painter, const QRect& cell, const std::vecto
       const int left = centered ? room.left() + slack / 2 : room.left();
       const QString line =
           slack < 0 ? metrics.elidedText(text, Qt::ElideRight, room.width()) : text;
-      PaintMarks(painter, line, {left, top + lead});
+      PaintMarks(painter, line, {left, top + lead}, marks);
       painter.drawText(left, top + lead + metrics.ascent(), line);
     }
     top += pitch;

@@ -93,9 +93,10 @@ class TableView : public QAbstractScrollArea, private TableObserver {
   /// itself, since the pacer takes its time in a storm.
   void RunFrame();
   void PaintRow(QPainter& painter, int row, int top);
-  void PaintMarks(QPainter& painter, const QString& line, const QPoint& topLeft) const;
+  void PaintMarks(QPainter& painter, const QString& line, const QPoint& topLeft,
+                  const QColor& color) const;
   void PaintCell(QPainter& painter, const QRect& cell, const std::vector<CellLine>& lines,
-                 Alignment alignment);
+                 Alignment alignment, const QColor& marks);
   void PaintEmpty(QPainter& painter);
   bool IsSelected(int row) const;
   int KeyTarget(int key) const;
