@@ -90,6 +90,8 @@ struct ListeningFacts {
   /// informs. Empty until it is known, a moment after the start.
   std::string engine;
   std::uint32_t engineBoots = 0;
+  /// How long it has been running since.
+  std::chrono::seconds engineTime{0};
 };
 
 /// What the listener knows of its own work. A trap that it has taken and that pause or a filter

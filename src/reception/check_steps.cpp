@@ -162,9 +162,10 @@ CheckStep Version3Step(const CheckFacts& facts) {
       fmt::format_to(std::back_inserter(hex), "{:02x}", byte & 0xFF);
     }
     step.finding += fmt::format(
-        " Informs are for the engine 0x{}, which has started {} times; "
-        "traps carry the device's own.",
-        hex, facts.listening.engineBoots);
+        " Informs are for the engine 0x{}, which has started {} times and has been running for {} "
+        "seconds: a sender that thinks otherwise must ask anew. Traps carry the engine and the "
+        "time of their device.",
+        hex, facts.listening.engineBoots, facts.listening.engineTime.count());
   }
   return step;
 }

@@ -10,12 +10,15 @@ void ReceptionRecord::NoteEngine(std::string engine, std::uint32_t boots) {
   const std::lock_guard lock(mutex_);
   engine_ = std::move(engine);
   engineBoots_ = boots;
+  engineStart_ = std::chrono::steady_clock::now();
 }
 
 void ReceptionRecord::TellEngine(ListeningFacts& facts) const {
   const std::lock_guard lock(mutex_);
   facts.engine = engine_;
   facts.engineBoots = engineBoots_;
+  facts.engineTime = std::chrono::duration_cast<std::chrono::seconds>(
+      std::chrono::steady_clock::now() - engineStart_);
 }
 
 void ReceptionRecord::Note(const Datagram& datagram, Outcome outcome,

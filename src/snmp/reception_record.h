@@ -69,6 +69,7 @@ class ReceptionRecord {
   // All of these are guarded by mutex_.
   std::string engine_;
   std::uint32_t engineBoots_ = 0;
+  std::chrono::steady_clock::time_point engineStart_;
   std::array<Last, kOutcomes> last_;
   /// The newest comes last.
   std::deque<std::shared_ptr<const SeenDatagram>> refused_;

@@ -36,7 +36,8 @@ class NetworkNamespaceTest : public testing::Test {
                        .hasIpv6 = socket_.HasIpv6(),
                        .bufferedTraps = 10'000,
                        .engine = {},
-                       .engineBoots = 0};
+                       .engineBoots = 0,
+                       .engineTime = {}};
     facts.firewall = network_.AskFirewall().get();
     facts.testTrap.hasArrived = true;
     facts.lostBefore = before_;

@@ -23,7 +23,8 @@ struct SelfCheckTest : testing::Test {
                          .hasIpv6 = true,
                          .bufferedTraps = 10'000,
                          .engine = "\x80\x01\x02\x03\x04",
-                         .engineBoots = 7};
+                         .engineBoots = 7,
+                         .engineTime = 42s};
     users.users.emplace_back();
   }
   /// Names of the steps with this verdict.
@@ -76,7 +77,9 @@ TEST_F(SelfCheckTest, WaitsForFirewallAndTestTrapAndThenAllIsGood) {
   LookAfter(1s);
   EXPECT_EQ(With(CheckVerdict::kGood).size(), check.Steps().size());
   EXPECT_THAT(Finding("Test trap"), HasSubstr("has arrived: shown."));
-  EXPECT_THAT(Finding("Version 3"), HasSubstr("engine 0x8001020304, which has started 7 times"));
+  EXPECT_THAT(
+      Finding("Version 3"),
+      HasSubstr("engine 0x8001020304, which has started 7 times and has been running for 42 s"));
   LookAfter(1h);
   EXPECT_EQ(With(CheckVerdict::kGood).size(), check.Steps().size()) << "and stays so";
 }

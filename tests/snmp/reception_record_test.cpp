@@ -24,6 +24,18 @@ class ReceptionMonitorTest : public ListenerTest {
   }
 };
 
+TEST_F(ReceptionMonitorTest, TellsHowItListens) {
+  Start();
+  EXPECT_TRUE(WaitUntil([&] { return !Listener().Listening().engine.empty(); }));
+  const ListeningFacts facts = Listener().Listening();
+  EXPECT_EQ(facts.port, Listener().Port());
+  EXPECT_GT(facts.bufferedTraps, 0U);
+  EXPECT_EQ(facts.engineBoots, 1U);
+  EXPECT_LT(facts.engineTime, std::chrono::minutes(1));
+  Stop();
+  EXPECT_EQ(Listener().Listening().port, 0);
+}
+
 TEST_F(ReceptionMonitorTest, TellsWhatCouldBeReadOfRefusedDatagramsTheNewestFirst) {
   Start();
   const std::pair<std::string, Outcome> sent[] = {
