@@ -12,7 +12,9 @@ namespace {
 using std::chrono::seconds;
 using std::chrono::system_clock;
 
-constexpr long long kMostAgo = 1'000'000;  // of any unit
+constexpr int kMostAgo = 1'000'000;  // of any unit
+/// Clocks that count nanoseconds end soon after.
+constexpr int kLastYear = 2200;
 
 std::optional<int> NumberOf(std::string_view digits, int least, int most) {
   int number = 0;
@@ -42,13 +44,17 @@ std::optional<Moment> Ago(std::string_view text, Moment now) {
   if (text.size() < 2) return std::nullopt;
   const auto unit = UnitOf(text.back());
   const auto count = NumberOf(text.substr(0, text.size() - 1), 0, kMostAgo);
-  return unit && count ? std::optional(now - *count * *unit) : std::nullopt;
+  if (!unit || !count) return std::nullopt;
+  const seconds ago = *count * *unit;
+  // Nothing is older than the epoch, and a clock counts no further back than some centuries.
+  const auto sinceEpoch = std::chrono::duration_cast<seconds>(now.time_since_epoch());
+  return ago < sinceEpoch ? now - ago : Moment{};
 }
 
 bool TakeDate(std::string_view text, std::tm& time) {
   const auto parts = Split(text, "-");
   if (parts.size() != 3) return false;
-  const auto year = NumberOf(parts[0], 1970, 9999);
+  const auto year = NumberOf(parts[0], 1970, kLastYear);
   const auto month = NumberOf(parts[1], 1, 12);
   const auto day = NumberOf(parts[2], 1, 31);
   if (!year || !month || !day) return false;
