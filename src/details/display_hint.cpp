@@ -42,7 +42,7 @@ std::string WithPoint(std::int64_t number, std::size_t places) {
   return digits;
 }
 
-/// One octet-format specification.
+/// One part of a hint for octets (RFC 2579, section 3.1).
 struct Format {
   bool isRepeated = false;
   std::size_t length = 0;
